@@ -1,0 +1,17 @@
+#include "foundation/Error.h"
+
+#include <SDL.h>
+
+#include "foundation/Text.h"
+
+namespace tolva {
+
+Error::Error(const char* module, const char* method) : Error(module, method, "") {}
+
+Error::Error(const char* module, const char* method, const char* message) : mTick(SDL_GetTicks()) {
+  CopyText(mModule, module);
+  CopyText(mMethod, method);
+  CopyText(mMessage, message);
+}
+
+}  // namespace tolva

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+
+#include "foundation/Semaphore.h"
+
+namespace tolva {
+
+struct Packet;
+
+// More than this many packets waiting means that the reader does not keep up: whoever feeds the mailbox from the
+// network side then stops reading its own source, so that a fast server costs bounded memory.
+constexpr std::uint32_t kMailboxHighWater = 256;
+
+// A first-in, first-out queue of packets. Any thread may put; one thread reads. Owns what is queued, and deletes what
+// is left when it is destroyed.
+class Mailbox {
+ public:
+  Mailbox() = default;
+  virtual ~Mailbox();
+
+  Mailbox(const Mailbox&) = delete;
+  Mailbox& operator=(const Mailbox&) = delete;
+
+  // Appends the packet and owns it from then on. False when the lock fails: the packet stays the caller's.
+  bool Put(Packet* packet);
+  // The oldest packet, which the caller owns, or null. Never waits for mail.
+  Packet* Get();
+  // How many packets wait.
+  std::uint32_t GetCount();
+
+ private:
+  std::deque<Packet*> mQueue;
+  std::uint32_t mCount = 0;
+  Semaphore mSemaphore;
+};
+
+}  // namespace tolva

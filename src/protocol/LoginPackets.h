@@ -1,0 +1,62 @@
+#pragma once
+
+#include "protocol/Packet.h"
+#include "protocol/VersionNumbers.h"
+
+namespace tolva {
+
+constexpr std::size_t kReasonCapacity = 256;
+
+struct PacketConnectionRequest final : PacketOf<PacketConnectionRequest, 100, "PacketConnectionRequest"> {};
+
+// Name and password from the login screen; the controller fills in the client's version.
+struct PacketLoginRequest final : PacketOf<PacketLoginRequest, 200, "PacketLoginRequest">, VersionNumbers {
+  char mStrLogin[kUserNameCapacity] = "";
+  char mStrPass[kUserNameCapacity] = "";
+  std::uint32_t mUintHost = 0;
+  std::uint16_t mUintPort = 0;
+  Mailbox* mObjClientMailbox = nullptr;
+
+  static constexpr auto Fields() {
+    return std::tuple_cat(std::tuple{Field{"mStrLogin", &PacketLoginRequest::mStrLogin},
+                                     Field{"mStrPass", &PacketLoginRequest::mStrPass}},
+                          VersionNumbers::Fields(),
+                          std::tuple{Field{"mUintHost", &PacketLoginRequest::mUintHost},
+                                     Field{"mUintPort", &PacketLoginRequest::mUintPort},
+                                     Field{"mObjClientMailbox", &PacketLoginRequest::mObjClientMailbox}});
+  }
+};
+
+struct PacketLoginAccept final : PacketOf<PacketLoginAccept, 201, "PacketLoginAccept"> {};
+
+struct PacketLoginDeny final : PacketOf<PacketLoginDeny, 202, "PacketLoginDeny"> {
+  char mStrReason[kReasonCapacity] = "";
+
+  static constexpr auto Fields() { return std::tuple{Field{"mStrReason", &PacketLoginDeny::mStrReason}}; }
+};
+
+struct PacketLogout final : PacketOf<PacketLogout, 300, "PacketLogout"> {
+  Mailbox* mObjClientMailbox = nullptr;
+
+  static constexpr auto Fields() { return std::tuple{Field{"mObjClientMailbox", &PacketLogout::mObjClientMailbox}}; }
+};
+
+// The player quits, or the server tells the client to.
+struct PacketQuit final : PacketOf<PacketQuit, 500, "PacketQuit"> {};
+
+// Asks for (all zero) or tells the server's version.
+struct PacketServerInfo final : PacketOf<PacketServerInfo, 600, "PacketServerInfo">, VersionNumbers {
+  using VersionNumbers::Fields;
+};
+
+struct PacketClientInfo final : PacketOf<PacketClientInfo, 601, "PacketClientInfo">, VersionNumbers {
+  using VersionNumbers::Fields;
+};
+
+struct PacketKick final : PacketOf<PacketKick, 650, "PacketKick"> {
+  char mStrWho[256] = "";
+
+  static constexpr auto Fields() { return std::tuple{Field{"mStrWho", &PacketKick::mStrWho}}; }
+};
+
+}  // namespace tolva

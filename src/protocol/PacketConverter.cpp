@@ -1,0 +1,42 @@
+#include "protocol/PacketConverter.h"
+
+#include "foundation/Guard.h"
+#include "protocol/PacketList.h"
+#include "protocol/WireReader.h"
+#include "protocol/WireWriter.h"
+
+namespace tolva {
+
+std::uint32_t PacketConverter::WriteBuffer(std::uint8_t* record, const Packet& packet) const {
+  StoreBig32(record, mProtocolMagic);
+  StoreBig32(record + 4, packet.mEnmCode);
+  WireWriter writer(record, kHeaderSize);
+  VisitPacket(packet, [&](const auto& typed) {
+    VisitFields(typed, [&](const char*, const auto& member) { writer.Write(member); });
+  });
+  StoreBig32(record + 8, writer.GetPosition());
+  return writer.GetPosition();
+}
+
+Packet* PacketConverter::ReadBuffer(const std::uint8_t* bytes, std::uint32_t available, std::uint32_t& consumed) const {
+  return Guard("PacketConverter", "ReadBuffer", [&]() -> Packet* {
+    consumed = 0;
+    if (available < kHeaderSize || LoadBig32(bytes) != mProtocolMagic) return new PacketInternPacketDamaged;
+    const std::uint32_t declared = LoadBig32(bytes + 8);
+    if (declared < kHeaderSize || declared > available) return new PacketInternPacketDamaged;
+
+    auto packet = CreatePacket(LoadBig32(bytes + 4));
+    if (packet == nullptr) {
+      consumed = kHeaderSize;
+      return new Packet;
+    }
+    WireReader reader(bytes, declared, kHeaderSize);
+    VisitPacket(*packet,
+                [&](auto& typed) { VisitFields(typed, [&](const char*, auto& member) { reader.Read(member); }); });
+    if (reader.IsDamaged()) return new PacketInternPacketDamaged;
+    consumed = reader.GetPosition();
+    return packet.release();
+  });
+}
+
+}  // namespace tolva

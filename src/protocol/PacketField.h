@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace tolva {
+
+// One entry of a packet class's field list: its name in text forms and the member. What a field looks like on the wire
+// and in text follows from the member's type:
+//   std::uint32_t, Direction   4 bytes, big-endian
+//   std::uint16_t              2 bytes, big-endian
+//   std::uint8_t, std::int8_t  1 byte; the signed one is a map level
+//   char[N]                    length with its terminating zero (4 bytes), then that many bytes; at most N
+//   NameList                   the number of names (4 bytes), then each as a text; not shown in text forms
+//   AreaGrid<T>                the two dimensions (4 bytes each), then the values; not shown in text forms
+//   pointers                   never on the wire; shown as addresses
+template <typename Owner, typename Member>
+struct Field {
+  const char* name;
+  Member Owner::*member;
+};
+
+template <typename Owner, typename Member>
+Field(const char*, Member Owner::*) -> Field<Owner, Member>;
+
+constexpr std::size_t kAreaEdge = 24;
+constexpr std::size_t kAreaFields = kAreaEdge * kAreaEdge;
+
+// One value for each field of an area; the value of field (Fx, Fy) stands at Fx * kAreaEdge + Fy.
+template <typename T>
+using AreaGrid = std::array<T, kAreaFields>;
+
+constexpr std::size_t kUserNameCapacity = 32;
+constexpr std::size_t kUserListCapacity = 32;
+using NameList = char[kUserListCapacity][kUserNameCapacity];
+
+}  // namespace tolva
