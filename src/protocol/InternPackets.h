@@ -3,7 +3,7 @@
 #include "foundation/Text.h"
 #include "protocol/Packet.h"
 
-struct _TCPsocket;  // SDL_net's socket, which only the network layer touches
+struct _TCPsocket;  // NOLINT(bugprone-reserved-identifier): the name is SDL_net's; only the network layer looks inside
 
 namespace tolva {
 
