@@ -110,10 +110,17 @@ class ControlBasic {
   static void CallbackWrapper(ControlEvent event);
 
  protected:
-  // Builds the surface anew in the present size and refreshes everything. Does nothing inside a compound setter.
+  // Builds the surface anew in the present size and refreshes everything. Does nothing while a compound setter runs.
   void CreateBaseSurface();
   // Tells the owner. The last thing an operation does, because the owner may change anything.
   void ReportEvent(std::uint32_t code);
+  // Creates a control that reports to this one and hands it to `container`, which owns it.
+  template <typename Control>
+  Control* CreateInto(ControlBasic& container, std::uint32_t id) {
+    auto* control = new Control(id, container.GetBaseSurface(), static_cast<ControlBasic*>(this), CallbackWrapper);
+    container.AddSubControl(control);
+    return control;
+  }
   // Two pixels with a frame, else 0.
   int GetBorderWidth() const { return mBorderSurface == nullptr ? 0 : kFrameWidth; }
 
@@ -121,7 +128,6 @@ class ControlBasic {
 
  private:
   using SubControls = std::list<std::unique_ptr<ControlBasic>>;
-  class BuildingPause;
 
   SubControls::iterator FindSubControl(std::uint32_t id);
   SDL_Surface* GetSurfaceForSubControls() const;

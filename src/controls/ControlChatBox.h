@@ -52,7 +52,6 @@ class ControlChatBox : public ControlListBox {
     std::string text;
   };
 
-  void StoreMessage(const char* name, const char* text);
   void StoreLines(const Message& message);
   void CreateRow(int row);
 

@@ -23,7 +23,6 @@ class ControlListBox : public ControlBasic {
 
   void SetBorderSurface(SDL_Surface* surface) override;
   void Refresh(bool recursive) override;
-  void SdlEventHandler(SDL_Event) override {}
   void EventHandler(ControlEvent event) override;
 
   virtual void AddEntry(const char* text);
@@ -48,8 +47,10 @@ class ControlListBox : public ControlBasic {
   // The labels of all rows count up from here.
   static constexpr std::uint32_t kFirstLabelId = 1000;
 
-  std::unique_ptr<ControlLabel> CreateLabel(std::uint32_t index);
+  // Adds a row's label with the id kFirstLabelId + `index`, one row high, on this control's background.
+  void AddLabel(int index, int x, int y, int width, const std::string& text, Rgb color);
   void RemoveLabels(int count);
+  static std::string CutText(const char* text, std::size_t length);
 
   // Owned by the list of sub-controls.
   ControlScrollbar* mScrollbar = nullptr;
@@ -58,6 +59,8 @@ class ControlListBox : public ControlBasic {
   int mVisibleCount = 0;
 
  private:
+  void UpdateScrollRange();
+
   std::vector<std::string> mEntries;
 };
 

@@ -42,7 +42,10 @@ class ControlScrollbar : public ControlBasic {
   void SetValueBackgroundColor(std::uint8_t r, std::uint8_t g, std::uint8_t b);
 
  private:
-  int GetThumbOffset(int trackLength, int thumbLength) const;
+  // Where the thumb starts on a track that leaves it `span` pixels to move.
+  int GetThumbOffset(int span) const;
+  ControlButton* CreateButton(ControlBasic& container, std::uint32_t id, Rgb unpressed);
+  // Gives a control the scrollbar's whole thickness from `start` on.
   void PlaceAlong(ControlBasic& control, int start, int length);
   void PlaceThumb();
 

@@ -23,8 +23,6 @@ class ControlTextBasic : public ControlBasic {
   void SetUnderline(bool underline);
 
   void Refresh(bool recursive) override;
-  void SdlEventHandler(SDL_Event) override {}
-  void EventHandler(ControlEvent) override {}
 
  private:
   // Counts the live text controls.
@@ -37,7 +35,6 @@ class ControlTextBasic : public ControlBasic {
 
   FontUse mFontUse;
   Rgb mForegroundColor;
-  bool mUnderline = false;
   int mStyle = TTF_STYLE_NORMAL;
 };
 

@@ -17,7 +17,6 @@ class ControlWindow : public ControlBasic {
 
   void SetBorderSurface(SDL_Surface* surface) override;
   void Refresh(bool recursive) override;
-  void SdlEventHandler(SDL_Event) override {}
   void EventHandler(ControlEvent event) override;
 
   void SetCaption(const char* text);
