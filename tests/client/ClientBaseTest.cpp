@@ -161,10 +161,10 @@ TEST_F(ClientBaseTest, ADisplayThatFallsBehindBoundsTheMailAndPingsGoOn) {
   constexpr int kFlood = 700;
   std::vector<std::uint32_t> arrivals;
   for (int i = 0; i < kFlood; ++i) mServer.Send(PacketDarkness());
-  while (arrivals.size() < 3) {
+  while (arrivals.size() < 2) {
     if (PacketCast<PacketInternPing>(mServer.Receive().get())) arrivals.push_back(SDL_GetTicks());
   }
-  for (std::size_t i = 1; i < arrivals.size(); ++i) EXPECT_NEAR(arrivals[i] - arrivals[i - 1], 2510, 100);
+  EXPECT_NEAR(arrivals[1] - arrivals[0], 2510, 100);
   EXPECT_EQ(mDisplayMailbox.GetCount(), kMailboxHighWater + 1);
   EXPECT_LE(mControllerMailbox.GetCount(), kMailboxHighWater + 1);
   for (int i = 0; i < kFlood; ++i) EXPECT_EQ(DisplayMail()->mEnmCode, PacketDarkness::kCode);
