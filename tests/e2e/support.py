@@ -61,7 +61,10 @@ def end(process):
 
 
 class Xvfb:
-    """A screen without a monitor, on the first display number from FIRST_DISPLAY that nobody has."""
+    """A screen without a monitor, on the first display number from FIRST_DISPLAY that nobody has.
+
+    It does not reset when its last client leaves: SDL opens the display twice, and the second time would meet the reset.
+    """
 
     def __init__(self, size=(1280, 1024)):
         for number in range(FIRST_DISPLAY, FIRST_DISPLAY + 50):
@@ -69,7 +72,7 @@ class Xvfb:
                 continue
             self.name = f":{number}"
             self.process = spawn(
-                ["Xvfb", self.name, "-ac", "-nolisten", "tcp", "-screen", "0", f"{size[0]}x{size[1]}x24"],
+                ["Xvfb", self.name, "-ac", "-noreset", "-nolisten", "tcp", "-screen", "0", f"{size[0]}x{size[1]}x24"],
                 stderr=subprocess.DEVNULL)
             path = f"/tmp/.X11-unix/X{number}"
             wait_until("Xvfb starts", lambda: self.process.poll() is not None or os.path.exists(path))
