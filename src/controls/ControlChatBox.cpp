@@ -28,22 +28,25 @@ void DropOldest(Queue& queue, std::size_t kept) {
   while (queue.size() > kept) queue.pop_front();
 }
 
-int MeasureStart(const std::string& text, std::size_t length, TTF_Font* font) {
-  return MeasureText(font, text.substr(0, length).c_str(), kModule, "WrapText").width;
+// Whether the first `count` characters of `text` fit on a line; a single one always does.
+bool Fits(const std::string& text, std::size_t count, int width, TTF_Font* font) {
+  return count <= 1 || MeasureText(font, text.substr(0, count).c_str(), kModule, "WrapText").width <= width;
 }
 
-// How many characters of `text` fit on a line of `width` pixels, at least 1. `textWidth` is that of the whole text.
-std::size_t CountFitting(const std::string& text, int textWidth, int width, TTF_Font* font) {
+// How many characters of `text` fit on a line, searched from `guess` on.
+std::size_t CountFitting(const std::string& text, std::size_t guess, int width, TTF_Font* font) {
   const std::size_t most = std::min(text.size(), ControlChatBox::kMaxLineLength);
-  std::size_t count = most;
-  if (textWidth > 0) {
-    // The guess from the average character saves most of the measuring.
-    const auto guess = static_cast<std::size_t>(std::max(0, width)) * text.size() / static_cast<std::size_t>(textWidth);
-    count = std::clamp<std::size_t>(guess, 1, most);
-  }
-  while (count > 1 && MeasureStart(text, count, font) > width) --count;
-  while (count < most && MeasureStart(text, count + 1, font) <= width) ++count;
+  std::size_t count = std::min(guess, most);
+  while (!Fits(text, count, width, font)) --count;
+  while (count < most && Fits(text, count + 1, width, font)) ++count;
   return count;
+}
+
+// How many characters of average width fit on a line.
+std::size_t GuessFitting(const std::string& text, int width, TTF_Font* font) {
+  const int textWidth = MeasureText(font, text.c_str(), kModule, "WrapText").width;
+  if (textWidth <= width) return text.size();
+  return text.size() * static_cast<std::size_t>(std::max(0, width)) / static_cast<std::size_t>(std::max(1, textWidth));
 }
 
 }  // namespace
@@ -81,15 +84,15 @@ int ControlChatBox::WrapText(const char* text, int width, TTF_Font* font, std::v
   return GuardControl(kModule, "WrapText", [&] {
     const std::size_t before = lines.size();
     std::string rest = text == nullptr ? "" : text;
-    while (rest.size() > 1) {
-      const int restWidth = MeasureStart(rest, rest.size(), font);
-      if (restWidth <= width && rest.size() <= kMaxLineLength) break;
-      const std::size_t fitting = CountFitting(rest, restWidth, width, font);
+    // One guess for all lines: measuring the rest for each would take the square of the time.
+    const std::size_t guess = GuessFitting(rest, width, font);
+    while (true) {
+      const std::size_t fitting = CountFitting(rest, guess, width, font);
+      if (fitting == rest.size()) break;
       const std::size_t blank = rest.rfind(' ', fitting);
       const std::size_t end = blank == std::string::npos || blank == 0 ? fitting : blank;
       lines.push_back(rest.substr(0, end));
-      const bool blankFollows = end < rest.size() && rest[end] == ' ';
-      rest.erase(0, blankFollows ? end + 1 : end);
+      rest.erase(0, rest[end] == ' ' ? end + 1 : end);
     }
     if (!rest.empty() || lines.size() == before) lines.push_back(rest);
     return static_cast<int>(lines.size() - before);
