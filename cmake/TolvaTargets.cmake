@@ -2,6 +2,7 @@
 
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
+find_package(ZLIB REQUIRED)
 pkg_check_modules(SDL REQUIRED IMPORTED_TARGET sdl)
 pkg_check_modules(SDL_IMAGE REQUIRED IMPORTED_TARGET SDL_image)
 pkg_check_modules(SDL_TTF REQUIRED IMPORTED_TARGET SDL_ttf)
