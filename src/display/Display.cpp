@@ -102,13 +102,13 @@ bool Display::Initialize() {
 }
 
 bool Display::InitializeVideo() {
-  mStep = "start the video system: is DISPLAY set, and its X server running?";
+  mStep = "start the video system (check that DISPLAY is set and its X server runs)";
   bool isUsable = SDL_InitSubSystem(SDL_INIT_VIDEO) != -1;
   char driver[128] = "";
   if (isUsable && SDL_VideoDriverName(driver, sizeof driver) != nullptr && IsTextDriver(driver)) {
     // Gives the terminal back before anything is written to it.
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
-    mStep = FormattedText("show a window through the video driver \"%s\": set DISPLAY to an X server", driver);
+    mStep = FormattedText("show a window through the video driver \"%s\" (set DISPLAY to an X server)", driver);
     isUsable = false;
   }
   if (!isUsable) Log(InfoLevel::Failure, "Init Video Subsystem failed");
@@ -116,7 +116,7 @@ bool Display::InitializeVideo() {
 }
 
 bool Display::CreateMainSurface() {
-  mStep = FormattedText("set the video mode %d x %d%s: choose another in client.ini", mSize.width, mSize.height,
+  mStep = FormattedText("set the video mode %d x %d%s (choose another in client.ini)", mSize.width, mSize.height,
                         mSize.fullScreen ? " in full screen" : "");
   const std::uint32_t flags = SDL_DOUBLEBUF | (mSize.fullScreen ? SDL_FULLSCREEN : 0);
   mMainSurface = SDL_SetVideoMode(mSize.width, mSize.height, kBitsPerPixel, flags);
@@ -186,7 +186,7 @@ void Display::ShowScreen(const char* step, Extra... extra) {
 
 void Display::Fail() {
   mHasFailed = true;
-  std::fprintf(stderr, "Tolva could not %s. log.clf in this directory tells more.\n", mStep.c_str());
+  std::fprintf(stderr, "Tolva could not %s. More is in log.clf in this directory.\n", mStep.c_str());
 }
 
 void Display::QuitWithoutScreen() {
