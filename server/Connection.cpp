@@ -11,6 +11,7 @@ namespace tolva {
 namespace {
 
 constexpr auto kGoodbyeWithin = std::chrono::seconds(2);
+constexpr int kSystemBuffer = 128 * 1024;
 
 }  // namespace
 
@@ -20,6 +21,8 @@ Connection::Connection(asio::ip::tcp::socket socket, ClientId id, ConnectionList
 void Connection::Start() {
   asio::error_code ignored;
   mSocket.set_option(asio::ip::tcp::no_delay(true), ignored);
+  // Or the system would let a client that does not read pile up megabytes of its own.
+  mSocket.set_option(asio::socket_base::send_buffer_size(kSystemBuffer), ignored);
   Read();
 }
 
