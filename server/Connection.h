@@ -30,7 +30,7 @@ class ConnectionListener {
 class Connection final : public ClientLink, public std::enable_shared_from_this<Connection> {
  public:
   // Most bytes that wait for a client to read them: some 250 of the longest chat lines, besides what the system holds.
-  static constexpr std::size_t kMostQueued = 256 * 1024;
+  static constexpr std::size_t kMostQueued = std::size_t{256} * 1024;
 
   // The listener must outlive the connection. Nothing happens before Start.
   Connection(asio::ip::tcp::socket socket, ClientId id, ConnectionListener& listener);

@@ -58,12 +58,6 @@ TEST_F(Login, EndlessGuessingEnds) {
   EXPECT_EQ(mCore->GetClientCount(), 0U);
 }
 
-TEST_F(Login, CrowdAtTheDoorCannotKeepOthersOut) {
-  for (int i = 0; i < 1000; ++i) Connect();
-  EXPECT_EQ(mCore->GetClientCount(), kMaxWaitingClients);
-  EXPECT_EQ(LogIn("Anna").GetCodes().front(), PacketEnterChatAccept::kCode);
-}
-
 TEST_F(LobbyChat, ReachesAllUnderTheTrueNameWithoutControlCharacters) {
   FakeClient& anna = LogIn("Anna");
   FakeClient& bert = LogIn("Bert");
