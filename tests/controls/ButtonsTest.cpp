@@ -60,8 +60,8 @@ class WindowTest : public ControlsTest {
   void Drag(int dx, int dy, Uint8 buttons) {
     gInputs = {99, 99, buttons, 0};
     mRoot.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, mWindow.GetX() + 10, mWindow.GetY() + 10));
-    gInputs.dx = dx;
-    gInputs.dy = dy;
+    gInputs.dx += dx;
+    gInputs.dy += dy;
     mRoot.HandleSdlEvent(Mouse(SDL_MOUSEMOTION, 1, 1));
     mRoot.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONUP, 1, 1));
   }
