@@ -82,11 +82,7 @@ void ControlTextBox::SetActive(bool active) {
     const bool before = IsActive();
     ControlBasic::SetActive(active);
     if (active == before) return;
-    if (active) {
-      mCursor = GetLength();
-    } else {
-      mFirstShown = 0;
-    }
+    if (active) mCursor = GetLength();
     SetText(mEntered);
   });
 }

