@@ -188,6 +188,8 @@ struct ScreenChat::PacketHandler {
     label.SetText("Disconnected");
     screen.SetText(kPingValueLabel, "0");
     screen.mComponents.Get<ControlButton>(kEnterGameButton).SetVisible(false);
+    // The bar keeps what was drawn on it.
+    screen.mComponents.Get<ControlBasic>(kButtonBar).Refresh(false);
   }
   void operator()(const PacketInternPong& pong) const {
     screen.SetText(kPingValueLabel, FormattedText("%u", pong.mUintTick));

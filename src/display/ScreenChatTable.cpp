@@ -201,8 +201,9 @@ constexpr Component kTable[] = {
     Heading(Id::kSoundHeading, "Sound", FixedPlace<160, 30, 140, 20>),
     Toggle(Id::kMusicToggle, FixedPlace<160, 70, 16, 16>),
     Label(Id::kMusicLabel, Id::kOptionsWindow, "Play music", FixedPlace<186, 70, 114, 20>, kWhite),
+    // Nearly as wide as the window, or the text would be cut.
     Label(Id::kRestartNote, Id::kOptionsWindow, "(Change of resolution requires restart of client)",
-          FixedPlace<10, 179, 280, 16>, kCream, ControlLabel::kMiddleCenter),
+          FixedPlace<2, 179, 296, 16>, kCream, ControlLabel::kMiddleCenter),
 };
 
 }  // namespace

@@ -141,9 +141,16 @@ TEST_F(ScreenChatTest, VersionsPingAndFrameRateAreShown) {
 }
 
 TEST_F(ScreenChatTest, ALostConnectionStaysLostAndClosesTheWayIntoTheGame) {
+  constexpr Rgb kButtonFace{255, 255, 255};
+  constexpr Rgb kBarFace{0, 0, 0};
+  Start({});
+  EnterChat();
   ClickOn({Id::kButtonBar, Id::kEnterGameButton});
   EXPECT_EQ(Sent(), std::vector<PacketCode>{PacketEnterGameRequest::kCode});
+  // A corner of the button's face, clear of frame and text.
+  EXPECT_EQ(PixelAt(800 - 174 + 4, 40 + 7 + 4), kButtonFace);
   Recieve<PacketInternConnectionLost>();
+  EXPECT_EQ(PixelAt(800 - 174 + 4, 40 + 7 + 4), kBarFace) << "the button is still to be seen";
   EXPECT_EQ(TextOf({Id::kStatusWindow, Id::kConnectionLabel}), "Disconnected");
   EXPECT_EQ(TextOf({Id::kStatusWindow, Id::kPingValueLabel}), "0");
   ClickOn({Id::kButtonBar, Id::kEnterGameButton});
@@ -201,6 +208,8 @@ TEST_F(ScreenChatTest, TheOptionsOpenInTheMiddleAndCloseAgain) {
   ASSERT_TRUE(window.IsVisible());
   EXPECT_EQ(window.GetX(), 250);
   EXPECT_EQ(window.GetY(), 195);
+  const auto& note = Find<ControlLabel>({Id::kOptionsWindow, Id::kRestartNote});
+  EXPECT_LE(note.GetTextWidth(), note.GetWidth() - 6) << "the note is cut";
   Click(250 + 300 - 10, 195 + 10);
   EXPECT_FALSE(window.IsVisible());
   EXPECT_TRUE(Sent().empty());
