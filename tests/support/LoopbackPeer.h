@@ -5,7 +5,6 @@
 #include <string>
 
 #include <arpa/inet.h>
-#include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -31,17 +30,17 @@ class LoopbackPeer {
   }
   ~LoopbackPeer() {
     Close();
-    StopListening();
+    ::close(mListener);
   }
   LoopbackPeer(const LoopbackPeer&) = delete;
   LoopbackPeer& operator=(const LoopbackPeer&) = delete;
 
   std::uint16_t GetPort() const { return mPort; }
-  // Whether somebody wants to connect, or something is to be read, now.
+  // Whether somebody wants to connect now.
   bool HasCaller() const { return IsReady(mListener, 0); }
-  bool HasBytes() const { return IsReady(mSocket, 0); }
 
   bool Accept() {
+    Close();
     if (!IsReady(mListener, kPatienceMs)) return false;
     mSocket = ::accept(mListener, nullptr, nullptr);
     return mSocket >= 0;
@@ -50,13 +49,6 @@ class LoopbackPeer {
     mSocket = ::socket(AF_INET, SOCK_STREAM, 0);
     const sockaddr_in address = Loopback(port);
     return ::connect(mSocket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-  }
-  // The own port of the connection.
-  std::uint16_t GetLocalPort() const {
-    sockaddr_in address = {};
-    socklen_t size = sizeof address;
-    ::getsockname(mSocket, reinterpret_cast<sockaddr*>(&address), &size);
-    return ntohs(address.sin_port);
   }
 
   bool Send(const std::string& bytes) {
@@ -79,8 +71,10 @@ class LoopbackPeer {
     char byte;
     return IsReady(mSocket, kPatienceMs) && ::recv(mSocket, &byte, 1, 0) <= 0;
   }
-  void Close() { CloseOne(mSocket); }
-  void StopListening() { CloseOne(mListener); }
+  void Close() {
+    if (mSocket >= 0) ::close(mSocket);
+    mSocket = -1;
+  }
 
  private:
   static constexpr int kPatienceMs = std::chrono::milliseconds(kPatience).count();
@@ -95,10 +89,6 @@ class LoopbackPeer {
   static bool IsReady(int socket, int waitMs) {
     pollfd entry = {socket, POLLIN, 0};
     return ::poll(&entry, 1, waitMs) > 0;
-  }
-  static void CloseOne(int& socket) {
-    if (socket >= 0) ::close(socket);
-    socket = -1;
   }
 
   int mListener;
