@@ -25,6 +25,10 @@ if(TOLVA_SANITIZE)
     -fsanitize=${TOLVA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
   target_link_options(tolva_options INTERFACE -fsanitize=${TOLVA_SANITIZE})
 endif()
+if(TOLVA_FUZZ)
+  # The fuzzer finds its way by the branches it sees taken, so all our code reports them.
+  target_compile_options(tolva_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # tolva_library(NAME SOURCES a.cpp ... USES lib ...): one source folder as a library that names all it may use.
 function(tolva_library name)

@@ -132,7 +132,8 @@ const char* PngCheck::CheckHeader(std::span<const std::uint8_t> data) {
 const char* PngCheck::CheckPalette(std::size_t size) {
   const bool isMisplaced = mPaletteEntries > 0 || mHasPixels;
   const bool isForeign = mHeader.colour == PngColour::Grey || mHeader.colour == PngColour::GreyAlpha;
-  if (isMisplaced || isForeign || size == 0 || size % 3 != 0 || size > 3 * 256) return "its palette is damaged";
+  if (isMisplaced || isForeign || size == 0 || size % 3 != 0 || size > std::size_t{3} * 256)
+    return "its palette is damaged";
   mPaletteEntries = size / 3;
   if (mHeader.colour == PngColour::Palette && mPaletteEntries > std::size_t{1} << mHeader.bitDepth) {
     return "its palette has more entries than its pixels can name";
