@@ -1,8 +1,10 @@
 #include "client/ClientMain.h"
 
+#include <cstdlib>
 #include <memory>
 
 #include <SDL.h>
+#include <unistd.h>
 
 #include "client/ClientBase.h"
 #include "display/Display.h"
@@ -35,6 +37,9 @@ int RunClient(InfoHandler& infoHandler, Mailbox& controllerMailbox, Mailbox& dis
   sController = new ClientBase(&controllerMailbox);
   sDisplay = new Display(&displayMailbox);
   Announce(controllerMailbox, displayMailbox);
+  // The X library calls exit() when the X server goes away. Registered last, this runs first, and nothing is cleaned up
+  // under the threads.
+  std::atexit([] { _exit(EXIT_FAILURE); });
   sDisplay->Run();
   sController->WaitThread(nullptr);
   SDL_Quit();

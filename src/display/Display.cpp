@@ -191,11 +191,15 @@ void Display::Fail() {
 
 void Display::QuitWithoutScreen() {
   if (!mHasFailed) Fail();
-  if (mControllerMailbox != nullptr && !mAskedToQuit) {
-    mAskedToQuit = true;
-    Send(mControllerMailbox, std::make_unique<PacketQuit>());
-  }
+  mWantsToQuit = true;
   HandleMyMailbox();
+}
+
+void Display::AskToQuit() {
+  mWantsToQuit = true;
+  if (mControllerMailbox == nullptr) return;
+  mAskedToQuit = true;
+  Send(mControllerMailbox, std::make_unique<PacketQuit>());
 }
 
 void Display::SetDisplaySize(const DisplaySize& size) {
@@ -215,6 +219,7 @@ void Display::Run() {
 }
 
 void Display::RunPass() {
+  if (mWantsToQuit && !mAskedToQuit) AskToQuit();
   if (mScreen == nullptr) return QuitWithoutScreen();
   HandleMyMailbox();
   HandleEvents();
@@ -222,9 +227,18 @@ void Display::RunPass() {
   UpdateFps();
 }
 
+// Who wants to quit does not wait until everything else in the mail has been drawn, one packet a frame.
+std::unique_ptr<Packet> Display::NextMail() {
+  std::unique_ptr<Packet> packet(FetchMail());
+  while (mAskedToQuit && packet != nullptr && PacketCast<PacketQuit>(packet.get()) == nullptr) {
+    packet.reset(FetchMail());
+  }
+  return packet;
+}
+
 void Display::HandleMyMailbox() {
   Guard("Display", "HandleMyMailbox", [&] {
-    std::unique_ptr<Packet> packet(FetchMail());
+    std::unique_ptr<Packet> packet = NextMail();
     if (packet == nullptr) return;
     Log(InfoLevel::Traffic, FormattedText("Recieved %s", mPacketPrinter.Print(*packet)));
     if (const auto* news = PacketCast<PacketInternCentralMailbox>(packet.get())) {
@@ -272,7 +286,7 @@ void Display::HandleEvent(const SDL_Event& event) {
       mMouseY = event.motion.y;
       return;
     case SDL_QUIT:
-      return Send(mControllerMailbox, std::make_unique<PacketQuit>());
+      return AskToQuit();
     case SDL_USEREVENT:
       return HandleRequest(event.user);
   }
@@ -287,7 +301,13 @@ void Display::HandleRequest(const SDL_UserEvent& request) {
 }
 
 void Display::SendScreenPackets() {
-  while (Packet* packet = mScreen->GetNextPacket()) Send(mControllerMailbox, std::unique_ptr<Packet>(packet));
+  while (std::unique_ptr<Packet> packet{mScreen->GetNextPacket()}) {
+    if (PacketCast<PacketQuit>(packet.get()) != nullptr) {
+      AskToQuit();
+    } else {
+      Send(mControllerMailbox, std::move(packet));
+    }
+  }
 }
 
 void Display::DrawFrame() {

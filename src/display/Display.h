@@ -59,6 +59,9 @@ class Display : public ManagerThread {
   // There is nothing to show (any more): tells the player and leaves for good.
   void Fail();
   void QuitWithoutScreen();
+  // Tells the controller, as soon as it is known.
+  void AskToQuit();
+  std::unique_ptr<Packet> NextMail();
 
   void HandleEvents();
   void HandleEvent(const SDL_Event& event);
@@ -85,7 +88,8 @@ class Display : public ManagerThread {
   std::uint32_t mFrameRateTime;
   std::string mStep = "read client.ini";  // what is being done, for the player if it fails
   bool mHasFailed = false;
-  bool mAskedToQuit = false;
+  bool mWantsToQuit = false;  // the player does, or there is no screen
+  bool mAskedToQuit = false;  // the controller has been told
 };
 
 }  // namespace tolva

@@ -80,6 +80,11 @@ class Xvfb:
                 return
         raise Failure("no free X display")
 
+    def end(self):
+        end(self.process)
+        for left in (f"/tmp/.X11-unix/X{self.name[1:]}", f"/tmp/.X{self.name[1:]}-lock"):  # by one that was killed
+            Path(left).unlink(missing_ok=True)
+
     def run(self, *command):
         """The output of an X client such as xdotool, empty when it fails."""
         environment = dict(os.environ, DISPLAY=self.name)
@@ -292,7 +297,7 @@ class Client:
     def end(self):
         if self.process:
             end(self.process)
-        end(self.screen.process)
+        self.screen.end()
 
     # Where things are on the screens
 
