@@ -127,7 +127,7 @@ TEST_F(ArchiveTest, SaysInTheLogWhyAPictureIsMissing) {
   };
   for (const auto& test : cases) {
     std::filesystem::remove("Graphics.cca");
-    std::filesystem::resize_file("log.clf", 0);
+    std::filesystem::remove("log.clf");
     WriteFile("Graphics.cci", test.index);
     if (test.data) WriteFile("Graphics.cca", *test.data);
     const SurfacePtr picture(mArchive.LoadImage(kId));

@@ -33,6 +33,9 @@ class SoundManagerTest : public ::testing::Test {
     ASSERT_TRUE(Await([&] { return mMailbox.GetCount() == 0; }));
   }
 
+  // SDL chooses its driver anew for the next test.
+  void TearDown() override { SDL_Quit(); }
+
   void Quit() {
     ASSERT_TRUE(mMailbox.Put(new PacketQuit));
     mSoundManager->WaitThread(nullptr);
