@@ -84,18 +84,6 @@ TEST_F(SoundManagerTest, TakesAPieceFromTheArchiveOnceWhileItPlays) {
   Quit();
 }
 
-TEST_F(SoundManagerTest, ADamagedPiecePlaysNothingAndTheNextOnePlays) {
-  test::WriteFile("Sounds.cci", test::MakeIndex({{1, 0, 2000}, {2, 0, 3569}, {3, 40, 200}}));
-  test::WriteFile("Sounds.cca", test::ReadFile(TOLVA_TEST_MUSIC));
-  Start();
-  Order(new PacketMusicPlay(3));
-  EXPECT_EQ(Mix_PlayingMusic(), 0);
-  Order(new PacketMusicPlay(1));
-  Order(new PacketMusicPlay(2));
-  EXPECT_EQ(Mix_PlayingMusic(), 1);
-  Quit();
-}
-
 TEST_F(SoundManagerTest, WithoutAnAudioDeviceItIsSilentAndQuits) {
   ::setenv("SDL_AUDIODRIVER", "none that exists", 1);
   test::WriteArchive("Sounds", 1, test::ReadFile(TOLVA_TEST_MUSIC));
