@@ -3,7 +3,8 @@
 #include "foundation/Text.h"
 #include "protocol/Packet.h"
 
-struct _TCPsocket;  // SDL_net's socket, which only the network layer touches
+// SDL_net's socket, which only the network layer touches.
+struct _TCPsocket;  // NOLINT(bugprone-reserved-identifier): the name is SDL_net's
 
 namespace tolva {
 
