@@ -3,8 +3,7 @@
 #include "foundation/Text.h"
 #include "protocol/Packet.h"
 
-// SDL_net's socket, which only the network layer touches.
-struct _TCPsocket;  // NOLINT(bugprone-reserved-identifier): the name is SDL_net's
+struct _TCPsocket;  // NOLINT(bugprone-reserved-identifier): the name is SDL_net's; only the network layer looks inside
 
 namespace tolva {
 

@@ -47,7 +47,7 @@ struct Packet {
 // A packet's name as a template argument.
 template <std::size_t Size>
 struct PacketName {
-  constexpr PacketName(const char (&text)[Size]) { std::copy_n(text, Size, value); }  // NOLINT: meant to convert
+  constexpr PacketName(const char (&text)[Size]) { std::copy_n(text, Size, value); }  // converts a literal
   char value[Size];
 };
 

@@ -1,0 +1,63 @@
+#include <benchmark/benchmark.h>
+
+#include "foundation/Mailbox.h"
+#include "protocol/PacketPrinter.h"
+#include "support/PacketSamples.h"
+
+namespace tolva {
+namespace {
+
+template <typename T>
+std::unique_ptr<T> Sample() {
+  auto packet = std::make_unique<T>();
+  test::FillPacket(*packet, 1);
+  return packet;
+}
+
+template <typename T>
+void WriteRecord(benchmark::State& state) {
+  const auto packet = Sample<T>();
+  std::vector<std::uint8_t> record(kRecordBufferSize);
+  const PacketConverter converter;
+  for (auto _ : state) benchmark::DoNotOptimize(converter.WriteBuffer(record.data(), *packet));
+}
+BENCHMARK_TEMPLATE(WriteRecord, PacketMove);
+BENCHMARK_TEMPLATE(WriteRecord, PacketChatMsg);
+BENCHMARK_TEMPLATE(WriteRecord, PacketAreaGround);
+
+template <typename T>
+void ReadRecord(benchmark::State& state) {
+  const test::WireRecord record(*Sample<T>());
+  const PacketConverter converter;
+  for (auto _ : state) {
+    std::uint32_t consumed = 0;
+    const std::unique_ptr<Packet> packet(
+        converter.ReadBuffer(record.bytes.data(), static_cast<std::uint32_t>(record.bytes.size()), consumed));
+    benchmark::DoNotOptimize(packet.get());
+  }
+}
+BENCHMARK_TEMPLATE(ReadRecord, PacketMove);
+BENCHMARK_TEMPLATE(ReadRecord, PacketChatMsg);
+BENCHMARK_TEMPLATE(ReadRecord, PacketAreaGround);
+
+template <typename T>
+void PrintPacket(benchmark::State& state) {
+  const auto packet = Sample<T>();
+  PacketPrinter printer;
+  for (auto _ : state) benchmark::DoNotOptimize(printer.Print(*packet));
+}
+BENCHMARK_TEMPLATE(PrintPacket, PacketMove);
+BENCHMARK_TEMPLATE(PrintPacket, PacketChatMsg);
+
+void MailboxPutGet(benchmark::State& state) {
+  Mailbox mailbox;
+  PacketQuit packet;
+  for (auto _ : state) {
+    mailbox.Put(&packet);
+    benchmark::DoNotOptimize(mailbox.Get());
+  }
+}
+BENCHMARK(MailboxPutGet);
+
+}  // namespace
+}  // namespace tolva
