@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+// The archive's files, for reader and writer alike; docs/formats.md tells them in words.
+namespace tolva::archive_format {
+
+constexpr char kIndexSuffix[] = ".cci";
+constexpr char kDataSuffix[] = ".cca";
+
+// One index record: three little-endian 32-bit numbers.
+constexpr std::size_t kRecordSize = 12;
+constexpr std::size_t kIdAt = 0;
+constexpr std::size_t kOffsetAt = 4;
+constexpr std::size_t kSizeAt = 8;
+
+// An index with more records than this is not read: thousand times what the client has pictures.
+constexpr std::uint64_t kMaxRecords = 1U << 20;
+
+// Where an entry of the picture kind may start: the position is a signed 32-bit number.
+constexpr std::uint32_t kMaxPictureOffset = 0x7FFFFFFF;
+
+// The entry of "Graphics" that holds the font.
+constexpr std::uint32_t kFontId = 1;
+
+inline std::uint32_t ReadNumber(const std::uint8_t* from) {
+  return static_cast<std::uint32_t>(from[0]) | static_cast<std::uint32_t>(from[1]) << 8 |
+         static_cast<std::uint32_t>(from[2]) << 16 | static_cast<std::uint32_t>(from[3]) << 24;
+}
+
+inline void WriteNumber(std::uint8_t* to, std::uint32_t number) {
+  for (int byte = 0; byte < 4; ++byte) to[byte] = static_cast<std::uint8_t>(number >> (8 * byte));
+}
+
+}  // namespace tolva::archive_format
