@@ -2,6 +2,7 @@
 
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
+find_package(ZLIB REQUIRED)
 pkg_check_modules(SDL REQUIRED IMPORTED_TARGET sdl)
 pkg_check_modules(SDL_IMAGE REQUIRED IMPORTED_TARGET SDL_image)
 pkg_check_modules(SDL_TTF REQUIRED IMPORTED_TARGET SDL_ttf)
@@ -23,6 +24,10 @@ if(TOLVA_SANITIZE)
   target_compile_options(tolva_options INTERFACE
     -fsanitize=${TOLVA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
   target_link_options(tolva_options INTERFACE -fsanitize=${TOLVA_SANITIZE})
+endif()
+if(TOLVA_FUZZ)
+  # The fuzzer finds its way by the branches it sees taken, so all our code reports them.
+  target_compile_options(tolva_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # tolva_library(NAME SOURCES a.cpp ... USES lib ...): one source folder as a library that names all it may use.

@@ -1,9 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 
-#include "media/ArchiveEntry.h"
+#include "media/ArchiveIndex.h"
 #include "media/Surface.h"
 
 namespace tolva {
@@ -40,11 +39,10 @@ class Archive {
   bool Extract(std::uint32_t id, const char* path);
 
  private:
-  const ArchiveEntry* Find(std::uint32_t id) const;
   SurfacePtr Decode(std::uint32_t id);
   void LogFailure(const char* text);
 
-  std::map<std::uint32_t, ArchiveEntry> mEntries;
+  ArchiveIndex mIndex;
   char mArchivePath[256];
   char mIndexPath[256];
   InfoHandler* const mInfoHandler;

@@ -48,6 +48,11 @@ bool VisitPacket(PacketType& packet, Visitor&& visitor) {
   return VisitPacket(packet, std::forward<Visitor>(visitor), AllPackets{});
 }
 
+// Whether the packet's code is that of its class. What claims to be another class than it is must not be acted on.
+inline bool IsGenuine(const Packet& packet) {
+  return VisitPacket(packet, [](const auto&) {});
+}
+
 // Calls `visitor(field name, member)` for each field of the packet, in order.
 template <typename PacketType, typename Visitor>
 void VisitFields(PacketType& packet, Visitor&& visitor) {

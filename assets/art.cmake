@@ -1,0 +1,20 @@
+# The optional target "art" rebuilds the committed pictures and music from their sources.
+#
+# It is never part of the default build: packing takes the committed files, so neither POV-Ray nor
+# numpy is needed to build and play. Without all of its programs the target does not exist.
+
+find_program(TOLVA_ART_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH)
+find_program(TOLVA_POVRAY povray)
+find_program(TOLVA_OGGENC oggenc)
+mark_as_advanced(TOLVA_ART_PYTHON TOLVA_POVRAY TOLVA_OGGENC)
+
+if(TOLVA_ART_PYTHON AND TOLVA_POVRAY AND TOLVA_OGGENC)
+  execute_process(COMMAND ${TOLVA_ART_PYTHON} -c "import numpy, PIL"
+                  RESULT_VARIABLE tolva_art_python_lacks_modules OUTPUT_QUIET ERROR_QUIET)
+  if(tolva_art_python_lacks_modules EQUAL 0)
+    add_custom_target(art
+      COMMAND ${CMAKE_CURRENT_LIST_DIR}/art/make_art.py
+      COMMENT "Rebuilding the pictures and the music"
+      USES_TERMINAL VERBATIM)
+  endif()
+endif()

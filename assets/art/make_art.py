@@ -1,0 +1,44 @@
+#!/usr/bin/python3 -B
+"""Rebuilds the committed pictures and music from their sources.
+
+    make_art.py            everything, in about two minutes
+    make_art.py windows    only these steps, named as in STEPS below
+"""
+import subprocess
+import sys
+
+import check_pictures
+import game_bars
+import icon
+import title
+import windows
+from paths import ASSETS, SOUNDS, WORK
+
+
+def make_music():
+    """Play the piece and pack it. A fixed serial number keeps the file the same from build to build."""
+    WORK.mkdir(parents=True, exist_ok=True)
+    SOUNDS.mkdir(exist_ok=True)
+    sound = WORK / "low_tide.wav"
+    subprocess.run([ASSETS / "music" / "low_tide.py", sound], check=True)
+    subprocess.run(["oggenc", "-Q", "-q", "4", "--serial", "1", "-t", "Low Tide", "-o", SOUNDS / "1.ogg", sound],
+                   check=True)
+
+
+# in the order they need each other: the progress board shows the island by day
+STEPS = {"strips": title.make_strips, "title": title.make_title, "icon": icon.make, "windows": windows.make,
+         "game_bars": game_bars.make, "music": make_music, "check": check_pictures.check}
+
+
+def main():
+    wanted = sys.argv[1:] or list(STEPS)
+    unknown = [step for step in wanted if step not in STEPS]
+    if unknown:
+        raise SystemExit(f"unknown: {' '.join(unknown)}; the steps are {' '.join(STEPS)}")
+    for step in wanted:
+        print(f"making {step}", flush=True)
+        STEPS[step]()
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,60 @@
+#include "server/ChatCommands.h"
+
+#include "server/ChatText.h"
+#include "server/Place.h"
+#include "server/Session.h"
+
+namespace tolva {
+namespace {
+
+constexpr std::size_t kLongestAnswer = 900;
+constexpr std::size_t kEchoedAtMost = 20;
+
+}  // namespace
+
+struct ChatCommands::Command {
+  const char* word;
+  const char* help;
+  void (ChatCommands::*run)(Session&, const std::string&, TimePoint) const;
+};
+
+const ChatCommands::Command ChatCommands::kCommands[] = {
+    {"/help", "/help lists the commands", &ChatCommands::Help},
+    {"/who", "/who names everybody who is here", &ChatCommands::Who},
+    {"/me", "/me waves tells all that you wave", &ChatCommands::Me},
+};
+
+void ChatCommands::Run(Session& session, const std::string& line, TimePoint now) const {
+  const std::string word = line.substr(0, line.find(' '));
+  const std::size_t restBegin = line.find_first_not_of(' ', word.size());
+  for (const Command& command : kCommands) {
+    if (FoldCase(word) != command.word) continue;
+    return (this->*command.run)(session, restBegin == line.npos ? "" : line.substr(restBegin), now);
+  }
+  session.Tell("There is no command " + word.substr(0, kEchoedAtMost) + ". Type /help for those there are.");
+}
+
+void ChatCommands::Help(Session& session, const std::string&, TimePoint) const {
+  for (const Command& command : kCommands) session.Tell(command.help);
+}
+
+void ChatCommands::Who(Session& session, const std::string&, TimePoint) const {
+  const auto names = mReception.GetNames();
+  std::string answer = std::to_string(names.size()) + (names.size() == 1 ? " player is here:" : " players are here:");
+  for (const std::string& name : names) {
+    if (answer.size() > kLongestAnswer) {
+      session.Tell(answer);
+      answer = "...";
+    }
+    answer += ' ' + name + (&name == &names.back() ? "" : ",");
+  }
+  session.Tell(answer);
+}
+
+void ChatCommands::Me(Session& session, const std::string& rest, TimePoint now) const {
+  if (IsAllBlank(rest)) return session.Tell("Type what you do after /me, as in: /me waves");
+  // Under the user's own name, so that nobody can make a line look like the server's.
+  session.GetPlace()->Say(session, "* " + rest, now);
+}
+
+}  // namespace tolva

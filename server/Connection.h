@@ -1,0 +1,71 @@
+#pragma once
+
+#include <asio/ip/tcp.hpp>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "protocol/RecordCutter.h"
+#include "server/ClientLink.h"
+#include "server/ServerTime.h"
+
+namespace tolva {
+
+class Connection;
+
+// Who hears of what happens on connections. All calls come from the event loop.
+class ConnectionListener {
+ public:
+  virtual ~ConnectionListener() = default;
+  virtual void OnPacket(Connection& connection, const Packet& packet) = 0;
+  // Before the packet is queued.
+  virtual void OnSending(Connection& connection, const Packet& packet) = 0;
+  // The last call for this connection, never from within another one.
+  virtual void OnClosed(Connection& connection, const std::string& why) = 0;
+};
+
+// A client's socket: cuts what arrives into packets, queues what is to go, answers pings. Lives as long as an operation
+// on its socket is under way; used on the event loop's thread.
+class Connection final : public ClientLink, public std::enable_shared_from_this<Connection> {
+ public:
+  // Most bytes that wait for a client to read them: some 250 of the longest chat lines, besides what the system holds.
+  static constexpr std::size_t kMostQueued = std::size_t{256} * 1024;
+
+  // The listener must outlive the connection. Nothing happens before Start.
+  Connection(asio::ip::tcp::socket socket, ClientId id, ConnectionListener& listener);
+  void Start();
+
+  ClientId GetId() const { return mId; }
+
+  void Send(const Packet& packet) override;
+  void CloseAfterSending() override;
+  // Ends a farewell that the client does not take. To be called several times a second.
+  void CheckDeadline(TimePoint now);
+
+ private:
+  enum class State {
+    Open,
+    SayingGoodbye,    // sends what is queued; what arrives is thrown away
+    AwaitingGoodbye,  // all is sent and our side closed; the client has not closed its own yet
+    Closed
+  };
+
+  void Read();
+  void DeliverPackets();
+  void Write();
+  void SayGoodbye();
+  void Close(const std::string& why);
+
+  asio::ip::tcp::socket mSocket;
+  ClientId mId;
+  ConnectionListener& mListener;
+  State mState = State::Open;
+  TimePoint mDeadline = TimePoint::max();
+  RecordCutter mCutter;
+  PacketConverter mConverter;
+  std::vector<std::uint8_t> mQueued;
+  std::vector<std::uint8_t> mOnTheWay;
+};
+
+}  // namespace tolva

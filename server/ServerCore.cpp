@@ -1,0 +1,194 @@
+#include "server/ServerCore.h"
+
+#include <utility>
+
+#include "foundation/Text.h"
+#include "protocol/PacketList.h"
+#include "server/ChatText.h"
+
+namespace tolva {
+namespace {
+
+// What a client of this version may send. Everything else is sent by nobody who means well.
+using PacketsFromClients = TypeList<PacketInternPing, PacketInternPong, PacketConnectionRequest, PacketLoginRequest,
+                                    PacketLogout, PacketChatMsg, PacketEnterChatRequest, PacketQuit, PacketServerInfo,
+                                    PacketClientInfo, PacketAreaVersion, PacketEnterGameRequest, PacketMoveRequest>;
+
+template <typename... Packets>
+bool IsOneOf(const Packet& packet, TypeList<Packets...>) {
+  return (... || (PacketCast<Packets>(&packet) != nullptr));
+}
+
+template <typename PacketType>
+bool Is(const Packet& packet) {
+  return PacketCast<PacketType>(&packet) != nullptr;
+}
+
+PacketServerInfo MakeServerInfo() {
+  PacketServerInfo info;
+  static_cast<VersionNumbers&>(info) = {kVersionMajor, kVersionMinor, kVersionBugfix};
+  return info;
+}
+
+}  // namespace
+
+ServerCore::ServerCore(const ServerOptions& options, ServerLog& log, TimePoint now)
+    : mLog(log),
+      mStart(now),
+      mDayClock(now, std::chrono::minutes(options.dayMinutes)),
+      mReception(options.maxUsers),
+      mCommands(mReception) {}
+
+void ServerCore::Connect(ClientId id, ClientLink& link, const std::string& address, TimePoint now) {
+  MakeRoomForNewcomer(now);
+  auto& session = mSessions[id] = std::make_unique<Session>(id, link, now);
+  Log(*session, "connected from " + address, now);
+}
+
+void ServerCore::Receive(ClientId id, const Packet& packet, TimePoint now) {
+  const auto found = mSessions.find(id);
+  if (found == mSessions.end()) return;
+  Session& session = *found->second;
+  mLog.Received(id, packet, now);
+  if (session.CountPacket(now)) {
+    Dispatch(session, packet, now);
+  } else {
+    Drop(session, "Your client sends too much at once.", "dropped: too many packets", now);
+  }
+  RemoveGone(now);
+}
+
+void ServerCore::Disconnect(ClientId id, const std::string& why, TimePoint now) {
+  const auto found = mSessions.find(id);
+  if (found == mSessions.end()) return;
+  Log(*found->second, "disconnected: " + why, now);
+  MarkGone(*found->second);
+  RemoveGone(now);
+}
+
+void ServerCore::Tick(TimePoint now) {
+  for (const auto& [id, session] : mSessions) CheckPatience(*session, now);
+  RemoveGone(now);
+  if (const std::uint8_t darkness = mDayClock.GetDarkness(now); darkness != mDarkness) {
+    mDarkness = darkness;
+    mLobby.SetDarkness(darkness);
+  }
+  mLobby.Tick(now);
+}
+
+void ServerCore::Shutdown(TimePoint now) {
+  for (const auto& [id, session] : mSessions)
+    Drop(*session, "The server is closing down. Goodbye!", "sent home: closing down", now);
+  RemoveGone(now);
+}
+
+void ServerCore::Dispatch(Session& session, const Packet& packet, TimePoint now) {
+  if (!IsOneOf(packet, PacketsFromClients{}))
+    return Drop(session, "Your client sent something that no client sends.",
+                "dropped: sent a packet of code " + std::to_string(packet.mEnmCode), now);
+  if (const auto* login = PacketCast<PacketLoginRequest>(&packet)) return HandleLogin(session, *login, now);
+  if (Is<PacketQuit>(packet) || Is<PacketLogout>(packet)) return Drop(session, "Goodbye!", "quit", now);
+  if (!session.IsLoggedIn()) return;
+
+  if (const auto* chat = PacketCast<PacketChatMsg>(&packet)) return HandleChatLine(session, chat->mStrMsg, now);
+  if (Is<PacketServerInfo>(packet)) return session.Send(MakeServerInfo());
+  if (Is<PacketEnterGameRequest>(packet)) return session.Tell("The way into the world is not open yet.");
+  if (Is<PacketEnterChatRequest>(packet)) return Move(session, mLobby, now);
+  session.GetPlace()->Handle(session, packet, now);
+}
+
+void ServerCore::HandleLogin(Session& session, const PacketLoginRequest& request, TimePoint now) {
+  // Return pressed twice sends the request twice.
+  if (session.IsLoggedIn()) return;
+  const std::string refusal = mReception.Refuse(request);
+  if (refusal.empty()) {
+    mReception.Admit(request.mStrLogin);
+    session.LogIn(request.mStrLogin);
+    Log(session, "logged in", now);
+    return Move(session, mLobby, now);
+  }
+  Log(session, "denied as " + Quote(request.mStrLogin) + ": " + refusal, now);
+  if (!session.CountDenial(now)) return Drop(session, refusal, "dropped: too many denied logins", now);
+  PacketLoginDeny deny;
+  CopyText(deny.mStrReason, refusal.c_str());
+  session.Send(deny);
+}
+
+void ServerCore::HandleChatLine(Session& session, const char* text, TimePoint now) {
+  switch (session.CountChatLine(now)) {
+    case Session::Manners::Fine:
+      break;
+    case Session::Manners::Warn:
+      Log(session, "warned: too many chat lines", now);
+      return session.Tell(
+          "Please write more slowly: that line was not passed on, and the next in haste throws you out.");
+    case Session::Manners::Unbearable:
+      return Drop(session, "You were thrown out for writing too many lines at once.", "dropped: too many chat lines",
+                  now);
+  }
+  const std::string line = WithoutInvisible(text);
+  if (IsAllBlank(line)) return;
+  if (ChatCommands::IsCommand(line)) return mCommands.Run(session, line, now);
+  session.GetPlace()->Say(session, line, now);
+}
+
+void ServerCore::Move(Session& session, Place& place, TimePoint now) {
+  if (session.GetPlace() == &place) return;
+  if (session.GetPlace() != nullptr) session.GetPlace()->Leave(session, now);
+  session.SetPlace(&place);
+  place.Enter(session, now);
+}
+
+void ServerCore::CheckPatience(Session& session, TimePoint now) {
+  if (session.IsSilent(now)) return Drop(session, "Nothing was heard from your client.", "dropped: silent", now);
+  if (session.HasWaitedTooLong(now))
+    return Drop(session, "The login took too long. Please start the client again.", "dropped: no login", now);
+  if (!session.TakePingDue(now)) return;
+  const auto tick = std::chrono::duration_cast<std::chrono::milliseconds>(now - mStart).count();
+  session.Send(PacketInternPing(static_cast<std::uint32_t>(tick)));
+}
+
+void ServerCore::MakeRoomForNewcomer(TimePoint now) {
+  Session* longest = nullptr;
+  std::size_t waiting = 0;
+  for (const auto& [id, session] : mSessions) {
+    if (session->IsLoggedIn()) continue;
+    ++waiting;
+    if (longest == nullptr || session->GetWaitingSince() < longest->GetWaitingSince()) longest = session.get();
+  }
+  if (waiting < kMaxWaitingClients) return;
+  // Whoever means to log in does so at once, so the one that has waited longest is the one least missed.
+  Drop(*longest, "Too many are at the door. Please start the client again.", "dropped: made room for another", now);
+  RemoveGone(now);
+}
+
+void ServerCore::Drop(Session& session, const std::string& farewell, const std::string& why, TimePoint now) {
+  Log(session, why, now);
+  session.CloseWith(farewell);
+  MarkGone(session);
+}
+
+void ServerCore::MarkGone(Session& session) {
+  session.MarkGone();
+  mSomeAreGone = true;
+}
+
+void ServerCore::Log(const Session& session, const std::string& text, TimePoint now) {
+  mLog.Event(session.GetLabel() + ' ' + text, now);
+}
+
+void ServerCore::RemoveGone(TimePoint now) {
+  if (!std::exchange(mSomeAreGone, false)) return;
+  for (auto entry = mSessions.begin(); entry != mSessions.end();) {
+    Session& session = *entry->second;
+    if (!session.IsGone()) {
+      ++entry;
+      continue;
+    }
+    if (session.GetPlace() != nullptr) session.GetPlace()->Leave(session, now);
+    if (session.IsLoggedIn()) mReception.Release(session.GetName());
+    entry = mSessions.erase(entry);
+  }
+}
+
+}  // namespace tolva

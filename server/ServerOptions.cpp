@@ -1,0 +1,41 @@
+#include "server/ServerOptions.h"
+
+#include <CLI/CLI.hpp>
+
+#include "protocol/VersionNumbers.h"
+
+namespace tolva {
+namespace {
+
+// The macro ends the function around it with the exit status.
+int Parse(CLI::App& app, int argc, char** argv, bool& goOn) {
+  CLI11_PARSE(app, argc, argv)
+  goOn = true;
+  return 0;
+}
+
+}  // namespace
+
+std::optional<int> ServerOptions::Read(int argc, char** argv) {
+  CLI::App app("The server of Tolva: lets clients of the same version log in and chat.", "tolva-server");
+  app.set_version_flag("--version", "tolva-server " + std::to_string(kVersionMajor) + '.' +
+                                        std::to_string(kVersionMinor) + '.' + std::to_string(kVersionBugfix));
+  app.add_option("--port", port, "TCP port to listen on; 0 picks a free one")->capture_default_str();
+  app.add_option("--bind", bind, "IPv4 address to listen on; 0.0.0.0 lets other machines in")
+      ->check(CLI::ValidIPV4)
+      ->capture_default_str();
+  app.add_option("--world-seed", worldSeed, "number that the world grows from")->capture_default_str();
+  app.add_option("--max-users", maxUsers, "most users logged in at the same time")
+      ->check(CLI::Range(std::size_t{1}, kMostUsers))
+      ->capture_default_str();
+  app.add_option("--day-minutes", dayMinutes, "length of a day in minutes")
+      ->check(CLI::Range(1, 24 * 60))
+      ->capture_default_str();
+  app.add_flag("--verbose", verbose, "log every packet too");
+
+  bool goOn = false;
+  const int status = Parse(app, argc, argv, goOn);
+  return goOn ? std::nullopt : std::optional(status);
+}
+
+}  // namespace tolva

@@ -1,0 +1,83 @@
+#include "server/Session.h"
+
+#include "protocol/ChatPackets.h"
+#include "server/ChatText.h"
+#include "server/NamePolicy.h"
+
+namespace tolva {
+namespace {
+
+using std::chrono::minutes;
+using std::chrono::seconds;
+
+// A client pauses a tenth of a second after each packet but pings, so it sends little more than 100 in ten seconds.
+constexpr std::size_t kPacketsAtOnce = 600;
+constexpr std::size_t kChatLinesAtOnce = 20;
+constexpr auto kFloodWindow = seconds(10);
+constexpr auto kWarningCounts = minutes(1);
+constexpr int kMaxDenials = 20;
+constexpr auto kFirstLoginWithin = seconds(30);
+constexpr auto kNextLoginWithin = minutes(5);
+constexpr auto kPingEvery = seconds(10);
+constexpr auto kSilenceAllowed = seconds(30);
+
+}  // namespace
+
+Session::Session(ClientId id, ClientLink& link, TimePoint now)
+    : mId(id),
+      mLink(link),
+      mPackets(kPacketsAtOnce, kFloodWindow),
+      mChatLines(kChatLinesAtOnce, kFloodWindow),
+      mWarnings(1, kWarningCounts),
+      mWaitingSince(now),
+      mLastHeard(now),
+      mLastPing(now) {}
+
+std::string Session::GetLabel() const {
+  const std::string number = '#' + std::to_string(mId);
+  return IsLoggedIn() ? number + ' ' + Quote(mName) : number;
+}
+
+void Session::Tell(const std::string& line) { Send(PacketChatMsg(kServerSender, line.c_str())); }
+
+void Session::CloseWith(const std::string& farewell) {
+  if (IsLoggedIn()) {
+    Tell(farewell);
+  } else {
+    PacketLoginDeny deny;
+    CopyText(deny.mStrReason, farewell.c_str());
+    Send(deny);
+  }
+  mLink.CloseAfterSending();
+}
+
+bool Session::CountPacket(TimePoint now) {
+  mLastHeard = now;
+  return mPackets.Allow(now);
+}
+
+Session::Manners Session::CountChatLine(TimePoint now) {
+  if (mChatLines.Allow(now)) return Manners::Fine;
+  return mWarnings.Allow(now) ? Manners::Warn : Manners::Unbearable;
+}
+
+bool Session::CountDenial(TimePoint now) {
+  mWaitingSince = now;
+  return ++mDenials < kMaxDenials;
+}
+
+bool Session::IsSilent(TimePoint now) const { return now - mLastHeard >= kSilenceAllowed; }
+
+bool Session::HasWaitedTooLong(TimePoint now) const {
+  if (IsLoggedIn()) return false;
+  const Duration allowed = mDenials == 0 ? Duration(kFirstLoginWithin) : Duration(kNextLoginWithin);
+  return now - mWaitingSince >= allowed;
+}
+
+bool Session::TakePingDue(TimePoint now) {
+  const bool isDue = now - mLastPing >= kPingEvery;
+  if (isDue) mLastPing = now;
+  return isDue;
+}
+
+}  // namespace tolva

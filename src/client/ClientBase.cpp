@@ -1,0 +1,192 @@
+#include "client/ClientBase.h"
+
+#include <algorithm>
+
+#include "protocol/PacketList.h"
+
+namespace tolva {
+
+namespace {
+
+constexpr std::uint32_t kPauseMs = 5;
+constexpr std::uint32_t kPingIntervalMs = 2500;
+constexpr std::uint16_t kLobbyMusic = 1;
+
+}  // namespace
+
+ClientBase::ClientBase(Mailbox* mailbox) : ManagerThread(mailbox) {
+  Report(mErrHandler, "ClientBase", "ClientBase", [&] {
+    mInfoHandler.SetModuleName("ClientBase");
+    SetState(eClientStateNotConnected);
+    mServerInstance = std::make_unique<ServerInstance>(&mServerMailbox);
+    Send(&mServerMailbox, std::make_unique<PacketInternCentralMailbox>(mMailbox));
+    mSoundManager = std::make_unique<SoundManager>(&mSoundMailbox);
+    Send(&mSoundMailbox, std::make_unique<PacketInternCentralMailbox>(mMailbox));
+    mLastPing = SDL_GetTicks();
+    Start();
+  });
+}
+
+ClientBase::~ClientBase() {
+  Report(mErrHandler, "~ClientBase", "~ClientBase", [&] { Log(InfoLevel::Progress, "Terminating"); });
+}
+
+void ClientBase::Run() {
+  Report(mErrHandler, "ClientBase", "Run", [&] { Log(InfoLevel::Progress, "Running"); });
+  RunPasses("ClientBase", kPauseMs, [&] {
+    HandleMyMailbox();
+    Ping();
+  });
+}
+
+void ClientBase::HandleMyMailbox() {
+  Guard("ClientBase", "HandleMyMailbox", [&] {
+    if (IsDisplayBehind()) return;
+    std::unique_ptr<Packet> packet(FetchMail());
+    if (packet == nullptr) return;
+    if (packet->mObjSource == &mServerMailbox) return HandleMailFromServer(std::move(packet));
+    if (IsFromDisplay(*packet)) return HandleMailFromDisplay(std::move(packet));
+    if (const auto* announcement = PacketCast<PacketInternCentralMailbox>(packet.get())) {
+      AdoptDisplay(announcement->mObjMailbox);
+    }
+  });
+}
+
+bool ClientBase::IsFromDisplay(const Packet& packet) const {
+  return mIsDisplayKnown && packet.mObjSource == mDisplayMailbox;
+}
+
+// Mail that waits here makes the server instance wait in turn, so a display that cannot keep up costs bounded memory.
+bool ClientBase::IsDisplayBehind() { return mIsDisplayKnown && mDisplayMailbox->GetCount() > kMailboxHighWater; }
+
+void ClientBase::AdoptDisplay(Mailbox* mailbox) {
+  mDisplayMailbox = mailbox;
+  mIsDisplayKnown = mailbox != nullptr;
+  Send(mDisplayMailbox, std::make_unique<PacketInternRepository>(&mRepository));
+}
+
+void ClientBase::Ping() {
+  Guard("ClientBase", "Ping", [&] {
+    const std::uint32_t now = SDL_GetTicks();
+    if (now - mLastPing <= kPingIntervalMs) return;
+    Send(&mServerMailbox, std::make_unique<PacketInternPing>(now));
+    mLastPing = now;
+  });
+}
+
+void ClientBase::SetState(ClientState state) {
+  Guard("ClientBase", "SetState", [&] {
+    mState = state;
+    const auto text = [&] {
+      switch (state) {
+        case eClientStateNotConnected:
+          return "Changed state to eClientStateNotConnected";
+        case eClientStateInChat:
+          return "Changed state to eClientStateInChat";
+        case eClientStateInGame:
+          return "Changed state to eClientStateInGame";
+      }
+      return "Changed state to unknown state !!!";
+    };
+    Log(InfoLevel::Progress, text());
+  });
+}
+
+// A code that has no row in its table is deleted.
+void ClientBase::HandleMailFromDisplay(std::unique_ptr<Packet> packet) {
+  static constexpr Route kRoutes[] = {
+      {PacketLoginRequest::kCode, Target::Server, &ClientBase::As<PacketLoginRequest, &ClientBase::StampVersion>},
+      {PacketChatMsg::kCode, Target::Server},
+      {PacketEnterChatRequest::kCode, Target::Server},
+      {PacketQuit::kCode, Target::Display, &ClientBase::Quit},
+      {PacketServerInfo::kCode, Target::Server},
+      {PacketEnterGameRequest::kCode, Target::Server},
+      {PacketMoveRequest::kCode, Target::Server},
+      {PacketMusicPlay::kCode, Target::Sound},
+      {PacketMusicStop::kCode, Target::Sound},
+  };
+  Guard("ClientBase", "HandleMailFromDisplay", [&] {
+    LogTraffic("Recieved from display", *packet);
+    Dispatch(kRoutes, std::move(packet));
+  });
+}
+
+// Deleted are, besides what no server should send, the answers that need no reaction (the accepted login is followed by
+// the accepted chat) and music orders: the client chooses what it plays.
+void ClientBase::HandleMailFromServer(std::unique_ptr<Packet> packet) {
+  static constexpr Route kRoutes[] = {
+      {PacketInternConnectionLost::kCode, Target::Display},
+      {PacketInternPong::kCode, Target::Display},
+      {PacketLoginDeny::kCode, Target::Display},
+      {PacketChatMsg::kCode, Target::Display},
+      {PacketChatUsers::kCode, Target::Display},
+      {PacketEnterChatAccept::kCode, Target::Display, &ClientBase::EnterChat},
+      {PacketUserInGame::kCode, Target::Display},
+      {PacketQuit::kCode, Target::Display, &ClientBase::ServerQuit},
+      {PacketServerInfo::kCode, Target::Display},
+      {PacketAreaGround::kCode, Target::Display},
+      {PacketAreaVolu::kCode, Target::Display},
+      {PacketEnterGameRequest::kCode, Target::Display},
+      {PacketEnterGameAccept::kCode, Target::Display, &ClientBase::EnterGame},
+      {PacketGameChatMsg::kCode, Target::Display},
+      {PacketMove::kCode, Target::Display},
+      {PacketCharPosition::kCode, Target::Display},
+      {PacketAddChar::kCode, Target::Display},
+      {PacketRemoveChar::kCode, Target::Display},
+      {PacketDarkness::kCode, Target::Display},
+  };
+  Guard("ClientBase", "HandleMailFromServer", [&] {
+    LogTraffic("Recieved from server", *packet);
+    Dispatch(kRoutes, std::move(packet));
+  });
+}
+
+void ClientBase::Dispatch(std::span<const Route> routes, std::unique_ptr<Packet> packet) {
+  const auto route =
+      std::find_if(routes.begin(), routes.end(), [&](const Route& r) { return r.code == packet->mEnmCode; });
+  if (route == routes.end() || !IsGenuine(*packet)) return;
+  if (route->step != nullptr) (this->*route->step)(*packet);
+  Send(MailboxOf(route->target), std::move(packet));
+}
+
+Mailbox* ClientBase::MailboxOf(Target target) {
+  switch (target) {
+    case Target::Server:
+      return &mServerMailbox;
+    case Target::Sound:
+      return &mSoundMailbox;
+    case Target::Display:
+      return mDisplayMailbox;
+  }
+  return nullptr;
+}
+
+void ClientBase::StampVersion(PacketLoginRequest& request) {
+  request.mUintVersionMajor = kVersionMajor;
+  request.mUintVersionMinor = kVersionMinor;
+  request.mUintVersionBugfix = kVersionBugfix;
+}
+
+void ClientBase::EnterChat(Packet&) {
+  SetState(eClientStateInChat);
+  Send(&mSoundMailbox, std::make_unique<PacketMusicPlay>(kLobbyMusic));
+}
+
+void ClientBase::EnterGame(Packet&) { SetState(eClientStateInGame); }
+
+void ClientBase::ServerQuit(Packet& quit) {
+  SetState(eClientStateNotConnected);
+  Quit(quit);
+}
+
+void ClientBase::Quit(Packet& quit) {
+  Send(&mServerMailbox, std::unique_ptr<Packet>(quit.Clone()));
+  if (mServerInstance != nullptr) mServerInstance->WaitThread(nullptr);
+  Log(InfoLevel::Progress, "Thread ServerInstance returned");
+  Send(&mSoundMailbox, std::unique_ptr<Packet>(quit.Clone()));
+  if (mSoundManager != nullptr) mSoundManager->WaitThread(nullptr);
+  Log(InfoLevel::Progress, "Thread SoundManager returned");
+  mRunning = false;
+}
+
+}  // namespace tolva

@@ -1,0 +1,326 @@
+#include "controls/ControlBasic.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "controls/FlagScope.h"
+#include "controls/SdlCalls.h"
+#include "foundation/Guard.h"
+
+namespace tolva {
+
+namespace {
+
+constexpr char kModule[] = "ControlBasic";
+
+Sint16 ToPosition(int value) {
+  using Limits = std::numeric_limits<Sint16>;
+  return static_cast<Sint16>(std::clamp<int>(value, Limits::min(), Limits::max()));
+}
+
+Uint16 ToSize(int value) { return static_cast<Uint16>(std::clamp<int>(value, 0, std::numeric_limits<Uint16>::max())); }
+
+Uint32 MapColor(const SDL_Surface& surface, Rgb color) { return SDL_MapRGB(surface.format, color.r, color.g, color.b); }
+
+}  // namespace
+
+ControlBasic::ControlBasic(std::uint32_t id, SDL_Surface* parentSurface, void* context, ControlCallback callback)
+    : mCallback(callback), mContext(context), mParentSurface(parentSurface), mId(id) {
+  GuardControl(kModule, "ControlBasic", [&] {
+    ControlBasic::SetBackgroundColor(255, 255, 255);
+    mSurfaceBuildingAllowed = true;
+    CreateBaseSurface();
+  });
+}
+
+// ---- Events ----
+
+void ControlBasic::HandleSdlEvent(SDL_Event event) {
+  GuardControl(kModule, "HandleSdlEvent", [&] {
+    SetActive(true);
+    if (event.type == SDL_MOUSEBUTTONDOWN) RoutePress(event.button);
+    // Nothing may follow: whoever handles the event may change the tree.
+    if (mFocusedControl != nullptr) {
+      mFocusedControl->HandleSdlEvent(event);
+    } else {
+      SdlEventHandler(event);
+    }
+  });
+}
+
+void ControlBasic::RoutePress(SDL_MouseButtonEvent& press) {
+  mFocusedControl = nullptr;
+  press.x = static_cast<Uint16>(press.x - mRect.x);
+  press.y = static_cast<Uint16>(press.y - mRect.y);
+  // First everything below loses the focus, then the path down to here gets it back.
+  SetActive(false);
+  SetActive(true);
+  const auto hit = std::find_if(mSubControls.begin(), mSubControls.end(),
+                                [&](const auto& control) { return control->IsHit(press.x, press.y); });
+  if (hit != mSubControls.end()) {
+    ControlBasic& control = **hit;
+    if (!control.mKeepOrder) mSubControls.splice(mSubControls.begin(), mSubControls, hit);
+    mFocusedControl = &control;
+    control.SetActive(true);
+  }
+  // A drag that starts with this press counts from here.
+  SDL_GetRelativeMouseState(nullptr, nullptr);
+}
+
+bool ControlBasic::IsHit(int x, int y) const {
+  const bool inside = x >= mRect.x && x <= mRect.x + mRect.w && y >= mRect.y && y <= mRect.y + mRect.h;
+  return inside && mEnabled && mVisible;
+}
+
+void ControlBasic::SetActive(bool active) {
+  GuardControl(kModule, "SetActive", [&] {
+    mActive = active;
+    if (!active) {
+      for (const auto& control : mSubControls) control->SetActive(false);
+      mFocusedControl = nullptr;
+    } else if (mParentControl != nullptr) {
+      mParentControl->SetFocusedControl(this);
+      mParentControl->SetActive(true);
+    }
+  });
+}
+
+void ControlBasic::SdlEventHandler(SDL_Event) {}
+
+void ControlBasic::EventHandler(ControlEvent) {}
+
+void ControlBasic::ReportEvent(std::uint32_t code) {
+  if (mCallback != nullptr) mCallback({this, mContext, code});
+}
+
+void ControlBasic::CallbackWrapper(ControlEvent event) {
+  GuardControl(kModule, "CallbackWrapper", [&] {
+    if (event.receiver != nullptr) static_cast<ControlBasic*>(event.receiver)->EventHandler(event);
+  });
+}
+
+// ---- Frames ----
+
+void ControlBasic::Blit() {
+  GuardControl(kModule, "Blit", [&] {
+    if (mBaseSurface == nullptr || !mVisible) return;
+    if (mClearOnBlit) FillWithBackgroundColor("Blit");
+    for (auto control = mSubControls.rbegin(); control != mSubControls.rend(); ++control) (*control)->Blit();
+    if (mOverrideBaseSurface) return;
+    CheckSdl(CopyWhole(mBaseSurface.get(), mParentSurface, mRect.x, mRect.y), kModule, "Blit");
+  });
+}
+
+void ControlBasic::Refresh(bool recursive) {
+  GuardControl(kModule, "Refresh", [&] {
+    if (!mRefreshEnabled) return;
+    if (mBaseSurface != nullptr) {
+      PaintBackground();
+      PaintFrame();
+    }
+    if (!recursive) return;
+    for (const auto& control : mSubControls) control->Refresh(true);
+  });
+}
+
+void ControlBasic::PaintBackground() {
+  // A picture without any pixels would be tiled for ever.
+  if (mBackgroundSurface != nullptr && mBackgroundSurface->w > 0 && mBackgroundSurface->h > 0) {
+    PaintTiles();
+    return;
+  }
+  // What shows through must be as new, without the old look of this control.
+  if (mBackgroundColor == kTransparentColor && mParentControl != nullptr) mParentControl->Refresh(false);
+  FillWithBackgroundColor("Refresh");
+}
+
+void ControlBasic::FillWithBackgroundColor(const char* method) {
+  SDL_Surface& base = *mBaseSurface;
+  if (base.w == 0 || base.h == 0) return;
+  CheckSdl(SDL_FillRect(&base, nullptr, MapColor(base, mBackgroundColor)) == 0, kModule, method);
+}
+
+void ControlBasic::PaintTiles() {
+  for (int x = 0; x < mBaseSurface->w; x += mBackgroundSurface->w) {
+    for (int y = 0; y < mBaseSurface->h; y += mBackgroundSurface->h) {
+      CheckSdl(CopyWhole(mBackgroundSurface, mBaseSurface.get(), x, y), kModule, "Refresh");
+    }
+  }
+}
+
+void ControlBasic::PaintFrame() {
+  if (mBorderSurface == nullptr) return;
+  constexpr int kCorner = kFrameWidth;
+  constexpr int kEdge = 28;
+  constexpr int kFar = kCorner + kEdge;
+  const int right = mBaseSurface->w - kCorner;
+  const int bottom = mBaseSurface->h - kCorner;
+  const auto paint = [this](Area2d piece, int x, int y) {
+    CheckSdl(CopyPart(mBorderSurface, piece, mBaseSurface.get(), x, y), kModule, "Refresh");
+  };
+  for (int x = 0; x < mBaseSurface->w; x += kEdge) {
+    paint({kCorner, 0, kEdge, kCorner}, x, 0);
+    paint({kCorner, kFar, kEdge, kCorner}, x, bottom);
+  }
+  for (int y = 0; y < mBaseSurface->h; y += kEdge) {
+    paint({0, kCorner, kCorner, kEdge}, 0, y);
+    paint({kFar, kCorner, kCorner, kEdge}, right, y);
+  }
+  paint({0, 0, kCorner, kCorner}, 0, 0);
+  paint({kFar, 0, kCorner, kCorner}, right, 0);
+  paint({0, kFar, kCorner, kCorner}, 0, bottom);
+  paint({kFar, kFar, kCorner, kCorner}, right, bottom);
+}
+
+// ---- Surfaces ----
+
+void ControlBasic::CreateBaseSurface() {
+  GuardControl(kModule, "CreateBaseSurface", [&] {
+    if (!mSurfaceBuildingAllowed) return;
+    mBaseSurface.reset();
+    // None of them may keep the freed surface if the new one cannot be built.
+    PassSurfaceToSubControls();
+    const SDL_Surface* video = SDL_GetVideoSurface();
+    if (video == nullptr) throw new Error(kModule, "CreateBaseSurface", "No video mode has been set");
+    SurfacePtr base(MakeDisplaySurface(mRect.w, mRect.h, *video));
+    CheckSdl(base != nullptr, kModule, "CreateBaseSurface");
+    CheckSdl(SDL_SetColorKey(base.get(), SDL_SRCCOLORKEY, MapColor(*base, kTransparentColor)) == 0, kModule,
+             "CreateBaseSurface");
+    mBaseSurface = std::move(base);
+    PassSurfaceToSubControls();
+    Refresh(true);
+  });
+}
+
+SDL_Surface* ControlBasic::GetSurfaceForSubControls() const {
+  return mOverrideBaseSurface ? mParentSurface : mBaseSurface.get();
+}
+
+void ControlBasic::PassSurfaceToSubControls() {
+  for (const auto& control : mSubControls) control->SetParentSurface(GetSurfaceForSubControls());
+}
+
+void ControlBasic::SetParentSurface(SDL_Surface* surface) {
+  GuardControl(kModule, "SetParentSurface", [&] {
+    mParentSurface = surface;
+    if (mOverrideBaseSurface) PassSurfaceToSubControls();
+  });
+}
+
+void ControlBasic::SetOverrideBaseSurface(bool overrideBaseSurface) {
+  GuardControl(kModule, "SetOverrideBaseSurface", [&] {
+    mOverrideBaseSurface = overrideBaseSurface;
+    PassSurfaceToSubControls();
+  });
+}
+
+// ---- Geometry ----
+
+void ControlBasic::SetX(int x) { mRect.x = ToPosition(x); }
+
+void ControlBasic::SetY(int y) { mRect.y = ToPosition(y); }
+
+void ControlBasic::SetWidth(int width) {
+  GuardControl(kModule, "SetWidth", [&] {
+    if (ToSize(width) == mRect.w) return;
+    mRect.w = ToSize(width);
+    CreateBaseSurface();
+  });
+}
+
+void ControlBasic::SetHeight(int height) {
+  GuardControl(kModule, "SetHeight", [&] {
+    if (ToSize(height) == mRect.h) return;
+    mRect.h = ToSize(height);
+    CreateBaseSurface();
+  });
+}
+
+void ControlBasic::SetPosition(int x, int y) {
+  GuardControl(kModule, "SetPosition", [&] {
+    SetY(y);
+    SetX(x);
+  });
+}
+
+void ControlBasic::SetSize(int width, int height) {
+  GuardControl(kModule, "SetSize", [&] {
+    {
+      const FlagScope oneBuildingIsEnough(mSurfaceBuildingAllowed, false);
+      SetHeight(height);
+      SetWidth(width);
+    }
+    CreateBaseSurface();
+  });
+}
+
+void ControlBasic::SetPosition(int x, int y, int width, int height) {
+  GuardControl(kModule, "SetPosition", [&] {
+    const int widthBefore = GetWidth();
+    const int heightBefore = GetHeight();
+    {
+      const FlagScope oneBuildingIsEnough(mSurfaceBuildingAllowed, false);
+      SetPosition(x, y);
+      SetHeight(height);
+      SetWidth(width);
+    }
+    if (GetWidth() != widthBefore || GetHeight() != heightBefore) CreateBaseSurface();
+  });
+}
+
+// ---- Look ----
+
+void ControlBasic::SetBorderSurface(SDL_Surface* surface) {
+  GuardControl(kModule, "SetBorderSurface", [&] {
+    mBorderSurface = surface;
+    Refresh(true);
+  });
+}
+
+void ControlBasic::SetBackgroundColor(std::uint8_t r, std::uint8_t g, std::uint8_t b) {
+  GuardControl(kModule, "SetBackgroundColor", [&] {
+    mBackgroundColor = {r, g, b};
+    Refresh(true);
+  });
+}
+
+void ControlBasic::SetBackgroundSurface(SDL_Surface* surface) {
+  GuardControl(kModule, "SetBackgroundSurface", [&] {
+    mBackgroundSurface = surface;
+    Refresh(true);
+  });
+}
+
+// ---- Tree ----
+
+void ControlBasic::AddSubControl(ControlBasic* child) {
+  GuardControl(kModule, "AddSubControl", [&] {
+    mSubControls.push_front(std::unique_ptr<ControlBasic>(child));
+    child->SetParentSurface(GetSurfaceForSubControls());
+    child->SetParentControl(this);
+  });
+}
+
+bool ControlBasic::RemoveSubControl(std::uint32_t id) {
+  return GuardControl(kModule, "RemoveSubControl", [&] {
+    const auto found = FindSubControl(id);
+    if (found == mSubControls.end()) return false;
+    if (mFocusedControl == found->get()) mFocusedControl = nullptr;
+    mSubControls.erase(found);
+    return true;
+  });
+}
+
+ControlBasic* ControlBasic::GetSubControl(std::uint32_t id) {
+  return GuardControl(kModule, "RemoveSubControl", [&]() -> ControlBasic* {
+    const auto found = FindSubControl(id);
+    return found == mSubControls.end() ? nullptr : found->get();
+  });
+}
+
+ControlBasic::SubControls::iterator ControlBasic::FindSubControl(std::uint32_t id) {
+  return std::find_if(mSubControls.begin(), mSubControls.end(),
+                      [id](const auto& control) { return control->GetId() == id; });
+}
+
+}  // namespace tolva

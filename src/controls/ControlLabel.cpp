@@ -1,0 +1,111 @@
+#include "controls/ControlLabel.h"
+
+#include <algorithm>
+#include <string>
+
+#include "controls/SdlCalls.h"
+#include "foundation/Guard.h"
+#include "foundation/Text.h"
+
+namespace tolva {
+
+namespace {
+
+constexpr char kModule[] = "ControlLabel";
+
+// SDL builds no wider surface.
+constexpr int kMaxSurfaceWidth = 16383;
+
+// A place along one axis: 0 near, 1 in the middle, 2 far.
+int PlaceAlongAxis(std::uint32_t place, int room, int length, int margin) {
+  if (place == 0) return margin;
+  return place == 1 ? (room - length) / 2 : room - length - margin;
+}
+
+// The longest beginning of `text` that can be rendered. What is cut off lies beyond the edge of any control.
+std::string CutToSurface(TTF_Font* font, std::string text, int width) {
+  while (width > kMaxSurfaceWidth) {
+    text.pop_back();
+    width = MeasureText(font, text.c_str(), kModule, "Refresh").width;
+  }
+  return text;
+}
+
+}  // namespace
+
+ControlLabel::ControlLabel(std::uint32_t id, SDL_Surface* parentSurface, void* context, ControlCallback callback)
+    : ControlTextBasic(id, parentSurface, context, callback) {}
+
+void ControlLabel::SetText(const char* text) {
+  GuardControl(kModule, "SetText", [&] {
+    CopyText(mText, static_cast<std::size_t>(mMaxLength) + 1, text);
+    Refresh(true);
+  });
+}
+
+void ControlLabel::SetAlignment(std::uint32_t alignment) {
+  GuardControl(kModule, "SetAlignment", [&] {
+    mAlignment = alignment;
+    Refresh(true);
+  });
+}
+
+void ControlLabel::SetMaxLength(int length) { mMaxLength = std::clamp(length, 0, kTextCapacity - 1); }
+
+void ControlLabel::Refresh(bool recursive) {
+  GuardControl(kModule, "Refresh", [&] {
+    if (!IsRefreshEnabled()) return;
+    ControlTextBasic::Refresh(recursive);
+    RenderText();
+    PlaceText();
+    PaintText();
+  });
+}
+
+void ControlLabel::RenderText() {
+  mTextSurface.reset();
+  mTextWidth = 0;
+  TTF_Font* font = GetFont();
+  if (font == nullptr) return;
+  const bool empty = mText[0] == '\0';
+  // An empty line is as high as any other, for the sake of a text cursor.
+  const TextSize size = MeasureText(font, empty ? "dummy" : mText, kModule, "Refresh");
+  mTextHeight = size.height;
+  if (empty) return;
+  mTextWidth = size.width;
+  // To the library, a text without pixels is a failure.
+  const std::string shown = CutToSurface(font, mText, size.width);
+  if (shown.empty() || size.width <= 0) return;
+  const Rgb color = GetForegroundColor();
+  mTextSurface.reset(TTF_RenderText_Solid(font, shown.c_str(), {color.r, color.g, color.b, 0}));
+  CheckSdl(mTextSurface != nullptr, kModule, "Refresh");
+}
+
+void ControlLabel::PlaceText() {
+  const bool known = mAlignment <= kBottomRight;
+  mTextX = known ? PlaceAlongAxis(mAlignment % 3, GetWidth(), mTextWidth, kMargin) : 0;
+  mTextY = known ? PlaceAlongAxis(mAlignment / 3, GetHeight(), mTextHeight, kMargin) : 0;
+}
+
+void ControlLabel::PaintText() {
+  if (mTextSurface == nullptr || GetBaseSurface() == nullptr) return;
+  const Area2d part{0, 0, GetWidth() - 2 * kMargin, GetHeight()};
+  CheckSdl(CopyPart(mTextSurface.get(), part, GetBaseSurface(), mTextX, mTextY), kModule, "Refresh");
+}
+
+void ControlLabel::SdlEventHandler(SDL_Event event) {
+  GuardControl(kModule, "SdlEventHandler", [&] {
+    switch (event.type) {
+      case SDL_MOUSEBUTTONDOWN:
+        return ReportEvent(kEventMouseDown);
+      case SDL_MOUSEBUTTONUP:
+        return ReportEvent(kEventMouseUp);
+      case SDL_MOUSEMOTION:
+        return ReportEvent(kEventMouseMotion);
+      default:
+        return;
+    }
+  });
+}
+
+}  // namespace tolva

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "controls/ControlTextBasic.h"
+
+namespace tolva {
+
+// One line of text in one of nine places.
+class ControlLabel : public ControlTextBasic {
+ public:
+  static constexpr std::uint32_t kEventMouseDown = 0;
+  // These two arrive while the label has the focus, wherever the mouse is.
+  static constexpr std::uint32_t kEventMouseUp = 1;
+  static constexpr std::uint32_t kEventMouseMotion = 2;
+
+  // The columns left, centre and right of three rows; anything else stands for the upper left corner without a margin.
+  enum Alignment : std::uint32_t {
+    kTopLeft = 0,
+    kTopCenter = 1,
+    kTopRight = 2,
+    kMiddleLeft = 3,
+    kMiddleCenter = 4,
+    kMiddleRight = 5,
+    kBottomLeft = 6,
+    kBottomCenter = 7,
+    kBottomRight = 8
+  };
+
+  static constexpr int kTextCapacity = 1024;
+
+  ControlLabel(std::uint32_t id, SDL_Surface* parentSurface, void* context, ControlCallback callback);
+
+  void Refresh(bool recursive) override;
+  void SdlEventHandler(SDL_Event event) override;
+
+  // One byte per character.
+  virtual const char* GetText() const { return mText; }
+  // Cuts to the maximum length.
+  virtual void SetText(const char* text);
+
+  void SetAlignment(std::uint32_t alignment);
+  // The most characters that `SetText` keeps, clamped to 0..1023. Leaves the present text alone.
+  void SetMaxLength(int length);
+  int GetMaxLength() const { return mMaxLength; }
+
+  // Where the last rendered text stands in the base surface, and its width.
+  int GetTextX() const { return mTextX; }
+  int GetTextY() const { return mTextY; }
+  int GetTextWidth() const { return mTextWidth; }
+
+ protected:
+  // Left and right of a text, in pixels.
+  static constexpr int kMargin = 3;
+
+ private:
+  void RenderText();
+  void PlaceText();
+  void PaintText();
+
+  char mText[kTextCapacity] = "";
+  SurfacePtr mTextSurface;
+  std::uint32_t mAlignment = kMiddleLeft;
+  int mTextX = 0;
+  int mTextY = 0;
+  int mTextWidth = 0;
+  int mTextHeight = 0;
+  int mMaxLength = kTextCapacity - 1;
+};
+
+}  // namespace tolva

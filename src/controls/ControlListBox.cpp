@@ -1,0 +1,173 @@
+#include "controls/ControlListBox.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "controls/ControlLabel.h"
+#include "controls/ControlScrollbar.h"
+#include "foundation/Guard.h"
+
+namespace tolva {
+
+namespace {
+
+constexpr char kModule[] = "ControlListBox";
+
+constexpr std::uint32_t kScrollbarId = 0;
+
+}  // namespace
+
+ControlListBox::ControlListBox(std::uint32_t id, SDL_Surface* parentSurface, void* context, ControlCallback callback)
+    : ControlBasic(id, parentSurface, context, callback) {
+  GuardControl(kModule, "ControlListBox", [&] {
+    mScrollbar = CreateInto<ControlScrollbar>(*this, kScrollbarId);
+    mScrollbar->SetVertical(true);
+    mScrollbar->SetSize(ControlScrollbar::kButtonSize, 0);
+    mScrollbar->SetMinimum(0);
+    mScrollbar->SetMaximum(0);
+    mScrollbar->SetValue(0);
+  });
+}
+
+// ---- Entries ----
+
+void ControlListBox::AddEntry(const char* text) {
+  GuardControl(kModule, "AddEntry", [&] {
+    mEntries.push_back(CutText(text, kMaxEntryLength));
+    Refresh(true);
+  });
+}
+
+bool ControlListBox::RemoveEntry(const char* text) {
+  return GuardControl(kModule, "RemoveEntry", [&] {
+    const auto found = text == nullptr ? mEntries.end() : std::find(mEntries.begin(), mEntries.end(), text);
+    if (found == mEntries.end()) return false;
+    mEntries.erase(found);
+    Refresh(true);
+    return true;
+  });
+}
+
+void ControlListBox::ClearEntries() { mEntries.clear(); }
+
+int ControlListBox::GetEntryCount() { return static_cast<int>(mEntries.size()); }
+
+std::string ControlListBox::CutText(const char* text, std::size_t length) {
+  return text == nullptr ? std::string() : std::string(text, strnlen(text, length));
+}
+
+// ---- Look ----
+
+void ControlListBox::SetForegroundColor(std::uint8_t r, std::uint8_t g, std::uint8_t b) {
+  GuardControl(kModule, "SetForegroundColor", [&] {
+    mForegroundColor = {r, g, b};
+    for (int row = 0; row < mVisibleCount; ++row) {
+      auto* label = dynamic_cast<ControlLabel*>(GetSubControl(kFirstLabelId + static_cast<std::uint32_t>(row)));
+      if (label != nullptr) label->SetForegroundColor(r, g, b);
+    }
+  });
+}
+
+void ControlListBox::SetBorderSurface(SDL_Surface* surface) {
+  GuardControl(kModule, "SetBorderSurface", [&] {
+    ControlBasic::SetBorderSurface(surface);
+    mScrollbar->SetBorderSurface(surface);
+    Refresh(true);
+  });
+}
+
+void ControlListBox::SetDecrementButtonSurfaces(SDL_Surface* pressed, SDL_Surface* unpressed) {
+  GuardControl(kModule, "SetDecrementButtonSurfaces",
+               [&] { mScrollbar->SetDecrementButtonSurfaces(pressed, unpressed); });
+}
+
+void ControlListBox::SetIncrementButtonSurfaces(SDL_Surface* pressed, SDL_Surface* unpressed) {
+  GuardControl(kModule, "SetIncrementButtonSurfaces",
+               [&] { mScrollbar->SetIncrementButtonSurfaces(pressed, unpressed); });
+}
+
+void ControlListBox::SetScrollbarBackgroundSurface(SDL_Surface* surface) {
+  GuardControl(kModule, "SetScrollbarBackgroundSurface", [&] { mScrollbar->SetBackgroundSurface(surface); });
+}
+
+void ControlListBox::SetScrollbarValueBackgroundColor(std::uint8_t r, std::uint8_t g, std::uint8_t b) {
+  GuardControl(kModule, "SetScrollbarValueBackgroundColor", [&] { mScrollbar->SetValueBackgroundColor(r, g, b); });
+}
+
+// ---- Rows ----
+
+void ControlListBox::EventHandler(ControlEvent event) {
+  GuardControl(kModule, "EventHandler", [&] {
+    if (event.sender == mScrollbar && event.code == ControlScrollbar::kEventValue) Refresh(true);
+  });
+}
+
+void ControlListBox::Refresh(bool recursive) {
+  GuardControl(kModule, "Refresh", [&] {
+    if (!IsRefreshEnabled()) return;
+    UpdateScrollRange();
+    if (!recursive) {
+      ControlBasic::Refresh(false);
+      return;
+    }
+    DeleteEntryLabels();
+    ControlBasic::Refresh(true);
+    mScrollbar->SetPosition(GetWidth() - ControlScrollbar::kButtonSize, 0, ControlScrollbar::kButtonSize, GetHeight());
+    mVisibleCount = CalculateVisibleEntries();
+    CreateEntryLabels();
+  });
+}
+
+void ControlListBox::UpdateScrollRange() {
+  const int maximum = std::max(0, GetEntryCount() - mVisibleCount);
+  // Only a change, or a see-through scrollbar, whose rendering refreshes this control, would never come to an end.
+  if (maximum != mScrollbar->GetMaximum()) mScrollbar->SetMaximum(maximum);
+}
+
+int ControlListBox::CalculateVisibleEntries() {
+  return GuardControl(kModule, "CalculateVisibleEntries", [&] {
+    // A row starts where more than a row and two borders are left below its start.
+    const int border = GetBorderWidth();
+    const int room = GetHeight() - 2 * border - kRowHeight - border;
+    return room <= 0 ? 0 : (room + kRowHeight - 1) / kRowHeight;
+  });
+}
+
+void ControlListBox::CreateEntryLabels() {
+  GuardControl(kModule, "CreateEntryLabels", [&] {
+    const int border = GetBorderWidth();
+    const int width = GetWidth() - mScrollbar->GetWidth() - border;
+    for (int row = 0; row < mVisibleCount; ++row) {
+      const std::size_t index = static_cast<std::size_t>(mScrollbar->GetValue()) + static_cast<std::size_t>(row);
+      const std::string text = index < mEntries.size() ? mEntries[index] : "";
+      AddLabel(row, border, border + kRowHeight * row, width, text, mForegroundColor);
+    }
+  });
+}
+
+void ControlListBox::DeleteEntryLabels() {
+  GuardControl(kModule, "DeleteEntryLabels", [&] {
+    RemoveLabels(mVisibleCount);
+    mVisibleCount = 0;
+  });
+}
+
+void ControlListBox::AddLabel(int index, int x, int y, int width, const std::string& text, Rgb color) {
+  auto label = std::make_unique<ControlLabel>(kFirstLabelId + static_cast<std::uint32_t>(index), GetBaseSurface(),
+                                              static_cast<ControlBasic*>(this), CallbackWrapper);
+  const Rgb background = GetBackgroundColor();
+  label->SetRefreshEnabled(false);
+  label->SetPosition(x, y, width, kRowHeight);
+  label->SetText(text.c_str());
+  label->SetBackgroundColor(background.r, background.g, background.b);
+  // The last setter renders it, once.
+  label->SetRefreshEnabled(true);
+  label->SetForegroundColor(color.r, color.g, color.b);
+  AddSubControl(label.release());
+}
+
+void ControlListBox::RemoveLabels(int count) {
+  for (int index = 0; index < count; ++index) RemoveSubControl(kFirstLabelId + static_cast<std::uint32_t>(index));
+}
+
+}  // namespace tolva

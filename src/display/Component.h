@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+
+#include "controls/ControlLabel.h"
+#include "controls/Rgb.h"
+#include "display/PictureIds.h"
+
+namespace tolva {
+
+constexpr Rgb kBlack{0, 0, 0};
+constexpr Rgb kWhite{255, 255, 255};
+constexpr Rgb kCream{251, 247, 195};
+
+struct Size {
+  int width = 0;
+  int height = 0;
+};
+
+struct Place {
+  int x, y, width, height;
+};
+
+// What the place of a component follows from.
+struct Surroundings {
+  Size holder;   // of the control that holds the component
+  Size picture;  // of the picture that the component measures; 0 by 0 without it
+};
+
+// A place that never changes.
+template <int X, int Y, int Width, int Height>
+constexpr Place FixedPlace(const Surroundings&) {
+  return {X, Y, Width, Height};
+}
+
+// The title picture, in the middle of the screen.
+constexpr Place PlaceTitle(const Surroundings& around) {
+  return {around.holder.width / 2 - around.picture.width / 2, around.holder.height / 2 - around.picture.height / 2,
+          around.picture.width, around.picture.height};
+}
+
+enum class ComponentKind : std::uint8_t {
+  Panel,  // a ControlBasic that only shows its picture or colour
+  Label,
+  TextBox,     // a line to type in
+  Password,    // the same, masked
+  Button,      // reports clicks
+  Toggle,      // a button that stays pressed
+  Window,      // fixed: no close button, cannot be moved
+  FreeWindow,  // has a close button, can be moved, comes to the front when clicked
+  ListBox,
+  ChatBox
+};
+
+constexpr std::uint32_t kHeldByScreen = 0xFFFFFFFF;
+
+// One row of a screen's table: everything about one of its controls. A row stands behind the row of its holder; among
+// components of one holder the later lies in front of the earlier.
+struct Component {
+  std::uint32_t id;
+  ComponentKind kind;
+  std::uint32_t holder = kHeldByScreen;
+  const char* text = "";                          // a window's caption, everybody else's text
+  Place (*place)(const Surroundings&) = nullptr;  // none: never placed, for what is never shown
+  bool framed = false;
+  bool hidden = false;
+  Rgb textColor = kWhite;
+  Rgb background = kBlack;
+  PictureId picture = kNoPicture;  // tiled over the background colour
+  PictureId pressedPicture = kNoPicture;
+  PictureId measured = kNoPicture;  // the picture whose size the place depends on
+  ControlLabel::Alignment alignment = ControlLabel::kMiddleLeft;
+  bool underlined = false;
+  int maxLength = ControlLabel::kTextCapacity - 1;  // of what can be typed, in characters
+};
+
+}  // namespace tolva

@@ -1,0 +1,336 @@
+#include "display/Display.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "display/FormattedText.h"
+#include "display/PictureIds.h"
+#include "display/ScreenChat.h"
+#include "display/ScreenLogin.h"
+#include "display/ScreenStart.h"
+#include "foundation/Guard.h"
+#include "media/ArchiveFormat.h"
+#include "protocol/ChatPackets.h"
+#include "protocol/GamePackets.h"
+#include "protocol/InternPackets.h"
+#include "protocol/LoginPackets.h"
+#include "protocol/VersionNumbers.h"
+
+namespace tolva {
+namespace {
+
+constexpr std::uint32_t kPauseMs = 5;
+constexpr int kBitsPerPixel = 16;
+constexpr int kFontSize = 12;
+constexpr char kFontFile[] = "Data.tmp";
+constexpr char kSection[] = "DISPLAY";
+
+// The first one is what everything else falls back to.
+constexpr DisplaySize kModes[] = {{800, 600, false}, {1024, 768, false}, {1280, 1024, false}};
+
+// Where no X server is named, SDL may draw with letters on the terminal instead. Nobody can play that.
+bool IsTextDriver(const char* driver) { return std::strcmp(driver, "aalib") == 0 || std::strcmp(driver, "caca") == 0; }
+
+// Files hold anything: what is no number, or none that fits, is 0.
+long ToNumber(const char* text) { return text == nullptr ? 0 : std::strtol(text, nullptr, 10); }
+
+}  // namespace
+
+Display::Display(Mailbox* mailbox)
+    : ManagerThread(mailbox),
+      mArchive(std::make_unique<Archive>("Graphics", &mInfoHandler)),
+      mFrameRateTime(SDL_GetTicks()) {
+  Report(mErrHandler, "Display", "Display", [&] {
+    mInfoHandler.SetModuleName("Display");
+    mSettings = std::make_unique<Ini>("client.ini");
+    ReadSettings();
+    if (Initialize()) {
+      Log(InfoLevel::Progress, "Initialized");
+    } else {
+      Log(InfoLevel::Failure, "Initializing failed");
+    }
+  });
+  if (mScreen == nullptr) Fail();
+}
+
+Display::~Display() {
+  Report(mErrHandler, "~Display", "~Display", [&] {
+    Terminate();
+    Log(InfoLevel::Progress, "Terminated");
+  });
+}
+
+bool Display::Terminate() {
+  return Guard("Display", "Terminate", [&] {
+    mPointerSurface.reset();
+    mScreen.reset();
+    return true;
+  });
+}
+
+void Display::ReadSettings() {
+  const long width = ToNumber(mSettings->GetValue(kSection, "Width"));
+  const long height = ToNumber(mSettings->GetValue(kSection, "Height"));
+  mSize = kModes[0];
+  for (const DisplaySize& mode : kModes) {
+    if (width == mode.width && height == mode.height) mSize = mode;
+  }
+  mSize.fullScreen = ToNumber(mSettings->GetValue(kSection, "Fullscreen")) == 1;
+}
+
+// ---- Set-up ----
+
+bool Display::Initialize() {
+  return Guard("Display", "Initialize", [&] {
+    if (!InitializeVideo()) return false;
+    mStep = "start the font library";
+    if (TTF_Init() < 0) {
+      Log(InfoLevel::Failure, "Init TTF failed");
+      return false;
+    }
+    GetVideoInfo();
+    SDL_WM_SetCaption(FormattedText("Tolva - Version %d.%d.%d", kVersionMajor, kVersionMinor, kVersionBugfix), nullptr);
+    // The icon counts only before the video mode is set, when there is no format yet to convert it to.
+    if (const SurfacePtr icon{mArchive->DecodeImage(kPictureWindowIcon)}) SDL_WM_SetIcon(icon.get(), nullptr);
+    if (!CreateMainSurface()) return false;
+    LoadPointer();
+    LoadFont();
+    ShowScreen<ScreenStart>("build the start screen");
+    return true;
+  });
+}
+
+bool Display::InitializeVideo() {
+  mStep = "start the video system (check that DISPLAY is set and its X server runs)";
+  bool isUsable = SDL_InitSubSystem(SDL_INIT_VIDEO) != -1;
+  char driver[128] = "";
+  if (isUsable && SDL_VideoDriverName(driver, sizeof driver) != nullptr && IsTextDriver(driver)) {
+    // Gives the terminal back before anything is written to it.
+    SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    mStep = FormattedText("show a window through the video driver \"%s\" (set DISPLAY to an X server)", driver);
+    isUsable = false;
+  }
+  if (!isUsable) Log(InfoLevel::Failure, "Init Video Subsystem failed");
+  return isUsable;
+}
+
+bool Display::CreateMainSurface() {
+  mStep = FormattedText("set the video mode %d x %d%s (choose another in client.ini)", mSize.width, mSize.height,
+                        mSize.fullScreen ? " in full screen" : "");
+  const std::uint32_t flags = SDL_DOUBLEBUF | (mSize.fullScreen ? SDL_FULLSCREEN : 0);
+  mMainSurface = SDL_SetVideoMode(mSize.width, mSize.height, kBitsPerPixel, flags);
+  if (mMainSurface == nullptr) {
+    Log(InfoLevel::Failure, "Creating main surface failed");
+    return false;
+  }
+  const SDL_VideoInfo* facts = SDL_GetVideoInfo();
+  Log(InfoLevel::Progress, FormattedText("Created surface with %d bits per pixel", facts->vfmt->BitsPerPixel));
+  return true;
+}
+
+void Display::LoadPointer() {
+  mPointerSurface.reset(mArchive->LoadImage(kPicturePointer));
+  if (mPointerSurface != nullptr) SDL_ShowCursor(0);
+}
+
+void Display::LoadFont() {
+  mFontKeeper = std::make_unique<ControlTextBasic>(0, mMainSurface, nullptr, nullptr);
+  mFontKeeper->SetPosition(0, 0);
+  mStep = "take the font out of Graphics.cci and Graphics.cca (into Data.tmp in this directory)";
+  if (!mArchive->Extract(archive_format::kFontId, kFontFile)) {
+    throw new Error("Display", "Initialize", "Font not in archive");
+  }
+  mStep = "load the font of the archive Graphics";
+  ControlTextBasic::LoadFont(kFontFile, kFontSize);
+  if (std::remove(kFontFile) != 0) Log(InfoLevel::Failure, "Failed to remove temporary file");
+}
+
+void Display::GetVideoInfo() {
+  Guard("Display", "GetVideoInfo", [&] {
+    char driver[128] = "";
+    SDL_VideoDriverName(driver, sizeof driver);
+    Log(InfoLevel::Progress, FormattedText("VideoDriver: %s", driver));
+
+    const SDL_VideoInfo& facts = *SDL_GetVideoInfo();
+    const struct {
+      bool isSo;
+      const char* what;
+      const char* yes = "accelerated";
+      const char* no = "NOT accelerated";
+    } lines[] = {{facts.hw_available != 0, "Hardware surfaces", "possible", "NOT possible"},
+                 {facts.wm_available != 0, "Window manager", "available", "NOT available"},
+                 {facts.blit_hw != 0, "Hardware to hardware blits"},
+                 {facts.blit_hw_CC != 0, "Hardware to hardware colerkey blits"},
+                 {facts.blit_hw_A != 0, "Hardware to hardware alpha blits"},
+                 {facts.blit_sw != 0, "Software to hardware blits"},
+                 {facts.blit_sw_CC != 0, "Software to hardware colerkey blits"},
+                 {facts.blit_sw_A != 0, "Software to hardware alpha blits"},
+                 {facts.blit_fill != 0, "Color fills"}};
+    for (const auto& line : lines) {
+      Log(InfoLevel::Progress, FormattedText("%s %s", line.what, line.isSo ? line.yes : line.no));
+    }
+    Log(InfoLevel::Progress, FormattedText("Total amount of video memory: %u Kb", facts.video_mem));
+    Log(InfoLevel::Progress, FormattedText("Best video mode: %d bits per pixel", facts.vfmt->BitsPerPixel));
+  });
+}
+
+// ---- Screens ----
+
+template <typename T, typename... Extra>
+void Display::ShowScreen(const char* step, Extra... extra) {
+  mStep = step;
+  mScreen.reset();
+  mScreen = std::make_unique<T>(0, mMainSurface, nullptr, nullptr, &mInfoHandler, extra...);
+}
+
+void Display::Fail() {
+  mHasFailed = true;
+  std::fprintf(stderr, "Tolva could not %s. More is in log.clf in this directory.\n", mStep.c_str());
+}
+
+void Display::QuitWithoutScreen() {
+  if (!mHasFailed) Fail();
+  mWantsToQuit = true;
+  HandleMyMailbox();
+}
+
+void Display::AskToQuit() {
+  mWantsToQuit = true;
+  if (mControllerMailbox == nullptr) return;
+  mAskedToQuit = true;
+  Send(mControllerMailbox, std::make_unique<PacketQuit>());
+}
+
+void Display::SetDisplaySize(const DisplaySize& size) {
+  Guard("Display", "SetDisplaySize", [&] {
+    mSettings->SetValue(kSection, "Width", FormattedText("%d", size.width));
+    mSettings->SetValue(kSection, "Height", FormattedText("%d", size.height));
+    mSettings->SetValue(kSection, "Fullscreen", size.fullScreen ? "1" : "0");
+    mSettings->Save();
+  });
+}
+
+// ---- The frame loop ----
+
+void Display::Run() {
+  Log(InfoLevel::Progress, "Running");
+  RunPasses("Display", kPauseMs, [&] { RunPass(); });
+}
+
+void Display::RunPass() {
+  if (mWantsToQuit && !mAskedToQuit) AskToQuit();
+  if (mScreen == nullptr) return QuitWithoutScreen();
+  HandleMyMailbox();
+  HandleEvents();
+  DrawFrame();
+  UpdateFps();
+}
+
+// Who wants to quit does not wait until everything else in the mail has been drawn, one packet a frame.
+std::unique_ptr<Packet> Display::NextMail() {
+  std::unique_ptr<Packet> packet(FetchMail());
+  while (mAskedToQuit && packet != nullptr && PacketCast<PacketQuit>(packet.get()) == nullptr) {
+    packet.reset(FetchMail());
+  }
+  return packet;
+}
+
+void Display::HandleMyMailbox() {
+  Guard("Display", "HandleMyMailbox", [&] {
+    std::unique_ptr<Packet> packet = NextMail();
+    if (packet == nullptr) return;
+    Log(InfoLevel::Traffic, FormattedText("Recieved %s", mPacketPrinter.Print(*packet)));
+    if (const auto* news = PacketCast<PacketInternCentralMailbox>(packet.get())) {
+      // One that came over the wire names nobody.
+      if (news->mObjMailbox != nullptr) mControllerMailbox = news->mObjMailbox;
+    } else if (const auto* world = PacketCast<PacketInternRepository>(packet.get())) {
+      if (world->mObjRepository != nullptr) mRepository = world->mObjRepository;
+    } else if (PacketCast<PacketQuit>(packet.get()) != nullptr) {
+      mRunning = false;
+    } else if (mScreen != nullptr) {
+      HandleScreenPacket(std::move(packet));
+    }
+  });
+}
+
+void Display::HandleScreenPacket(std::unique_ptr<Packet> packet) {
+  if (PacketCast<PacketEnterChatAccept>(packet.get()) != nullptr) {
+    EnterChat();
+  } else if (PacketCast<PacketEnterGameAccept>(packet.get()) != nullptr) {
+    return;  // there is no game screen yet: the lobby stays
+  } else {
+    mScreen->HandlePacket(packet.release());
+  }
+}
+
+void Display::EnterChat() {
+  ShowScreen<ScreenChat>("build the chat screen");
+  // Without numbers it asks for the server's version.
+  Send(mControllerMailbox, std::make_unique<PacketServerInfo>());
+}
+
+void Display::HandleEvents() {
+  SDL_Event event;
+  while (mScreen != nullptr && SDL_PollEvent(&event) != 0) {
+    HandleEvent(event);
+    mScreen->HandleSdlEvent(event);
+    SendScreenPackets();
+  }
+}
+
+void Display::HandleEvent(const SDL_Event& event) {
+  switch (event.type) {
+    case SDL_MOUSEMOTION:
+      mMouseX = event.motion.x;
+      mMouseY = event.motion.y;
+      return;
+    case SDL_QUIT:
+      return AskToQuit();
+    case SDL_USEREVENT:
+      return HandleRequest(event.user);
+  }
+}
+
+void Display::HandleRequest(const SDL_UserEvent& request) {
+  if (request.code == kRequestLoginScreen) {
+    ShowScreen<ScreenLogin>("build the login screen");
+  } else if (request.code == kRequestDisplaySize && request.data1 != nullptr) {
+    SetDisplaySize(*static_cast<const DisplaySize*>(request.data1));
+  }
+}
+
+void Display::SendScreenPackets() {
+  while (std::unique_ptr<Packet> packet{mScreen->GetNextPacket()}) {
+    if (PacketCast<PacketQuit>(packet.get()) != nullptr) {
+      AskToQuit();
+    } else {
+      Send(mControllerMailbox, std::move(packet));
+    }
+  }
+}
+
+void Display::DrawFrame() {
+  mScreen->Blit();
+  if (mPointerSurface != nullptr) {
+    SDL_Rect place{static_cast<std::int16_t>(mMouseX), static_cast<std::int16_t>(mMouseY), 0, 0};
+    SDL_UpperBlit(mPointerSurface.get(), nullptr, mMainSurface, &place);
+  }
+  SDL_Flip(mMainSurface);
+}
+
+void Display::UpdateFps() {
+  Guard("Display", "UpdateFps", [&] {
+    const std::uint32_t now = SDL_GetTicks();
+    if (now - mFrameRateTime <= 1000) {
+      ++mFrameCount;
+      return;
+    }
+    mFrameRate = mFrameCount;
+    mFrameRateTime = now;
+    mFrameCount = 0;
+    mScreen->SetFps(mFrameRate);
+  });
+}
+
+}  // namespace tolva

@@ -1,0 +1,39 @@
+#include "display/Screen.h"
+
+#include "foundation/Guard.h"
+
+namespace tolva {
+
+Screen::Screen(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback,
+               InfoHandler* logger)
+    : ControlBasic(id, videoSurface, context, callback),
+      mLogger(logger),
+      mVideoSurface(videoSurface),
+      mArchive(std::make_unique<Archive>("Graphics", logger)),
+      mComponents(*mArchive) {}
+
+Screen::~Screen() = default;
+
+Packet* Screen::HandleEvent(SDL_Event) { return nullptr; }
+
+void Screen::HandlePacket(Packet* packet) {
+  Guard("Screen", "HandlePacket", [&] { delete packet; });
+}
+
+void Screen::SetFps(std::uint32_t fps) { mFps = fps; }
+
+void Screen::SetDarkness(std::uint8_t darkness) { mDarkness = darkness; }
+
+void Screen::SetSoundEnabled(bool enabled) { mSoundEnabled = enabled; }
+
+Packet* Screen::GetNextPacket() {
+  return Guard("Screen", "GetNextPacket", [&] { return mOutgoing.Get(); });
+}
+
+void Screen::QueuePacket(std::unique_ptr<Packet> packet) {
+  if (mOutgoing.Put(packet.get())) static_cast<void>(packet.release());
+}
+
+void Screen::FillWindow() { SetPosition(0, 0, mVideoSurface->w, mVideoSurface->h); }
+
+}  // namespace tolva

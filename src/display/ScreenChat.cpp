@@ -1,0 +1,282 @@
+#include "display/ScreenChat.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "controls/ControlButton.h"
+#include "controls/ControlChatBox.h"
+#include "controls/ControlTextBox.h"
+#include "controls/ControlWindow.h"
+#include "display/FormattedText.h"
+#include "display/ScreenChatTable.h"
+#include "foundation/Guard.h"
+#include "protocol/MusicPackets.h"
+
+namespace tolva {
+namespace {
+
+constexpr std::uint16_t kLobbyMusic = 1;
+
+struct Resolution {
+  std::uint32_t toggle;
+  std::int32_t width;
+  std::int32_t height;
+};
+
+constexpr Resolution kResolutions[] = {{ScreenChat::kSmallToggle, 800, 600},
+                                       {ScreenChat::kMediumToggle, 1024, 768},
+                                       {ScreenChat::kLargeToggle, 1280, 1024}};
+
+}  // namespace
+
+ScreenChat::ScreenChat(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback,
+                       InfoHandler* logger)
+    : Screen(id, videoSurface, context, callback, logger),
+      mWantedSize{videoSurface->w, videoSurface->h, (videoSurface->flags & SDL_FULLSCREEN) != 0} {
+  Guard("ScreenChat", "ScreenChat", [&] { ScreenChat::InitializeComponents(); });
+}
+
+ScreenChat::~ScreenChat() { ScreenChat::TerminateComponents(); }
+
+void ScreenChat::InitializeComponents() {
+  Guard("ScreenChat", "InitializeComponents", [&] {
+    FillWindow();
+    SetBackgroundColor(0, 0, 0);
+    mComponents.Build(*this, GetScreenChatTable());
+    InitializeIsland();
+    InitializeOptions();
+
+    auto& chatBox = mComponents.Get<ControlChatBox>(kChatBox);
+    chatBox.SetMaxMessages(50);
+    chatBox.SetMaxLines(100);
+    chatBox.SetNameColor(kCream.r, kCream.g, kCream.b);
+    SetText(kClientVersionLabel, FormattedText("%d.%d.%d", kVersionMajor, kVersionMinor, kVersionBugfix));
+
+    ScreenChat::Resize();
+    SetOverrideBaseSurface(true);
+    SetActive(false);
+    mComponents.Get<ControlTextBox>(kChatInputBox).SetActive(true);
+  });
+}
+
+void ScreenChat::InitializeIsland() {
+  if (SDL_Surface* dusk = mComponents.GetPicture(kPictureIslandDusk)) mIslandSurface.reset(SDL_DisplayFormat(dusk));
+  mComponents.Get<ControlBasic>(kIsland).SetBackgroundSurface(mIslandSurface.get());
+  UpdateIslandPicture();
+}
+
+void ScreenChat::InitializeOptions() {
+  mComponents.Get<ControlButton>(kMusicToggle).SetPressed(mSoundEnabled);
+  mComponents.Get<ControlButton>(kFullScreenToggle).SetPressed(mWantedSize.fullScreen);
+  for (const Resolution& resolution : kResolutions) {
+    const bool isCurrent = mWantedSize.width == resolution.width && mWantedSize.height == resolution.height;
+    mComponents.Get<ControlButton>(resolution.toggle).SetPressed(isCurrent);
+  }
+}
+
+void ScreenChat::TerminateComponents() {
+  mComponents.FreePictures();
+  mIslandSurface.reset();
+}
+
+void ScreenChat::Resize() {
+  Guard("ScreenChat", "Resize", [&] { mComponents.PlaceAll(); });
+}
+
+void ScreenChat::HandleSdlEvent(SDL_Event event) {
+  GuardControl("ScreenStart", "HandleSdlEvent", [&] {
+    if (mSizeRequestWaits) AskForDisplaySize();
+    // What is typed goes to the input line, whatever was clicked last.
+    if (event.type == SDL_KEYDOWN) mComponents.Get<ControlTextBox>(kChatInputBox).SetActive(true);
+    ControlBasic::HandleSdlEvent(event);
+  });
+}
+
+void ScreenChat::EventHandler(ControlEvent event) {
+  GuardControl("ScreenChat", "EventHandler", [&] {
+    const std::uint32_t sender = event.sender->GetId();
+    if (sender == kChatInputBox) HandleTextBoxChatInputEvents(event);
+    if (sender >= kQuitButton && sender <= kCreditsButton) HandleButtonEvents(event);
+    if (sender >= kMusicToggle && sender <= kFullScreenToggle) HandleOptionButtonEvents(event);
+  });
+}
+
+void ScreenChat::HandleTextBoxChatInputEvents(const ControlEvent& event) {
+  GuardControl("ScreenChat", "HandleTextBoxChatInputEvents", [&] {
+    if (event.code == ControlTextBox::kEventEnter) SendChatLine();
+    if (event.code == ControlTextBox::kEventEscape) mComponents.Get<ControlTextBox>(kChatInputBox).SetText("");
+  });
+}
+
+void ScreenChat::SendChatLine() {
+  auto& input = mComponents.Get<ControlTextBox>(kChatInputBox);
+  if (input.GetText()[0] == '\0') return;
+  QueuePacket(std::make_unique<PacketChatMsg>("", input.GetText()));
+  input.SetText("");
+}
+
+void ScreenChat::HandleButtonEvents(const ControlEvent& event) {
+  GuardControl("ScreenChat", "HandleButtonEvents", [&] {
+    // A button that went away while it was held gets its release all the same.
+    if (event.code != ControlButton::kEventReleased || !event.sender->IsVisible()) return;
+    switch (event.sender->GetId()) {
+      case kQuitButton:
+        return QueuePacket(std::make_unique<PacketQuit>());
+      case kEnterGameButton:
+        return QueuePacket(std::make_unique<PacketEnterGameRequest>());
+      case kOptionsButton:
+        return ShowOptions();
+    }
+  });
+}
+
+void ScreenChat::ShowOptions() {
+  auto& window = mComponents.Get<ControlWindow>(kOptionsWindow);
+  if (window.IsVisible()) return;
+  window.SetPosition((GetWidth() - window.GetWidth()) / 2, (GetHeight() - window.GetHeight()) / 2);
+  window.SetVisible(true);
+}
+
+void ScreenChat::HandleOptionButtonEvents(const ControlEvent& event) {
+  GuardControl("ScreenChat", "HandleOptionButtonEvents", [&] {
+    mWantedSize.fullScreen = mComponents.Get<ControlButton>(kFullScreenToggle).IsPressed();
+    if (event.code != ControlButton::kEventToggled) return;
+    switch (event.sender->GetId()) {
+      case kMusicToggle:
+        return ToggleMusic();
+      case kFullScreenToggle:
+        return AskForDisplaySize();
+      default:
+        return ChooseResolution(event.sender->GetId());
+    }
+  });
+}
+
+void ScreenChat::ToggleMusic() {
+  const bool wanted = mComponents.Get<ControlButton>(kMusicToggle).IsPressed();
+  SetSoundEnabled(wanted);
+  if (wanted) {
+    QueuePacket(std::make_unique<PacketMusicPlay>(kLobbyMusic));
+  } else {
+    QueuePacket(std::make_unique<PacketMusicStop>());
+  }
+}
+
+void ScreenChat::ChooseResolution(std::uint32_t toggle) {
+  auto& chosen = mComponents.Get<ControlButton>(toggle);
+  if (!chosen.IsPressed()) return chosen.SetPressed(true);
+  for (const Resolution& resolution : kResolutions) {
+    if (resolution.toggle == toggle) {
+      mWantedSize.width = resolution.width;
+      mWantedSize.height = resolution.height;
+    } else {
+      mComponents.Get<ControlButton>(resolution.toggle).SetPressed(false);
+    }
+  }
+  AskForDisplaySize();
+}
+
+void ScreenChat::AskForDisplaySize() { mSizeRequestWaits = !PushDisplayRequest(kRequestDisplaySize, &mWantedSize); }
+
+// What the lobby does with each packet that concerns it.
+struct ScreenChat::PacketHandler {
+  ScreenChat& screen;
+
+  void operator()(const PacketInternConnectionLost&) const {
+    auto& label = screen.mComponents.Get<ControlLabel>(kConnectionLabel);
+    label.SetForegroundColor(168, 36, 30);
+    label.SetText("Disconnected");
+    screen.SetText(kPingValueLabel, "0");
+    screen.mComponents.Get<ControlButton>(kEnterGameButton).SetVisible(false);
+    // The bar keeps what was drawn on it.
+    screen.mComponents.Get<ControlBasic>(kButtonBar).Refresh(false);
+  }
+  void operator()(const PacketInternPong& pong) const {
+    screen.SetText(kPingValueLabel, FormattedText("%u", pong.mUintTick));
+  }
+  void operator()(const PacketChatMsg& message) const {
+    const bool fromServer = std::strcmp(message.mStrUser, "*** ") == 0;
+    screen.mComponents.Get<ControlChatBox>(kChatBox).AddEntry(fromServer ? "Server" : message.mStrUser,
+                                                              message.mStrMsg);
+  }
+  void operator()(const PacketChatUsers& users) const {
+    const FormattedText caption(" %u users in chat", unsigned{users.mUintCount});
+    screen.mComponents.Get<ControlWindow>(kChatUsersWindow).SetCaption(caption);
+    auto& list = screen.mComponents.Get<ControlListBox>(kChatUsersList);
+    list.ClearEntries();
+    // One rendering for all names instead of one for each.
+    list.SetRefreshEnabled(false);
+    const std::size_t count = std::min<std::size_t>(users.mUintCount, kUserListCapacity);
+    for (std::size_t index = 0; index < count; ++index) list.AddEntry(users.mStrUsers[index]);
+    list.SetRefreshEnabled(true);
+    list.Refresh(true);
+  }
+  void operator()(const PacketUserInGame& users) const {
+    const FormattedText caption(" %u users in game", users.mUintCount);
+    screen.mComponents.Get<ControlWindow>(kGameUsersWindow).SetCaption(caption);
+    auto& list = screen.mComponents.Get<ControlListBox>(kGameUsersList);
+    list.ClearEntries();
+    list.Refresh(true);
+  }
+  void operator()(const PacketServerInfo& info) const {
+    const FormattedText version("%d.%d.%d", info.mUintVersionMajor, info.mUintVersionMinor, info.mUintVersionBugfix);
+    screen.SetText(kServerVersionLabel, version);
+  }
+  void operator()(const PacketDarkness& darkness) const { screen.SetDarkness(darkness.mByDarkness); }
+};
+
+void ScreenChat::HandlePacket(Packet* packet) {
+  const std::unique_ptr<Packet> owned(packet);
+  Guard("ScreenStart", "HandlePacket", [&] {
+    Dispatch<PacketInternConnectionLost, PacketInternPong, PacketChatMsg, PacketChatUsers, PacketUserInGame,
+             PacketServerInfo, PacketDarkness>(packet, PacketHandler{*this});
+  });
+}
+
+void ScreenChat::SetFps(std::uint32_t fps) {
+  Guard("ScreenChat", "SetFps", [&] {
+    Screen::SetFps(fps);
+    SetText(kFrameRateValueLabel, FormattedText("%u", fps));
+  });
+}
+
+void ScreenChat::SetDarkness(std::uint8_t darkness) {
+  Guard("Screen", "SetDarkness", [&] {
+    Screen::SetDarkness(darkness);
+    UpdateIslandPicture();
+  });
+}
+
+void ScreenChat::SetSoundEnabled(bool enabled) {
+  Guard("Screen", "SetSoundEnabled", [&] {
+    Screen::SetSoundEnabled(enabled);
+    mComponents.Get<ControlButton>(kMusicToggle).SetPressed(enabled);
+  });
+}
+
+// The pictures turn into one another over 100 steps of darkness each; beyond the last there is only black.
+void ScreenChat::UpdateIslandPicture() {
+  GuardControl("ScreenChat", "UpdateIslandPicture", [&] {
+    if (mIslandSurface != nullptr) PaintIsland(*mIslandSurface);
+    mComponents.Get<ControlBasic>(kIsland).Refresh(true);
+  });
+}
+
+void ScreenChat::PaintIsland(SDL_Surface& island) {
+  static constexpr PictureId kStages[] = {kPictureIslandDay, kPictureIslandDusk, kPictureIslandNight};
+  SDL_FillRect(&island, nullptr, SDL_MapRGB(island.format, 0, 0, 0));
+  if (mDarkness > 200) return;
+  const int stage = mDarkness / 100;
+  const int step = mDarkness % 100;
+  if (SDL_Surface* now = mComponents.GetPicture(kStages[stage])) SDL_UpperBlit(now, nullptr, &island, nullptr);
+  SDL_Surface* next = step == 0 ? nullptr : mComponents.GetPicture(kStages[stage + 1]);
+  if (next == nullptr) return;
+  const SurfacePtr veil(SDL_DisplayFormat(next));
+  if (veil == nullptr) return;
+  SDL_SetAlpha(veil.get(), SDL_SRCALPHA | SDL_RLEACCEL, static_cast<std::uint8_t>(step * 255 / 100));
+  SDL_UpperBlit(veil.get(), nullptr, &island, nullptr);
+}
+
+void ScreenChat::SetText(ComponentId label, const char* text) { mComponents.Get<ControlLabel>(label).SetText(text); }
+
+}  // namespace tolva

@@ -1,0 +1,164 @@
+#include "display/ScreenLogin.h"
+
+#include <cstdio>
+
+#include "controls/ControlLabel.h"
+#include "controls/ControlTextBox.h"
+#include "foundation/Guard.h"
+#include "foundation/Text.h"
+
+namespace tolva {
+namespace {
+
+constexpr int kNameLength = 16;
+
+constexpr Place PlaceWindow(const Surroundings& around) {
+  return {around.holder.width / 2 - 125, around.holder.height / 2 - 75, 250, 150};
+}
+
+constexpr Place PlaceStatus(const Surroundings& around) {
+  return {0, around.holder.height - 40, around.holder.width, 20};
+}
+
+using Kind = ComponentKind;
+
+constexpr Component kTable[] = {
+    {.id = ScreenLogin::kTitle,
+     .kind = Kind::Panel,
+     .place = PlaceTitle,
+     .picture = kPictureTitle,
+     .measured = kPictureTitle},
+    {.id = ScreenLogin::kStatusLabel,
+     .kind = Kind::Label,
+     .place = PlaceStatus,
+     .alignment = ControlLabel::kMiddleCenter},
+    {.id = ScreenLogin::kLoginWindow,
+     .kind = Kind::Window,
+     .text = " Login",
+     .place = PlaceWindow,
+     .framed = true,
+     .picture = kPicturePanel},
+    {.id = ScreenLogin::kNameLabel,
+     .kind = Kind::Label,
+     .holder = ScreenLogin::kLoginWindow,
+     .text = "Name:",
+     .place = FixedPlace<20, 50, 80, 20>,
+     .background = kTransparentColor},
+    {.id = ScreenLogin::kPasswordLabel,
+     .kind = Kind::Label,
+     .holder = ScreenLogin::kLoginWindow,
+     .text = "Password:",
+     .place = FixedPlace<20, 90, 80, 20>,
+     .background = kTransparentColor},
+    {.id = ScreenLogin::kNameBox,
+     .kind = Kind::TextBox,
+     .holder = ScreenLogin::kLoginWindow,
+     .place = FixedPlace<100, 50, 130, 20>,
+     .framed = true,
+     .textColor = kCream,
+     .maxLength = kNameLength},
+    {.id = ScreenLogin::kPasswordBox,
+     .kind = Kind::Password,
+     .holder = ScreenLogin::kLoginWindow,
+     .place = FixedPlace<100, 90, 130, 20>,
+     .framed = true,
+     .textColor = kCream,
+     .maxLength = kNameLength},
+};
+
+}  // namespace
+
+ScreenLogin::ScreenLogin(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback,
+                         InfoHandler* logger)
+    : Screen(id, videoSurface, context, callback, logger) {
+  Guard("ScreenLogin", "ScreenLogin", [&] { ScreenLogin::InitializeComponents(); });
+}
+
+ScreenLogin::~ScreenLogin() { ScreenLogin::TerminateComponents(); }
+
+void ScreenLogin::InitializeComponents() {
+  Guard("ScreenLogin", "InitializeComponents", [&] {
+    FillWindow();
+    SetClearOnBlit(true);
+    SetBackgroundColor(0, 0, 0);
+    mComponents.Build(*this, kTable);
+    mComponents.PlaceAll();
+    // A click on the picture is a click on the screen.
+    mComponents.Get<ControlBasic>(kTitle).SetEnabled(false);
+    mComponents.Get<ControlTextBox>(kNameBox).SetActive(true);
+  });
+}
+
+void ScreenLogin::TerminateComponents() { mComponents.FreePictures(); }
+
+void ScreenLogin::HandleSdlEvent(SDL_Event event) {
+  Guard("ScreenLogin", "HandleSdlEvent", [&] {
+    ControlBasic::HandleSdlEvent(event);
+    if (event.type == SDL_KEYDOWN && event.key.keysym.sym == SDLK_ESCAPE) QueuePacket(std::make_unique<PacketQuit>());
+  });
+}
+
+void ScreenLogin::EventHandler(ControlEvent event) {
+  Guard("ScreenLogin", "EventHandler", [&] {
+    switch (event.sender->GetId()) {
+      case kNameBox:
+        return HandleTextBoxName(event);
+      case kPasswordBox:
+        return HandleTextBoxPassword(event);
+    }
+  });
+}
+
+void ScreenLogin::HandleTextBoxName(const ControlEvent& event) {
+  Guard("ScreenLogin", "HandleTextBoxName", [&] {
+    if (event.code == ControlTextBox::kEventEnter || event.code == ControlTextBox::kEventTab) FocusOn(kPasswordBox);
+  });
+}
+
+void ScreenLogin::HandleTextBoxPassword(const ControlEvent& event) {
+  Guard("ScreenLogin", "HandleTextBoxPassword", [&] {
+    if (event.code == ControlTextBox::kEventEnter) SendLoginRequest();
+    if (event.code == ControlTextBox::kEventTab) FocusOn(kNameBox);
+  });
+}
+
+void ScreenLogin::SendLoginRequest() {
+  ShowStatus("Connecting");
+  auto request = std::make_unique<PacketLoginRequest>();
+  CopyText(request->mStrLogin, mComponents.Get<ControlTextBox>(kNameBox).GetText());
+  CopyText(request->mStrPass, mComponents.Get<ControlTextBox>(kPasswordBox).GetText());
+  QueuePacket(std::move(request));
+}
+
+void ScreenLogin::HandlePacket(Packet* packet) {
+  const std::unique_ptr<Packet> owned(packet);
+  Guard("ScreenLogin", "HandlePacket", [&] {
+    if (PacketCast<PacketInternConnectionLost>(packet) != nullptr) {
+      ShowFailure("Could not establish connection");
+    } else if (const auto* deny = PacketCast<PacketLoginDeny>(packet)) {
+      char text[kReasonCapacity + 32];
+      std::snprintf(text, sizeof text, "Login denied: %s", deny->mStrReason);
+      ShowFailure(text);
+    }
+  });
+}
+
+void ScreenLogin::ShowFailure(const char* text) {
+  ShowStatus(text);
+  FocusOn(kNameBox);
+}
+
+// Centred, a text wider than the window would lose its beginning, which says the most.
+void ScreenLogin::ShowStatus(const char* text) {
+  auto& label = mComponents.Get<ControlLabel>(kStatusLabel);
+  label.SetText(text);
+  const bool fits = label.GetTextWidth() <= label.GetWidth();
+  label.SetAlignment(fits ? ControlLabel::kMiddleCenter : ControlLabel::kMiddleLeft);
+}
+
+void ScreenLogin::FocusOn(ComponentId textBox) {
+  SetActive(false);
+  mComponents.Get<ControlTextBox>(textBox).SetActive(true);
+}
+
+}  // namespace tolva

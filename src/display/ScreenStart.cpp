@@ -1,0 +1,83 @@
+#include "display/ScreenStart.h"
+
+#include <cstdio>
+
+#include "controls/ControlLabel.h"
+#include "display/DisplayRequests.h"
+#include "foundation/Guard.h"
+#include "protocol/LoginPackets.h"
+#include "protocol/VersionNumbers.h"
+
+namespace tolva {
+namespace {
+
+// The line stands in a strip that begins where the centred picture ends.
+constexpr Place PlaceVersionLabel(const Surroundings& around) {
+  const int below = around.holder.height - (around.holder.height - around.picture.height) / 2;
+  return {0, below, around.holder.width, 20};
+}
+
+constexpr Component kTable[] = {
+    {.id = ScreenStart::kVersionLabel,
+     .kind = ComponentKind::Label,
+     .place = PlaceVersionLabel,
+     .measured = kPictureTitle,
+     .alignment = ControlLabel::kMiddleCenter},
+    {.id = ScreenStart::kTitle,
+     .kind = ComponentKind::Panel,
+     .place = PlaceTitle,
+     .picture = kPictureTitle,
+     .measured = kPictureTitle},
+};
+
+}  // namespace
+
+ScreenStart::ScreenStart(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback,
+                         InfoHandler* logger)
+    : Screen(id, videoSurface, context, callback, logger) {
+  Guard("ScreenStart", "ScreenStart", [&] { ScreenStart::InitializeComponents(); });
+}
+
+ScreenStart::~ScreenStart() { ScreenStart::TerminateComponents(); }
+
+void ScreenStart::InitializeComponents() {
+  Guard("ScreenStart", "InitializeComponents", [&] {
+    FillWindow();
+    SetClearOnBlit(true);
+    SetBackgroundColor(0, 0, 0);
+    mComponents.Build(*this, kTable);
+    mComponents.PlaceAll();
+    // A click on the picture is a click on the screen.
+    mComponents.Get<ControlBasic>(kTitle).SetEnabled(false);
+
+    char line[64];
+    std::snprintf(line, sizeof line, "Press any key - Version %d.%d.%d", kVersionMajor, kVersionMinor, kVersionBugfix);
+    mComponents.Get<ControlLabel>(kVersionLabel).SetText(line);
+  });
+}
+
+void ScreenStart::TerminateComponents() { mComponents.FreePictures(); }
+
+void ScreenStart::HandleSdlEvent(SDL_Event event) {
+  Guard("ScreenStart", "HandleSdlEvent", [&] {
+    ControlBasic::HandleSdlEvent(event);
+    const bool isKey = event.type == SDL_KEYDOWN;
+    if (isKey && event.key.keysym.sym == SDLK_ESCAPE) {
+      QueuePacket(std::make_unique<PacketQuit>());
+    } else if (isKey || event.type == SDL_MOUSEBUTTONDOWN) {
+      AskForLogin();
+    }
+  });
+}
+
+// Several keys can come in before the display replaces this screen; a second request would then replace the login
+// screen and what was typed there.
+void ScreenStart::AskForLogin() {
+  if (!mAskedForLogin) mAskedForLogin = PushDisplayRequest(kRequestLoginScreen);
+}
+
+void ScreenStart::HandlePacket(Packet* packet) {
+  Guard("ScreenStart", "HandlePacket", [&] { delete packet; });
+}
+
+}  // namespace tolva

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "display/Screen.h"
+
+namespace tolva {
+
+// The first screen: the title picture and the version. Any key or mouse button leads on to the login screen, Escape
+// quits.
+class ScreenStart final : public Screen {
+ public:
+  static constexpr std::uint32_t kVersionLabel = 0;
+  static constexpr std::uint32_t kTitle = 1;
+
+  ScreenStart(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback,
+              InfoHandler* logger);
+  ~ScreenStart() override;
+
+  void HandleSdlEvent(SDL_Event event) override;
+  void HandlePacket(Packet* packet) override;
+  void InitializeComponents() override;
+  void TerminateComponents() override;
+
+ private:
+  void AskForLogin();
+
+  bool mAskedForLogin = false;
+};
+
+}  // namespace tolva

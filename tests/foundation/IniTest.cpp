@@ -1,0 +1,69 @@
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "foundation/Error.h"
+#include "foundation/Ini.h"
+#include "support/TempDir.h"
+
+namespace tolva::test {
+namespace {
+
+TEST(Ini, TakesInSectionsAndPairsAndSkipsTheRest) {
+  const std::string longValue(300, 'v');
+  const struct {
+    std::string file, saved;
+    const char *section = "S", *key = "k", *value = nullptr;
+  } cases[] = {{"[A]\nx=1\n[B]\nx=2\n", "[A]\nx=1\n[B]\nx=2\n", "B", "x", "2"},
+               {"[D]\nH=7\n[D]\nW=1\n", "[D]\nH=7\n[D]\nW=1\n", "D", "W"},  // asked for in the first of the name only
+               {"[S]\nk=1\nk=2\n", "[S]\nk=2\n", "S", "k", "2"},
+               {"[LONGERNAME]\n[NET]x\nk=1", "[LONGERNAME]\n[NET]\nk=1\n", "NET", "k", "1"},
+               {"[S\nk=1\n", "[S\n]\nk=1\n", "S\n", "k", "1"},
+               {"[S]\nWidth = 1024\n", "[S]\nWidth = 1024\n", "S", "Width ", " 1024"},
+               {"[S]\nK=1\n", "[S]\nK=1\n"},
+               {"k=1\n[S]\nk=\nk\n\n; note\n", "[S]\n"},
+               {"[S]\n==Port==7000\nk=b=c\n", "[S]\nPort=7000\nk=b\n", "S", "Port", "7000"},
+               {"", ""},
+               {"[S]\nk=" + longValue + "\n", "[S]\nk=" + longValue.substr(0, 252) + "\n", "S", "z"}};
+  const TempDir dir;
+  for (const auto& c : cases) {
+    WriteFile("client.ini", c.file);
+    const Ini ini("client.ini");
+    EXPECT_STREQ(ini.GetValue(c.section, c.key), c.value) << c.file;
+    ini.Save();
+    EXPECT_EQ(ReadFile("client.ini"), c.saved);
+  }
+}
+
+TEST(Ini, KeepsChangesAndTheTextsItHandedOut) {
+  const TempDir dir;
+  WriteFile("client.ini", "[A]\nx=1\n");
+  Ini ini("client.ini");
+  const char* handedOut = ini.GetValue("A", "x");
+  for (const char* name : {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"}) {
+    ini.SetValue("A", name, name);
+    ini.SetValue(name, "k", "0");
+  }
+  EXPECT_STREQ(handedOut, "1");
+  ini.SetValue("A", "x", handedOut);
+  ini.Save();
+  EXPECT_TRUE(ReadFile("client.ini").starts_with("[A]\nx=1\n0=0\n"));
+  EXPECT_TRUE(ReadFile("client.ini").ends_with("[9]\nk=0\n"));
+}
+
+TEST(Ini, WithoutAUsableFileIsEmptyAndSaysSoWhenSaved) {
+  const TempDir dir;
+  std::filesystem::create_directory("client.ini");
+  const Ini ini("client.ini");
+  EXPECT_EQ(ini.GetValue("NETWORK", "Host"), nullptr);
+  try {
+    ini.Save();
+    FAIL() << "a directory cannot be written";
+  } catch (Error* error) {
+    EXPECT_STREQ(error->GetMessage(), "Unable to open ini file");
+    delete error;
+  }
+}
+
+}  // namespace
+}  // namespace tolva::test

@@ -1,0 +1,86 @@
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "foundation/Guard.h"
+#include "support/TempDir.h"
+
+namespace tolva::test {
+namespace {
+
+// The lines of the log without their ticks.
+std::vector<std::string> LogLines() {
+  std::istringstream log(ReadFile("log.clf"));
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(log, line);) {
+    lines.push_back(line.substr(std::min(line.size(), line.find(' '))));
+  }
+  return lines;
+}
+
+TEST(Log, HoldsTheLastRunOnly) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";  // a process of its own, which has no log writer yet
+  const TempDir dir;
+  const auto run = [] {
+    WriteFile("log.clf", "the previous run\n");
+    InfoHandler().HandleInfo(new Info("one", InfoLevel::Progress));
+    InfoHandler().HandleInfo(new Info("two", InfoLevel::Progress));
+    std::_Exit(LogLines().size() == 2 ? 0 : 1);
+  };
+  EXPECT_EXIT(run(), testing::ExitedWithCode(0), "");
+}
+
+TEST(Log, KeepsFailuresErrorsAndProgressCutToTheirFields) {
+  const TempDir dir;
+  InfoHandler handler;
+  handler.SetModuleName("ClientMain");
+  for (std::uint32_t level = 0; level <= 5; ++level) handler.HandleInfo(new Info("100%s", InfoLevel{level}));
+  handler.SetModuleName(std::string(25, 'm').c_str());
+  handler.HandleInfo(new Info(std::string(300, 't').c_str(), InfoLevel::Progress));
+  const std::string rest = " ClientMain            100%s";
+  const std::string cut = " 004 " + std::string(21, 'm') + " " + std::string(255, 't');
+  EXPECT_EQ(LogLines(), (std::vector<std::string>{" 001" + rest, " 002" + rest, " 004" + rest, cut}));
+}
+
+TEST(Log, NeverMixesLinesOfTwoThreads) {
+  const TempDir dir;
+  const auto write = [](char letter) {
+    InfoHandler handler;
+    for (int i = 0; i < 500; ++i) handler.HandleInfo(new Info(std::string(200, letter).c_str(), InfoLevel::Progress));
+  };
+  { const std::jthread a(write, 'a'), b(write, 'b'); }
+  const auto lines = LogLines();
+  EXPECT_EQ(lines.size(), 1000u);
+  for (const char letter : {'a', 'b'}) {
+    EXPECT_EQ(std::ranges::count(lines, " 004" + std::string(23, ' ') + std::string(200, letter)), 500);
+  }
+}
+
+TEST(Errors, NameTheInnermostOperationThatSawTheFailure) {
+  const TempDir dir;
+  ErrHandler handler;
+  const auto reportFrom = [&](auto&& failure) {
+    return Report(handler, "Outer", "Run", [&] { Guard("Inner", "Step", failure); });
+  };
+  EXPECT_TRUE(reportFrom([] {}));
+  EXPECT_FALSE(reportFrom([] { throw new Error("Ini", std::string(600, 'x').c_str(), "secret"); }));
+  EXPECT_FALSE(reportFrom([] { throw std::runtime_error("foreign"); }));
+  EXPECT_FALSE(Report(handler, "Outer", "Run", [] { throw 7; }));
+
+  const auto lines = LogLines();
+  ASSERT_EQ(lines.size(), 6u);  // each error's line ends in a line feed of its own
+  const std::string places[] = {"Ini - Method " + std::string(127, 'x'), "Inner - Method Step", "Outer - Method Run"};
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_TRUE(lines[2 * i].starts_with(" 002 ### ERROR ###         At tick ")) << lines[2 * i];
+    EXPECT_TRUE(lines[2 * i].ends_with(" in Module " + places[i])) << lines[2 * i];
+    EXPECT_EQ(lines[2 * i + 1], "");
+  }
+}
+
+}  // namespace
+}  // namespace tolva::test

@@ -1,0 +1,62 @@
+#include <stdexcept>
+#include <thread>
+
+#include <gtest/gtest.h>
+
+#include "foundation/ManagerThread.h"
+#include "protocol/PacketList.h"
+#include "support/Correspondent.h"
+#include "support/TempDir.h"
+
+namespace tolva::test {
+namespace {
+
+TEST(Mail, OfTwoSendersArrivesInEachOrderWithItsSender) {
+  constexpr std::uint32_t kEach = 2000;
+  Mailbox senders[2];
+  Correspondent reader;
+  const auto send = [&](Mailbox& own) {
+    ManagerThread sender(&own);
+    for (std::uint32_t i = 0; i < kEach; ++i) EXPECT_TRUE(sender.SendMail(reader.GetOwn(), new PacketInternPing(i)));
+  };
+  const std::jthread a(send, std::ref(senders[0])), b(send, std::ref(senders[1]));
+  std::uint32_t next[2] = {0, 0};
+  while (next[0] + next[1] < 2 * kEach) {
+    const auto packet = reader.Next();
+    ASSERT_NE(packet, nullptr);
+    EXPECT_EQ(PacketCast<PacketInternPing>(packet.get())->mUintTick, next[packet->mObjSource == &senders[1]]++);
+  }
+  EXPECT_EQ(next[0], kEach);
+  EXPECT_EQ(reader.GetWaitingCount(), 0u);
+  Packet unsent;
+  EXPECT_FALSE(ManagerThread(reader.GetOwn()).SendMail(nullptr, &unsent));
+  reader.GiveAsStranger(unsent);  // what is left in a mailbox goes with it: the leak checker would tell
+}
+
+// Fails on every chat line and ends with a quit.
+class FailingThread final : public ManagerThread {
+ public:
+  explicit FailingThread(Mailbox* mailbox) : ManagerThread(mailbox) { Start(); }
+  void Run() override {
+    RunPasses("FailingThread", 1, [&] { HandleMyMailbox(); });
+  }
+  void HandleMyMailbox() override {
+    const std::unique_ptr<Packet> packet(FetchMail());
+    if (PacketCast<PacketQuit>(packet.get()) != nullptr) mRunning = false;
+    if (PacketCast<PacketChatMsg>(packet.get()) != nullptr) throw std::runtime_error("a bad line");
+  }
+};
+
+TEST(ThreadLoop, SurvivesAFailingPassAndReportsIt) {
+  const TempDir dir;
+  Mailbox mailbox;
+  FailingThread thread(&mailbox);
+  mailbox.Put(new PacketChatMsg);
+  mailbox.Put(new PacketQuit);
+  thread.WaitThread(nullptr);
+  EXPECT_EQ(mailbox.GetCount(), 0u);
+  EXPECT_NE(ReadFile("log.clf").find("in Module FailingThread - Method Run"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tolva::test

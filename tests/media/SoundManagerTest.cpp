@@ -1,0 +1,112 @@
+#include <atomic>
+#include <cstdlib>
+#include <functional>
+
+#include <gtest/gtest.h>
+
+#include "media/SoundManager.h"
+#include "protocol/LoginPackets.h"
+#include "protocol/MusicPackets.h"
+#include "support/TestArchive.h"
+
+namespace tolva {
+namespace {
+
+constexpr char kMusicFile[] = "Sound.tmp";
+
+bool Await(const std::function<bool()>& condition) {
+  for (int waitedMs = 0; waitedMs < 20000; waitedMs += 10) {
+    if (condition()) return true;
+    SDL_Delay(10);
+  }
+  return false;
+}
+
+class SoundManagerTest : public ::testing::Test {
+ protected:
+  void Start() { mSoundManager = std::make_unique<SoundManager>(&mMailbox); }
+
+  // Sends the order and returns when it was carried out: the pause behind it is fetched in a later pass.
+  void Order(Packet* packet) {
+    ASSERT_TRUE(mMailbox.Put(packet));
+    ASSERT_TRUE(mMailbox.Put(new PacketMusicPause));
+    ASSERT_TRUE(Await([&] { return mMailbox.GetCount() == 0; }));
+  }
+
+  void Quit() {
+    ASSERT_TRUE(mMailbox.Put(new PacketQuit));
+    mSoundManager->WaitThread(nullptr);
+    mSoundManager.reset();
+  }
+
+  test::TempDir mDir;
+  Mailbox mMailbox;
+  std::unique_ptr<SoundManager> mSoundManager;
+};
+
+// Counts the audio bytes that are not silence.
+std::atomic<int> gLoudBytes = 0;
+void CountLoudBytes(void*, Uint8* stream, int length) {
+  for (int at = 0; at < length; ++at) gLoudBytes += stream[at] != 0 ? 1 : 0;
+}
+
+TEST_F(SoundManagerTest, PlaysAPieceOverAndOverUntilToldToStop) {
+  test::WriteArchive("Sounds", 1, test::ReadFile(TOLVA_TEST_MUSIC));
+  Start();
+  Order(new PacketMusicPlay(1));
+  EXPECT_EQ(Mix_PlayingMusic(), 1);
+  Mix_SetPostMix(&CountLoudBytes, nullptr);
+  constexpr int kPieceBytes = 2205 * 2 * 2;  // a tenth of a second in stereo
+  EXPECT_TRUE(Await([] { return gLoudBytes > 5 * kPieceBytes; }));
+  Order(new PacketMusicStop);
+  EXPECT_EQ(Mix_PlayingMusic(), 0);
+  Order(new PacketMusicPlay(1));
+  EXPECT_EQ(Mix_PlayingMusic(), 1);
+  Quit();
+  EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 0);
+  EXPECT_FALSE(std::filesystem::exists(kMusicFile));
+}
+
+TEST_F(SoundManagerTest, TakesAPieceFromTheArchiveOnceWhileItPlays) {
+  test::WriteArchive("Sounds", 1, test::ReadFile(TOLVA_TEST_MUSIC));
+  Start();
+  Order(new PacketMusicStop);
+  Order(new PacketMusicPlay(1));
+  ASSERT_TRUE(std::filesystem::remove(kMusicFile));
+  Order(new PacketMusicPlay(1));
+  EXPECT_FALSE(std::filesystem::exists(kMusicFile));
+  Order(new PacketMusicStop);
+  Order(new PacketMusicPlay(1));
+  EXPECT_TRUE(std::filesystem::exists(kMusicFile));
+  Quit();
+}
+
+TEST_F(SoundManagerTest, ADamagedPiecePlaysNothingAndTheNextOnePlays) {
+  test::WriteFile("Sounds.cci", test::MakeIndex({{1, 0, 2000}, {2, 0, 3569}, {3, 40, 200}}));
+  test::WriteFile("Sounds.cca", test::ReadFile(TOLVA_TEST_MUSIC));
+  Start();
+  Order(new PacketMusicPlay(3));
+  EXPECT_EQ(Mix_PlayingMusic(), 0);
+  Order(new PacketMusicPlay(1));
+  Order(new PacketMusicPlay(2));
+  EXPECT_EQ(Mix_PlayingMusic(), 1);
+  Quit();
+}
+
+TEST_F(SoundManagerTest, WithoutAnAudioDeviceItIsSilentAndQuits) {
+  ::setenv("SDL_AUDIODRIVER", "none that exists", 1);
+  test::WriteArchive("Sounds", 1, test::ReadFile(TOLVA_TEST_MUSIC));
+  Start();
+  Order(new PacketMusicPlay(1));
+  EXPECT_FALSE(std::filesystem::exists(kMusicFile));
+  Order(new PacketMusicStop);
+  Quit();
+  const std::string log = test::ReadFile("log.clf");
+  const std::string report = "in Module SoundManager - Method InitAudio\n";
+  EXPECT_NE(log.find(report), std::string::npos) << log;
+  EXPECT_EQ(log.find(report), log.rfind(report));
+  EXPECT_NE(log.find("Terminating\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tolva

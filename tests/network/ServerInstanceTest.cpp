@@ -1,0 +1,107 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "network/ServerInstance.h"
+#include "protocol/PacketList.h"
+#include "support/Correspondent.h"
+#include "support/LoopbackPeer.h"
+#include "support/Records.h"
+#include "support/TempDir.h"
+
+namespace tolva::test {
+namespace {
+
+PacketLoginRequest LoginOf(const char* name) {
+  PacketLoginRequest request;
+  CopyText(request.mStrLogin, name);
+  return request;
+}
+
+// The controller's side of a server instance that finds its server's port in client.ini.
+class Controller : public Correspondent {
+ public:
+  explicit Controller(std::uint16_t port) {
+    WriteFile("client.ini", "[NETWORK]\nHost=127.0.0.1\nPort=" + std::to_string(port) + "\n");
+    mInstance = std::make_unique<ServerInstance>(GetTheirs());
+    Give(PacketInternCentralMailbox(GetOwn()));
+  }
+  ~Controller() { Quit(); }
+
+  // Ends the thread and closes the connection.
+  void Quit() {
+    Give(PacketQuit());
+    if (mInstance != nullptr) mInstance->WaitThread(nullptr);
+    mInstance.reset();
+  }
+  template <typename T>
+  bool NextIs() {
+    const auto packet = Next();
+    return PacketCast<T>(packet.get()) != nullptr && packet->mObjSource == GetTheirs();
+  }
+
+ private:
+  const TempDir mDir;
+  std::unique_ptr<ServerInstance> mInstance;
+};
+
+TEST(ServerInstance, ConnectsAtTheFirstLoginAndSendsWhatIsForTheServer) {
+  LoopbackPeer peer;
+  Controller controller(peer.GetPort());
+  controller.Give(PacketChatMsg("ann", "too early"));
+  controller.Give(LoginOf("ann"));
+  controller.Give(LoginOf("bob"));
+  ASSERT_TRUE(peer.Accept());
+  ASSERT_TRUE(controller.NextIs<PacketInternConnectionInfo>());
+  const std::string ann = Record(LoginOf("ann")), bob = Record(LoginOf("bob"));
+  const std::string logins = peer.Receive(2 * ann.size());  // the two wait in turns
+  EXPECT_TRUE(logins == ann + bob || logins == bob + ann);
+
+  for (const PacketCode code : {12, 200, 400, 500}) {
+    Packet claim;
+    claim.mEnmCode = code;
+    controller.Give(claim);
+  }
+  peer.Send(Record(PacketLoginAccept()) + Record(PacketInternCentralMailbox()) + Record(PacketQuit()));
+  EXPECT_TRUE(controller.NextIs<PacketLoginAccept>());
+  EXPECT_TRUE(controller.NextIs<PacketInternCentralMailbox>());
+  EXPECT_TRUE(controller.NextIs<PacketQuit>());
+
+  controller.Give(PacketUserInGame());
+  controller.Quit();
+  EXPECT_EQ(peer.Receive(1000), Record(PacketUserInGame()));  // and neither claims nor the quit
+  EXPECT_FALSE(peer.HasCaller());
+}
+
+TEST(ServerInstance, AfterAFailedConnectTriesNoSecondOneAndStillQuits) {
+  const std::uint16_t port = LoopbackPeer().GetPort();
+  Controller controller(port);
+  controller.Give(LoginOf("ann"));
+  ASSERT_TRUE(controller.NextIs<PacketInternConnectionLost>());
+  const LoopbackPeer late(port);
+  controller.Give(LoginOf("bob"));
+  controller.Quit();
+  EXPECT_FALSE(late.HasCaller());
+  EXPECT_EQ(controller.GetWaitingCount(), 0u);
+}
+
+TEST(ServerInstance, GoesOnSendingWhenTheControllerIsFloodedAndPassesTheLossOn) {
+  LoopbackPeer peer;
+  Controller controller(peer.GetPort());
+  controller.Give(LoginOf("ann"));
+  ASSERT_TRUE(peer.Accept());
+  ASSERT_TRUE(controller.NextIs<PacketInternConnectionInfo>());
+  ASSERT_EQ(peer.Receive(Record(LoginOf("ann")).size()), Record(LoginOf("ann")));
+  for (int i = 0; i < 400; ++i) ASSERT_TRUE(peer.Send(Record(PacketLoginAccept())));
+  ASSERT_TRUE(WaitUntil([&] { return controller.GetWaitingCount() > kMailboxHighWater; }));
+  for (int i = 0; i < 3; ++i) controller.Give(PacketUserInGame());
+  EXPECT_EQ(peer.Receive(3 * 16).size(), 3u * 16);
+  EXPECT_EQ(controller.GetWaitingCount(), kMailboxHighWater + 1);
+
+  peer.Close();
+  for (int i = 0; i < 400; ++i) ASSERT_TRUE(controller.NextIs<PacketLoginAccept>());
+  EXPECT_TRUE(controller.NextIs<PacketInternConnectionLost>());
+}
+
+}  // namespace
+}  // namespace tolva::test

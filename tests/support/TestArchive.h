@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "support/TempDir.h"
+
+namespace tolva::test {
+
+struct TestRecord {
+  std::uint32_t id;
+  std::uint32_t offset;
+  std::uint32_t size;
+};
+
+inline std::string MakeIndex(const std::vector<TestRecord>& records) {
+  std::string bytes;
+  for (const TestRecord& record : records) {
+    for (const std::uint32_t number : {record.id, record.offset, record.size}) {
+      for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift);
+    }
+  }
+  return bytes;
+}
+
+// An archive with one entry, which fills the data file.
+inline void WriteArchive(const std::string& baseName, std::uint32_t id, const std::string& content) {
+  WriteFile(baseName + ".cci", MakeIndex({{id, 0, static_cast<std::uint32_t>(content.size())}}));
+  WriteFile(baseName + ".cca", content);
+}
+
+}  // namespace tolva::test

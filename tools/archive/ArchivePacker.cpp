@@ -1,0 +1,74 @@
+#include "archive/ArchivePacker.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "archive/ArchiveWriter.h"
+#include "archive/FileKind.h"
+#include "archive/PictureCheck.h"
+#include "foundation/RegularFile.h"
+
+namespace tolva {
+
+std::uint32_t ArchivePacker::ParseId(const std::string& text) {
+  std::uint32_t id = 0;
+  const char* end = text.data() + text.size();
+  const auto [stop, fault] = std::from_chars(text.data(), end, id);
+  return fault == std::errc() && stop == end && text.front() != '0' ? id : 0;
+}
+
+void ArchivePacker::AddFolder(const std::filesystem::path& folder) {
+  std::error_code fault;
+  std::vector<std::filesystem::path> files;
+  for (std::filesystem::directory_iterator at(folder, fault), end; !fault && at != end; at.increment(fault)) {
+    files.push_back(at->path());
+  }
+  if (fault) return Refuse(folder, "the folder cannot be read: " + fault.message());
+  // The folder's own order differs from machine to machine.
+  std::sort(files.begin(), files.end());
+  for (const auto& file : files) AddFile(ParseId(file.stem().string()), file);
+}
+
+void ArchivePacker::AddFile(std::uint32_t id, const std::filesystem::path& path) {
+  if (id == 0) return Refuse(path, "its name is not an id, a number from 1 to 4294967295");
+  const auto [added, isNew] = mPaths.try_emplace(id, path);
+  if (!isNew) Refuse(path, "its id is taken by " + added->second.string());
+}
+
+bool ArchivePacker::Pack(const std::string& baseName) {
+  if (mPaths.empty() && mRefusals.empty()) Refuse(baseName, "there is nothing to pack");
+  ArchiveWriter writer(baseName);
+  for (const auto& [id, path] : mPaths) {
+    const std::vector<std::uint8_t> bytes = Load(path);
+    if (mRefusals.empty() && !writer.Add(id, bytes)) {
+      Refuse(path, "the archive cannot take it: it cannot be written or would be larger than 2 GB");
+    }
+  }
+  if (mRefusals.empty() && !writer.Commit()) Refuse(baseName, "the archive cannot be written");
+  return mRefusals.empty();
+}
+
+void ArchivePacker::Refuse(const std::filesystem::path& path, const std::string& reason) {
+  mRefusals.push_back(path.string() + ": " + reason);
+}
+
+std::vector<std::uint8_t> ArchivePacker::Load(const std::filesystem::path& path) {
+  const RegularFile file(path.c_str());
+  std::vector<std::uint8_t> bytes;
+  const auto refuse = [&](const std::string& reason) {
+    Refuse(path, reason);
+    return std::vector<std::uint8_t>();
+  };
+  if (!file.IsOpen()) return refuse("it is not a file that can be read");
+  if (file.GetSize() > kMaxFileSize) return refuse("it is larger than 256 MB");
+  bytes.resize(file.GetSize());
+  if (!file.ReadAt(0, bytes.data(), bytes.size())) return refuse("it cannot be read");
+
+  const FileKind kind = TellKind(bytes);
+  if (kind == FileKind::Unknown) return refuse("it is no PNG picture, TrueType or OpenType font or Ogg Vorbis music");
+  if (kind != FileKind::Picture) return bytes;
+  const std::string fault = FindPictureFault(bytes);
+  return fault.empty() ? bytes : refuse(fault);
+}
+
+}  // namespace tolva

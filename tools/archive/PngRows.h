@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include <png.h>
+
+namespace tolva {
+
+// The pixels of a PNG picture of at most 8 bits per sample, one byte per sample, and its colours, as its file holds
+// them.
+class PngRows {
+ public:
+  // Decodes; `bytes` are not needed afterwards.
+  explicit PngRows(std::span<const std::uint8_t> bytes);
+  ~PngRows();
+  PngRows(const PngRows&) = delete;
+  PngRows& operator=(const PngRows&) = delete;
+
+  // False when the pixels are damaged; nothing else may be asked then.
+  bool IsDecoded() const { return mDecoded; }
+  const std::uint8_t* GetRow(std::uint32_t y) const { return mRows[y]; }
+  std::span<const png_color> GetPalette() const { return mPalette; }
+  // The palette's transparencies, 0 for see-through; shorter than the palette or empty.
+  std::span<const std::uint8_t> GetAlphas() const { return mAlphas; }
+  // The one transparent colour of a picture without a palette, or null.
+  const png_color_16* GetKey() const { return mKey; }
+
+ private:
+  bool Decode();
+  void TakeColours();
+  static void ReadBytes(png_structp png, png_bytep to, png_size_t count);
+
+  std::span<const std::uint8_t> mBytes;
+  png_structp mPng;
+  png_infop mInfo = nullptr;
+  png_bytepp mRows = nullptr;
+  std::span<const png_color> mPalette;
+  std::span<const std::uint8_t> mAlphas;
+  const png_color_16* mKey = nullptr;
+  bool mDecoded = false;
+};
+
+}  // namespace tolva
