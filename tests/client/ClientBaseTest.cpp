@@ -1,157 +1,147 @@
-#include <functional>
+#include <algorithm>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "client/ClientBase.h"
-#include "client/FakeServer.h"
+#include "protocol/PacketList.h"
+#include "support/Correspondent.h"
+#include "support/LoopbackPeer.h"
+#include "support/Records.h"
 #include "support/TempDir.h"
+#include "support/TestArchive.h"
 
 namespace tolva::test {
 namespace {
 
 using Codes = std::vector<PacketCode>;
+constexpr PacketCode kPing = PacketInternPing::kCode;
+constexpr PacketCode kQuit = PacketQuit::kCode;
+constexpr PacketCode kRepository = PacketInternRepository::kCode;
 
-// Calls `visit` with a new packet of every class but those of the codes left out.
-template <typename Visit, typename... Packets>
-void ForEachPacket(const Codes& leftOut, Visit&& visit, TypeList<Packets...>) {
-  for (const PacketCode code : {Packets::kCode...}) {
-    if (std::find(leftOut.begin(), leftOut.end(), code) == leftOut.end()) visit(CreatePacket(code));
-  }
+// The codes of all packet classes but those left out.
+template <typename... Packets>
+Codes CodesWithout(const Codes& leftOut, TypeList<Packets...>) {
+  Codes codes = {Packets::kCode...};
+  std::erase_if(codes, [&](PacketCode code) { return std::ranges::count(leftOut, code) > 0; });
+  return codes;
 }
 
-bool Eventually(const std::function<bool()>& condition) {
-  for (const std::uint32_t begin = SDL_GetTicks(); SDL_GetTicks() - begin < 10000; SDL_Delay(2)) {
-    if (condition()) return true;
-  }
-  return false;
-}
+bool LogHas(const std::string& text) { return ReadFile("log.clf").find(text) != std::string::npos; }
+
+// SDL's clock begins anew when SDL is started, which is why the sound manager must not be the first to do it.
+struct StartedSdl {
+  StartedSdl() { SDL_Init(SDL_INIT_NOPARACHUTE); }
+  ~StartedSdl() { SDL_Quit(); }
+};
 
 // The controller between a server at the other end of a socket and a display of which there is only the mailbox.
 class ClientBaseTest : public ::testing::Test {
  protected:
   ClientBaseTest() {
-    WriteFile("client.ini", mServer.GetIni());
-    WriteFile("Sounds.cci", std::string("\1\0\0\0\0\0\0\0\4\0\0\0", 12));
-    WriteFile("Sounds.cca", "tune");
-    mClient = std::make_unique<ClientBase>(&mControllerMailbox);
+    WriteFile("client.ini", "[NETWORK]\nHost=127.0.0.1\nPort=" + std::to_string(mServer.GetPort()) + "\n");
+    WriteArchive("Sounds", 1, "tune");
+    mClient = std::make_unique<ClientBase>(mDisplay.GetTheirs());
   }
-  ~ClientBaseTest() override {
-    if (!mHasQuit) Quit();
-  }
+  ~ClientBaseTest() override { Quit(); }
 
   void Announce() {
-    mControllerMailbox.Put(new PacketInternCentralMailbox(&mDisplayMailbox));
-    EXPECT_TRUE(PacketCast<PacketInternRepository>(DisplayMail().get()));
+    mDisplay.GiveAsStranger(PacketInternCentralMailbox(mDisplay.GetOwn()));
+    EXPECT_EQ(mDisplay.Next(1), Codes{kRepository});
   }
   void Connect() {
     Announce();
-    FromDisplay(std::make_unique<PacketLoginRequest>());
-    mServer.Accept();
-    mLogin = mServer.Receive();
+    mDisplay.Give(PacketLoginRequest());
+    EXPECT_TRUE(mServer.Accept());
+    EXPECT_EQ(ServerGets(1), Codes{PacketLoginRequest::kCode});
   }
-  void FromDisplay(std::unique_ptr<Packet> packet) {
-    packet->mObjSource = &mDisplayMailbox;
-    mControllerMailbox.Put(packet.release());
-  }
-  std::unique_ptr<Packet> DisplayMail() {
-    std::unique_ptr<Packet> packet;
-    EXPECT_TRUE(Eventually([&] { return (packet.reset(mDisplayMailbox.Get()), packet != nullptr); })) << "no mail";
-    return packet ? std::move(packet) : std::make_unique<Packet>();
-  }
-  // The codes that arrive before the given one, pings left out.
-  static Codes CodesUntil(PacketCode last, const std::function<std::unique_ptr<Packet>()>& receive) {
+  void FromServer(const Packet& packet) { EXPECT_TRUE(mServer.Send(Record(packet))); }
+  // The codes of the next so many records at the server, without those to skip: pings come when they are due.
+  Codes ServerGets(std::size_t count, PacketCode skipped = kPing) {
     Codes codes;
-    for (;;) {
-      const PacketCode code = receive()->mEnmCode;
-      if (code == last || codes.size() > 100) return codes;
-      if (code != PacketInternPing::kCode) codes.push_back(code);
+    while (codes.size() < count) {
+      mRecord = mServer.Receive(kHeaderSize);
+      if (mRecord.size() < kHeaderSize) break;
+      const auto* header = reinterpret_cast<const std::uint8_t*>(mRecord.data());
+      const PacketCode code = LoadBig32(header + 4);
+      mRecord += mServer.Receive(LoadBig32(header + 8) - kHeaderSize);
+      if (code != skipped) codes.push_back(code);
     }
+    return codes;
   }
-  Codes DisplayCodesUntil(PacketCode last) {
-    return CodesUntil(last, [&] { return DisplayMail(); });
+  static bool PlaysTheTune() {
+    return WaitUntil([] { return ReadFile("Sound.tmp") == "tune"; });
   }
   void Quit() {
-    mHasQuit = true;
-    FromDisplay(std::make_unique<PacketQuit>());
+    mDisplay.Give(PacketQuit());
     mClient->WaitThread(nullptr);
   }
-  static bool LogHas(const std::string& text) { return ReadFile("log.clf").find(text) != std::string::npos; }
+  void ExpectOrderlyEnd() {
+    EXPECT_EQ(mDisplay.Next(1), Codes{kQuit});
+    const std::string log = ReadFile("log.clf");
+    const auto sound = log.find("004 ClientBase            Thread SoundManager returned\n");
+    EXPECT_LT(log.find("004 ClientBase            Thread ServerInstance returned\n"), sound);
+    EXPECT_NE(sound, std::string::npos);
+  }
 
-  TempDir mDir;
-  FakeServer mServer;
-  Mailbox mControllerMailbox;
-  Mailbox mDisplayMailbox;
+  const TempDir mDir;
+  const StartedSdl mSdl;
+  LoopbackPeer mServer;
+  Correspondent mDisplay;
   std::unique_ptr<ClientBase> mClient;
-  std::unique_ptr<Packet> mLogin;
-  bool mHasQuit = false;
+  std::string mRecord;  // the last one at the server
 };
 
 TEST_F(ClientBaseTest, ServerGetsWhatTheDisplayAsksAndNothingElse) {
   Connect();
-  const auto* login = PacketCast<PacketLoginRequest>(mLogin.get());
-  ASSERT_NE(login, nullptr);
-  EXPECT_EQ(std::tuple(login->mUintVersionMajor, login->mUintVersionMinor, login->mUintVersionBugfix),
-            std::tuple(0, 6, 23));
+  PacketLoginRequest stamped;
+  stamped.mUintVersionMinor = 6;
+  stamped.mUintVersionBugfix = 23;
+  EXPECT_EQ(mRecord, Record(stamped));
 
-  const Codes left = {PacketQuit::kCode, PacketLoginRequest::kCode, PacketMoveRequest::kCode};
-  ForEachPacket(
-      left, [&](auto packet) { FromDisplay(std::move(packet)); }, AllPackets{});
-  FromDisplay(std::make_unique<PacketMoveRequest>());
-  EXPECT_EQ(CodesUntil(PacketMoveRequest::kCode, [&] { return mServer.Receive(); }), (Codes{400, 402, 600, 800}));
-  FromDisplay(std::make_unique<PacketMusicPlay>(std::uint16_t{1}));
-  EXPECT_TRUE(Eventually([&] { return ReadFile("Sound.tmp") == "tune"; }));
+  for (const PacketCode code : CodesWithout({}, AllPackets{})) {
+    Packet claim;
+    claim.mEnmCode = code;
+    mDisplay.Give(claim);
+  }
+  for (const PacketCode code : CodesWithout({kQuit, PacketLoginRequest::kCode}, AllPackets{})) {
+    mDisplay.Give(CreatePacket(code));
+  }
+  mDisplay.Give(PacketChatMsg());
+  EXPECT_EQ(ServerGets(6), (Codes{400, 402, 600, 800, 850, 400}));
+  mDisplay.Give(PacketMusicPlay(1));
+  EXPECT_TRUE(PlaysTheTune());
 }
 
 TEST_F(ClientBaseTest, DisplayGetsWhatItCanUseFromTheServer) {
   Connect();
-  ForEachPacket(
-      {PacketQuit::kCode, PacketDarkness::kCode}, [&](auto packet) { mServer.Send(*packet); }, AllPackets{});
-  mServer.Send(PacketDarkness());
-  EXPECT_EQ(DisplayCodesUntil(PacketDarkness::kCode),
-            (Codes{5, 9, 202, 400, 401, 403, 406, 600, 700, 701, 800, 801, 820, 851, 870, 871, 872}));
+  for (const PacketCode code : CodesWithout({}, AllPackets{})) mServer.Send(FalseClaim(code));
+  for (const PacketCode code : CodesWithout({kQuit}, AllPackets{})) FromServer(*CreatePacket(code));
+  FromServer(PacketQuit());
+  EXPECT_EQ(mDisplay.Next(19),
+            (Codes{5, 9, 202, 400, 401, 403, 406, 600, 700, 701, 800, 801, 820, 851, 870, 871, 872, 900, kQuit}));
 }
 
 TEST_F(ClientBaseTest, LobbyAndWorldChangeTheStateAndTheLobbyPlaysItsMusic) {
   Connect();
-  mServer.Send(PacketEnterChatAccept());
-  const auto accept = DisplayMail();
-  EXPECT_EQ(accept->mObjSource, &mControllerMailbox);
+  FromServer(PacketEnterChatAccept());
+  EXPECT_EQ(mDisplay.Next(1), Codes{PacketEnterChatAccept::kCode});
   EXPECT_TRUE(LogHas("004 ClientBase            Changed state to eClientStateInChat\n"));
-  EXPECT_TRUE(Eventually([&] { return ReadFile("Sound.tmp") == "tune"; }));
-  mServer.Send(PacketEnterGameAccept());
-  DisplayMail();
+  EXPECT_TRUE(PlaysTheTune());
+  FromServer(PacketEnterGameAccept());
+  EXPECT_EQ(mDisplay.Next(1), Codes{PacketEnterGameAccept::kCode});
   EXPECT_TRUE(LogHas("Changed state to eClientStateInGame\n"));
 }
 
-TEST_F(ClientBaseTest, PacketsThatClaimAnotherClassAreDropped) {
-  Connect();
-  ForEachPacket(
-      {}, [&](auto packet) { mServer.SendClaim(packet->mEnmCode); }, AllPackets{});
-  ForEachPacket(
-      {},
-      [&](auto packet) {
-        auto claim = std::make_unique<Packet>();
-        claim->mEnmCode = packet->mEnmCode;
-        FromDisplay(std::move(claim));
-      },
-      AllPackets{});
-  mServer.Send(PacketDarkness());
-  EXPECT_EQ(DisplayCodesUntil(PacketDarkness::kCode), Codes{});
-  FromDisplay(std::make_unique<PacketMoveRequest>());
-  EXPECT_EQ(CodesUntil(PacketMoveRequest::kCode, [&] { return mServer.Receive(); }), Codes{});
-  EXPECT_FALSE(LogHas("eClientStateInChat"));
-}
-
 TEST_F(ClientBaseTest, OnlyAnAnnouncedDisplayIsObeyed) {
-  mControllerMailbox.Put(new PacketQuit);                           // from nobody, as the announcement will be
-  mControllerMailbox.Put(new PacketInternCentralMailbox(nullptr));  // announces nobody
-  mControllerMailbox.Put(new PacketQuit);
-  FromDisplay(std::make_unique<PacketQuit>());
+  mDisplay.GiveAsStranger(PacketQuit());                         // from nobody, as the announcement will be
+  mDisplay.GiveAsStranger(PacketInternCentralMailbox(nullptr));  // announces nobody
+  mDisplay.GiveAsStranger(PacketQuit());
+  mDisplay.Give(PacketQuit());
   Announce();
   Mailbox second;
-  mControllerMailbox.Put(new PacketInternCentralMailbox(&second));
-  EXPECT_TRUE(Eventually([&] { return second.GetCount() == 1; }));
+  mDisplay.GiveAsStranger(PacketInternCentralMailbox(&second));
+  EXPECT_TRUE(WaitUntil([&] { return second.GetCount() == 1; }));
   Announce();
   EXPECT_FALSE(LogHas("returned"));
 }
@@ -159,38 +149,26 @@ TEST_F(ClientBaseTest, OnlyAnAnnouncedDisplayIsObeyed) {
 TEST_F(ClientBaseTest, ADisplayThatFallsBehindBoundsTheMailAndPingsGoOn) {
   Connect();
   constexpr int kFlood = 700;
-  std::vector<std::uint32_t> arrivals;
-  for (int i = 0; i < kFlood; ++i) mServer.Send(PacketDarkness());
-  while (arrivals.size() < 2) {
-    if (PacketCast<PacketInternPing>(mServer.Receive().get())) arrivals.push_back(SDL_GetTicks());
-  }
-  EXPECT_NEAR(arrivals[1] - arrivals[0], 2510, 100);
-  EXPECT_EQ(mDisplayMailbox.GetCount(), kMailboxHighWater + 1);
-  EXPECT_LE(mControllerMailbox.GetCount(), kMailboxHighWater + 1);
-  for (int i = 0; i < kFlood; ++i) EXPECT_EQ(DisplayMail()->mEnmCode, PacketDarkness::kCode);
+  for (int i = 0; i < kFlood; ++i) FromServer(PacketDarkness());
+  ASSERT_TRUE(WaitUntil([&] { return mDisplay.GetWaitingCount() > kMailboxHighWater; }));
+  EXPECT_EQ(ServerGets(2, kQuit), (Codes{kPing, kPing}));
+  EXPECT_EQ(mDisplay.GetWaitingCount(), kMailboxHighWater + 1);
+  EXPECT_LE(mDisplay.GetTheirs()->GetCount(), kMailboxHighWater + 1);
+  EXPECT_EQ(mDisplay.Next(kFlood), Codes(kFlood, PacketDarkness::kCode));
 }
 
-TEST_F(ClientBaseTest, QuitEndsTheThreadsInOrderWhoeverWantsIt) {
+TEST_F(ClientBaseTest, QuitOfTheServerEndsTheThreadsInOrder) {
   Connect();
-  mServer.Send(PacketQuit());
+  FromServer(PacketQuit());
   mClient->WaitThread(nullptr);
-  mHasQuit = true;
-  EXPECT_EQ(DisplayMail()->mEnmCode, PacketQuit::kCode);
-  const std::string log = ReadFile("log.clf");
-  const auto server = log.find("004 ClientBase            Thread ServerInstance returned\n");
-  const auto sound = log.find("004 ClientBase            Thread SoundManager returned\n");
-  EXPECT_LT(server, sound);
-  EXPECT_NE(sound, std::string::npos);
-  EXPECT_GT(log.rfind("eClientStateNotConnected"), log.find("eClientStateNotConnected"));
+  ExpectOrderlyEnd();
 }
 
-TEST_F(ClientBaseTest, QuitIsQuickWhileNobodyAnswers) {
+TEST_F(ClientBaseTest, QuitOfTheDisplayDoesNotWaitForAServerThatNeverAnswers) {
   Announce();
-  FromDisplay(std::make_unique<PacketLoginRequest>());
-  const std::uint32_t begin = SDL_GetTicks();
+  mDisplay.Give(PacketLoginRequest());
   Quit();
-  EXPECT_LT(SDL_GetTicks() - begin, 1000U);
-  EXPECT_EQ(DisplayMail()->mEnmCode, PacketQuit::kCode);
+  ExpectOrderlyEnd();
 }
 
 }  // namespace

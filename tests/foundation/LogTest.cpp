@@ -2,7 +2,6 @@
 #include <cstdlib>
 #include <sstream>
 #include <stdexcept>
-#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -45,20 +44,6 @@ TEST(Log, KeepsFailuresErrorsAndProgressCutToTheirFields) {
   const std::string rest = " ClientMain            100%s";
   const std::string cut = " 004 " + std::string(21, 'm') + " " + std::string(255, 't');
   EXPECT_EQ(LogLines(), (std::vector<std::string>{" 001" + rest, " 002" + rest, " 004" + rest, cut}));
-}
-
-TEST(Log, NeverMixesLinesOfTwoThreads) {
-  const TempDir dir;
-  const auto write = [](char letter) {
-    InfoHandler handler;
-    for (int i = 0; i < 500; ++i) handler.HandleInfo(new Info(std::string(200, letter).c_str(), InfoLevel::Progress));
-  };
-  { const std::jthread a(write, 'a'), b(write, 'b'); }
-  const auto lines = LogLines();
-  EXPECT_EQ(lines.size(), 1000u);
-  for (const char letter : {'a', 'b'}) {
-    EXPECT_EQ(std::ranges::count(lines, " 004" + std::string(23, ' ') + std::string(200, letter)), 500);
-  }
 }
 
 TEST(Errors, NameTheInnermostOperationThatSawTheFailure) {

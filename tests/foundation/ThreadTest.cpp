@@ -27,10 +27,6 @@ TEST(Mail, OfTwoSendersArrivesInEachOrderWithItsSender) {
     EXPECT_EQ(PacketCast<PacketInternPing>(packet.get())->mUintTick, next[packet->mObjSource == &senders[1]]++);
   }
   EXPECT_EQ(next[0], kEach);
-  EXPECT_EQ(reader.GetWaitingCount(), 0u);
-  Packet unsent;
-  EXPECT_FALSE(ManagerThread(reader.GetOwn()).SendMail(nullptr, &unsent));
-  reader.GiveAsStranger(unsent);  // what is left in a mailbox goes with it: the leak checker would tell
 }
 
 // Fails on every chat line and ends with a quit.

@@ -100,7 +100,6 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         StreamCase{"InPieces", {kChat.substr(0, 1), kChat.substr(1, 2), kChat.substr(3, 9), kChat.substr(12)}, {400}},
         StreamCase{"WholeAndHalf", {kChat + kChat + kQuit.substr(0, 5), kQuit.substr(5)}, {400, 400, 500}},
-        StreamCase{"ExactlyOneBatch", {Times(16, kQuit)}, Codes(16, 500)},
         StreamCase{"FortyAtOnce", {Times(40, kChat)}, Codes(40, 400)},
         StreamCase{"MoreThanTheBuffer", {Times(800, kChat)}, Codes(800, 400)},
         StreamCase{"UnknownCode", {ForgedRecord(405, 12)}, {0}},
@@ -114,23 +113,20 @@ INSTANTIATE_TEST_SUITE_P(
         StreamCase{"ClosedInMidRecord", {kQuit + kChat.substr(0, 20)}, {500}, Ending::PeerCloses}),
     [](const auto& stream) { return stream.param.name; });
 
-TEST(SocketControl, MeasuresRoundTrips) {
+TEST(SocketControl, MeasuresRoundTripsFromTheSendingOfThePing) {
   LoopbackPeer peer;
   Owner owner;
   owner.ConnectTo(peer);
   const std::uint32_t before = SDL_GetTicks();
-  owner.Give(PacketInternPing(before - 90000));  // it leaves with the tick of its sending
+  owner.Give(PacketInternPing(before - 90000));
   const std::string ping = peer.Receive(16);
   ASSERT_EQ(ping.size(), 16u);
-  EXPECT_LE(LoadBig32(reinterpret_cast<const std::uint8_t*>(ping.data()) + 12) - before, 80000u);
-
-  const std::uint32_t sent = SDL_GetTicks() - 40;
-  peer.Send(Record(PacketInternPong(sent)));
+  peer.Send(Record(PacketInternPong(LoadBig32(reinterpret_cast<const std::uint8_t*>(ping.data()) + 12) - 40)));
   const auto report = owner.Next();
   const auto* pong = PacketCast<PacketInternPong>(report.get());
   ASSERT_NE(pong, nullptr);
   EXPECT_GE(pong->mUintTick, 40u);
-  EXPECT_LE(pong->mUintTick, SDL_GetTicks() - sent);
+  EXPECT_LE(pong->mUintTick, SDL_GetTicks() - before + 40);
 }
 
 // Obeying would show in ExpectAlive: as a closed socket, another report or an answer.
@@ -140,13 +136,11 @@ TEST(SocketControl, ObeysItsOwnerAndNoPeer) {
   owner.GiveAsStranger(PacketInternTerminate());  // no source: neither obeyed nor taken for the owner
   owner.ConnectTo(peer);
   owner.GiveAsStranger(PacketInternDisconnect());
-  for (const PacketCode code : {1, 2, 3, 4, 5, 6, 7, 8, 9, 11, 12, 13, 14, 18, 20, 200, 400, 401, 500, 851}) {
-    ASSERT_TRUE(peer.Send(FalseClaim(code)));
-    EXPECT_EQ(owner.Next(1), Codes{code});
-  }
+  ASSERT_TRUE(peer.Send(FalseClaim(8) + FalseClaim(9)));  // the true ones are answered
+  EXPECT_EQ(owner.Next(2), (Codes{8, 9}));
   for (const PacketCode code : {1, 2, 3, 4, 5, 6, 7, 11, 12, 13, 14}) {
-    ASSERT_TRUE(peer.Send(Record(*CreatePacket(code))));
-    EXPECT_EQ(owner.Next(1), Codes{code});
+    ASSERT_TRUE(peer.Send(FalseClaim(code) + Record(*CreatePacket(code))));
+    EXPECT_EQ(owner.Next(2), (Codes{code, code}));
     Packet claim;
     claim.mEnmCode = code;
     owner.Give(claim);
@@ -179,16 +173,11 @@ TEST(SocketControl, AsAServerListensAndHandsItsCallersOn) {
   Owner listener, adopter;
   listener.Give(listen);
   ASSERT_EQ(listener.Next(1), Codes{kInfo});
-  listener.Give(PacketInternPing());  // there is nobody to send these to
-  listener.Give(PacketChatMsg("ann", "dropped"));
+  listener.Give(PacketChatMsg("ann", "there is nobody to send this to"));
   for (int caller = 0; caller < 2; ++caller) {
     LoopbackPeer peer;
     ASSERT_TRUE(peer.Connect(listen.mUintPort));
-    auto report = listener.Next();
-    const auto* connection = PacketCast<PacketInternNewConnection>(report.get());
-    ASSERT_NE(connection, nullptr);
-    EXPECT_EQ(connection->mUintHost, htonl(INADDR_LOOPBACK));
-    adopter.Give(std::move(report));
+    adopter.Give(listener.Next());
     ASSERT_EQ(adopter.Next(1), Codes{kInfo});
     adopter.ExpectAlive(peer);
     adopter.Give(PacketInternDisconnect());
@@ -196,7 +185,8 @@ TEST(SocketControl, AsAServerListensAndHandsItsCallersOn) {
   }
 }
 
-TEST(SocketControl, LeavesAFloodWithThePeerAndLosesNothingOfIt) {
+// Sending to a peer that has gone fails while its last records still wait to be cut, and must not raise SIGPIPE.
+TEST(SocketControl, LeavesAFloodWithThePeerAndDeliversAllOfItBeforeTheLoss) {
   constexpr std::uint32_t kCount = 2000;
   LoopbackPeer peer;
   Owner owner;
@@ -209,25 +199,14 @@ TEST(SocketControl, LeavesAFloodWithThePeerAndLosesNothingOfIt) {
   for (int i = 0; i < 10; ++i) owner.WaitForPass(peer);  // its own pings go on
   EXPECT_LE(owner.GetWaitingCount(), kMailboxHighWater + 16);
 
+  peer.Close();
+  for (int i = 0; i < 5; ++i) owner.Give(PacketChatMsg("ann", "anybody there?"));
   for (std::uint32_t i = 0; i < kCount; ++i) {
     const auto report = owner.Next();
     const auto* resend = PacketCast<PacketInternResend>(report.get());
     ASSERT_NE(resend, nullptr);
     ASSERT_EQ(resend->mUintResendFrom, i);
   }
-  owner.ExpectAlive(peer);
-}
-
-// Sending to a peer that has gone fails while its last records still wait to be cut, and must not raise SIGPIPE.
-TEST(SocketControl, DeliversAPeersLastWordsBeforeItsLoss) {
-  LoopbackPeer peer;
-  Owner owner;
-  owner.ConnectTo(peer);
-  ASSERT_TRUE(peer.Send(Times(600, kQuit)));
-  ASSERT_TRUE(WaitUntil([&] { return owner.GetWaitingCount() > kMailboxHighWater; }));
-  peer.Close();
-  for (int i = 0; i < 5; ++i) owner.Give(PacketChatMsg("ann", "anybody there?"));
-  EXPECT_EQ(owner.Next(600), Codes(600, 500));
   EXPECT_EQ(owner.Next(1), Codes{kLost});
 }
 
