@@ -29,12 +29,6 @@ Codes CodesWithout(const Codes& leftOut, TypeList<Packets...>) {
 
 bool LogHas(const std::string& text) { return ReadFile("log.clf").find(text) != std::string::npos; }
 
-// SDL's clock begins anew when SDL is started, which is why the sound manager must not be the first to do it.
-struct StartedSdl {
-  StartedSdl() { SDL_Init(SDL_INIT_NOPARACHUTE); }
-  ~StartedSdl() { SDL_Quit(); }
-};
-
 // The controller between a server at the other end of a socket and a display of which there is only the mailbox.
 class ClientBaseTest : public ::testing::Test {
  protected:
@@ -85,7 +79,6 @@ class ClientBaseTest : public ::testing::Test {
   }
 
   const TempDir mDir;
-  const StartedSdl mSdl;
   LoopbackPeer mServer;
   Correspondent mDisplay;
   std::unique_ptr<ClientBase> mClient;
