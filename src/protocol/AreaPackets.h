@@ -11,8 +11,9 @@ struct PacketAreaGround final : PacketOf<PacketAreaGround, 700, "PacketAreaGroun
   AreaGrid<std::uint8_t> mBySmoothness;
 
   static constexpr auto Fields() {
-    return std::tuple_cat(AreaHeader::Fields(), std::tuple{Field{"mUintGround", &PacketAreaGround::mUintGround},
-                                                           Field{"mBySmoothness", &PacketAreaGround::mBySmoothness}});
+    return std::tuple_cat(AreaHeader::Fields(),
+                          std::tuple{PacketField{"mUintGround", &PacketAreaGround::mUintGround},
+                                     PacketField{"mBySmoothness", &PacketAreaGround::mBySmoothness}});
   }
 };
 
@@ -21,7 +22,7 @@ struct PacketAreaVolu final : PacketOf<PacketAreaVolu, 701, "PacketAreaVolu">, A
   AreaGrid<std::uint32_t> mUintVolu;
 
   static constexpr auto Fields() {
-    return std::tuple_cat(AreaHeader::Fields(), std::tuple{Field{"mUintVolu", &PacketAreaVolu::mUintVolu}});
+    return std::tuple_cat(AreaHeader::Fields(), std::tuple{PacketField{"mUintVolu", &PacketAreaVolu::mUintVolu}});
   }
 };
 

@@ -20,7 +20,8 @@ struct PacketChatMsg final : PacketOf<PacketChatMsg, 400, "PacketChatMsg"> {
   char mStrMsg[kChatTextCapacity] = "";
 
   static constexpr auto Fields() {
-    return std::tuple{Field{"mStrUser", &PacketChatMsg::mStrUser}, Field{"mStrMsg", &PacketChatMsg::mStrMsg}};
+    return std::tuple{PacketField{"mStrUser", &PacketChatMsg::mStrUser},
+                      PacketField{"mStrMsg", &PacketChatMsg::mStrMsg}};
   }
 };
 
@@ -31,8 +32,8 @@ struct PacketChatUsers final : PacketOf<PacketChatUsers, 401, "PacketChatUsers">
   NameList mStrUsers = {};
 
   static constexpr auto Fields() {
-    return std::tuple{Field{"mUintCount", &PacketChatUsers::mUintCount},
-                      Field{"mStrUsers", &PacketChatUsers::mStrUsers}};
+    return std::tuple{PacketField{"mUintCount", &PacketChatUsers::mUintCount},
+                      PacketField{"mStrUsers", &PacketChatUsers::mStrUsers}};
   }
 };
 
@@ -42,14 +43,14 @@ struct PacketEnterChatAccept final : PacketOf<PacketEnterChatAccept, 403, "Packe
 struct PacketEnterChatDeny final : PacketOf<PacketEnterChatDeny, 404, "PacketEnterChatDeny"> {
   char mStrReason[kReasonCapacity] = "";
 
-  static constexpr auto Fields() { return std::tuple{Field{"mStrReason", &PacketEnterChatDeny::mStrReason}}; }
+  static constexpr auto Fields() { return std::tuple{PacketField{"mStrReason", &PacketEnterChatDeny::mStrReason}}; }
 };
 
 // How many users are out in the game world.
 struct PacketUserInGame final : PacketOf<PacketUserInGame, 406, "PacketUserInGame"> {
   std::uint32_t mUintCount = 0;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mUintCount", &PacketUserInGame::mUintCount}}; }
+  static constexpr auto Fields() { return std::tuple{PacketField{"mUintCount", &PacketUserInGame::mUintCount}}; }
 };
 
 }  // namespace tolva

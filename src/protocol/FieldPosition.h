@@ -21,9 +21,10 @@ struct AreaHeader : AreaPosition {
   std::uint8_t mByVersion = 0;
 
   static constexpr auto Fields() {
-    return std::tuple{Field{"mUintRx", &AreaHeader::mUintRx},   Field{"mUintRy", &AreaHeader::mUintRy},
-                      Field{"mByAx", &AreaHeader::mByAx},       Field{"mByAy", &AreaHeader::mByAy},
-                      Field{"mByLevel", &AreaHeader::mByLevel}, Field{"mByVersion", &AreaHeader::mByVersion}};
+    return std::tuple{
+        PacketField{"mUintRx", &AreaHeader::mUintRx},   PacketField{"mUintRy", &AreaHeader::mUintRy},
+        PacketField{"mByAx", &AreaHeader::mByAx},       PacketField{"mByAy", &AreaHeader::mByAy},
+        PacketField{"mByLevel", &AreaHeader::mByLevel}, PacketField{"mByVersion", &AreaHeader::mByVersion}};
   }
 };
 
@@ -33,10 +34,10 @@ struct FieldPosition : AreaPosition {
   std::uint8_t mByFy = 0;
 
   static constexpr auto Fields() {
-    return std::tuple{Field{"mUintRx", &FieldPosition::mUintRx},  Field{"mUintRy", &FieldPosition::mUintRy},
-                      Field{"mByAx", &FieldPosition::mByAx},      Field{"mByAy", &FieldPosition::mByAy},
-                      Field{"mByFx", &FieldPosition::mByFx},      Field{"mByFy", &FieldPosition::mByFy},
-                      Field{"mByLevel", &FieldPosition::mByLevel}};
+    return std::tuple{PacketField{"mUintRx", &FieldPosition::mUintRx},  PacketField{"mUintRy", &FieldPosition::mUintRy},
+                      PacketField{"mByAx", &FieldPosition::mByAx},      PacketField{"mByAy", &FieldPosition::mByAy},
+                      PacketField{"mByFx", &FieldPosition::mByFx},      PacketField{"mByFy", &FieldPosition::mByFy},
+                      PacketField{"mByLevel", &FieldPosition::mByLevel}};
   }
 };
 

@@ -13,7 +13,7 @@ struct PacketEnterGameAccept final : PacketOf<PacketEnterGameAccept, 801, "Packe
 struct PacketEnterGameDeny final : PacketOf<PacketEnterGameDeny, 802, "PacketEnterGameDeny"> {
   char mStrReason[kReasonCapacity] = "";
 
-  static constexpr auto Fields() { return std::tuple{Field{"mStrReason", &PacketEnterGameDeny::mStrReason}}; }
+  static constexpr auto Fields() { return std::tuple{PacketField{"mStrReason", &PacketEnterGameDeny::mStrReason}}; }
 };
 
 // A chat line spoken by the character on the given field.
@@ -22,9 +22,9 @@ struct PacketGameChatMsg final : PacketOf<PacketGameChatMsg, 820, "PacketGameCha
   char mStrMsg[kChatTextCapacity] = "";
 
   static constexpr auto Fields() {
-    return std::tuple_cat(
-        std::tuple{Field{"mStrUser", &PacketGameChatMsg::mStrUser}, Field{"mStrMsg", &PacketGameChatMsg::mStrMsg}},
-        FieldPosition::Fields());
+    return std::tuple_cat(std::tuple{PacketField{"mStrUser", &PacketGameChatMsg::mStrUser},
+                                     PacketField{"mStrMsg", &PacketGameChatMsg::mStrMsg}},
+                          FieldPosition::Fields());
   }
 };
 
@@ -35,7 +35,7 @@ struct PacketMoveRequest final : PacketOf<PacketMoveRequest, 850, "PacketMoveReq
 
   Direction mEnmDirection = Direction::None;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mEnmDirection", &PacketMoveRequest::mEnmDirection}}; }
+  static constexpr auto Fields() { return std::tuple{PacketField{"mEnmDirection", &PacketMoveRequest::mEnmDirection}}; }
 };
 
 // The character on the given field steps one field.
@@ -43,7 +43,8 @@ struct PacketMove final : PacketOf<PacketMove, 851, "PacketMove">, FieldPosition
   Direction mEnmDirection = Direction::None;
 
   static constexpr auto Fields() {
-    return std::tuple_cat(FieldPosition::Fields(), std::tuple{Field{"mEnmDirection", &PacketMove::mEnmDirection}});
+    return std::tuple_cat(FieldPosition::Fields(),
+                          std::tuple{PacketField{"mEnmDirection", &PacketMove::mEnmDirection}});
   }
 };
 
@@ -66,7 +67,7 @@ struct PacketRemoveChar final : PacketOf<PacketRemoveChar, 872, "PacketRemoveCha
 struct PacketDarkness final : PacketOf<PacketDarkness, 900, "PacketDarkness"> {
   std::uint8_t mByDarkness = 0;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mByDarkness", &PacketDarkness::mByDarkness}}; }
+  static constexpr auto Fields() { return std::tuple{PacketField{"mByDarkness", &PacketDarkness::mByDarkness}}; }
 };
 
 }  // namespace tolva

@@ -23,8 +23,8 @@ struct PacketInternConnect final : PacketOf<PacketInternConnect, 1, "PacketInter
   std::uint16_t mUintPort = 0;
 
   static constexpr auto Fields() {
-    return std::tuple{Field{"mStrHost", &PacketInternConnect::mStrHost},
-                      Field{"mUintPort", &PacketInternConnect::mUintPort}};
+    return std::tuple{PacketField{"mStrHost", &PacketInternConnect::mStrHost},
+                      PacketField{"mUintPort", &PacketInternConnect::mUintPort}};
   }
 };
 
@@ -32,7 +32,7 @@ struct PacketInternConnect final : PacketOf<PacketInternConnect, 1, "PacketInter
 struct PacketInternListen final : PacketOf<PacketInternListen, 2, "PacketInternListen"> {
   std::uint16_t mUintPort = 0;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mUintPort", &PacketInternListen::mUintPort}}; }
+  static constexpr auto Fields() { return std::tuple{PacketField{"mUintPort", &PacketInternListen::mUintPort}}; }
 };
 
 // An accepted connection; host and port of the peer in network byte order, as SDL_net holds them. Whoever holds the
@@ -47,9 +47,9 @@ struct PacketInternNewConnection final : PacketOf<PacketInternNewConnection, 3, 
   std::uint16_t mUintPort = 0;
 
   static constexpr auto Fields() {
-    return std::tuple{Field{"mSdlSock", &PacketInternNewConnection::mSdlSock},
-                      Field{"mUintHost", &PacketInternNewConnection::mUintHost},
-                      Field{"mUintPort", &PacketInternNewConnection::mUintPort}};
+    return std::tuple{PacketField{"mSdlSock", &PacketInternNewConnection::mSdlSock},
+                      PacketField{"mUintHost", &PacketInternNewConnection::mUintHost},
+                      PacketField{"mUintPort", &PacketInternNewConnection::mUintPort}};
   }
 };
 
@@ -65,7 +65,7 @@ struct PacketInternPing final : PacketOf<PacketInternPing, 8, "PacketInternPing"
 
   std::uint32_t mUintTick = 0;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mUintTick", &PacketInternPing::mUintTick}}; }
+  static constexpr auto Fields() { return std::tuple{PacketField{"mUintTick", &PacketInternPing::mUintTick}}; }
 };
 
 // Answer to a ping with the ping's tick; above the socket control it holds the round-trip time in milliseconds instead.
@@ -75,7 +75,7 @@ struct PacketInternPong final : PacketOf<PacketInternPong, 9, "PacketInternPong"
 
   std::uint32_t mUintTick = 0;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mUintTick", &PacketInternPong::mUintTick}}; }
+  static constexpr auto Fields() { return std::tuple{PacketField{"mUintTick", &PacketInternPong::mUintTick}}; }
 };
 
 // A socket works; host and port of the peer in network byte order, as SDL_net holds them.
@@ -87,8 +87,8 @@ struct PacketInternConnectionInfo final : PacketOf<PacketInternConnectionInfo, 1
   std::uint16_t mUintPort = 0;
 
   static constexpr auto Fields() {
-    return std::tuple{Field{"mUintHost", &PacketInternConnectionInfo::mUintHost},
-                      Field{"mUintPort", &PacketInternConnectionInfo::mUintPort}};
+    return std::tuple{PacketField{"mUintHost", &PacketInternConnectionInfo::mUintHost},
+                      PacketField{"mUintPort", &PacketInternConnectionInfo::mUintPort}};
   }
 };
 
@@ -99,13 +99,17 @@ struct PacketInternCentralMailbox final : PacketOf<PacketInternCentralMailbox, 1
 
   Mailbox* mObjMailbox = nullptr;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mObjMailbox", &PacketInternCentralMailbox::mObjMailbox}}; }
+  static constexpr auto Fields() {
+    return std::tuple{PacketField{"mObjMailbox", &PacketInternCentralMailbox::mObjMailbox}};
+  }
 };
 
 struct PacketInternManagerMailbox final : PacketOf<PacketInternManagerMailbox, 13, "PacketInternManagerMailbox"> {
   Mailbox* mObjMailbox = nullptr;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mObjMailbox", &PacketInternManagerMailbox::mObjMailbox}}; }
+  static constexpr auto Fields() {
+    return std::tuple{PacketField{"mObjMailbox", &PacketInternManagerMailbox::mObjMailbox}};
+  }
 };
 
 // Hands the display the shared world; the repository stays with the controller.
@@ -116,26 +120,30 @@ struct PacketInternRepository final : PacketOf<PacketInternRepository, 14, "Pack
   Repository* mObjRepository = nullptr;
 
   static constexpr auto Fields() {
-    return std::tuple{Field{"mObjRepository", &PacketInternRepository::mObjRepository}};
+    return std::tuple{PacketField{"mObjRepository", &PacketInternRepository::mObjRepository}};
   }
 };
 
 struct PacketInternAddUser final : PacketOf<PacketInternAddUser, 15, "PacketInternAddUser"> {
   std::uint32_t mUintUserId = 0;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mUintUserId", &PacketInternAddUser::mUintUserId}}; }
+  static constexpr auto Fields() { return std::tuple{PacketField{"mUintUserId", &PacketInternAddUser::mUintUserId}}; }
 };
 
 struct PacketInternRemoveUser final : PacketOf<PacketInternRemoveUser, 16, "PacketInternRemoveUser"> {
   std::uint32_t mUintUserId = 0;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mUintUserId", &PacketInternRemoveUser::mUintUserId}}; }
+  static constexpr auto Fields() {
+    return std::tuple{PacketField{"mUintUserId", &PacketInternRemoveUser::mUintUserId}};
+  }
 };
 
 struct PacketInternResend final : PacketOf<PacketInternResend, 17, "PacketInternResend"> {
   std::uint32_t mUintResendFrom = 0;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mUintResendFrom", &PacketInternResend::mUintResendFrom}}; }
+  static constexpr auto Fields() {
+    return std::tuple{PacketField{"mUintResendFrom", &PacketInternResend::mUintResendFrom}};
+  }
 };
 
 // Progress of a synchronisation of the map, in areas: so many of so many.
@@ -147,8 +155,8 @@ struct PacketInternStatus final : PacketOf<PacketInternStatus, 18, "PacketIntern
   std::uint16_t mUintMaxValue = 0;
 
   static constexpr auto Fields() {
-    return std::tuple{Field{"mUintValue", &PacketInternStatus::mUintValue},
-                      Field{"mUintMaxValue", &PacketInternStatus::mUintMaxValue}};
+    return std::tuple{PacketField{"mUintValue", &PacketInternStatus::mUintValue},
+                      PacketField{"mUintMaxValue", &PacketInternStatus::mUintMaxValue}};
   }
 };
 

@@ -18,12 +18,12 @@ struct PacketLoginRequest final : PacketOf<PacketLoginRequest, 200, "PacketLogin
   Mailbox* mObjClientMailbox = nullptr;
 
   static constexpr auto Fields() {
-    return std::tuple_cat(std::tuple{Field{"mStrLogin", &PacketLoginRequest::mStrLogin},
-                                     Field{"mStrPass", &PacketLoginRequest::mStrPass}},
+    return std::tuple_cat(std::tuple{PacketField{"mStrLogin", &PacketLoginRequest::mStrLogin},
+                                     PacketField{"mStrPass", &PacketLoginRequest::mStrPass}},
                           VersionNumbers::Fields(),
-                          std::tuple{Field{"mUintHost", &PacketLoginRequest::mUintHost},
-                                     Field{"mUintPort", &PacketLoginRequest::mUintPort},
-                                     Field{"mObjClientMailbox", &PacketLoginRequest::mObjClientMailbox}});
+                          std::tuple{PacketField{"mUintHost", &PacketLoginRequest::mUintHost},
+                                     PacketField{"mUintPort", &PacketLoginRequest::mUintPort},
+                                     PacketField{"mObjClientMailbox", &PacketLoginRequest::mObjClientMailbox}});
   }
 };
 
@@ -32,13 +32,15 @@ struct PacketLoginAccept final : PacketOf<PacketLoginAccept, 201, "PacketLoginAc
 struct PacketLoginDeny final : PacketOf<PacketLoginDeny, 202, "PacketLoginDeny"> {
   char mStrReason[kReasonCapacity] = "";
 
-  static constexpr auto Fields() { return std::tuple{Field{"mStrReason", &PacketLoginDeny::mStrReason}}; }
+  static constexpr auto Fields() { return std::tuple{PacketField{"mStrReason", &PacketLoginDeny::mStrReason}}; }
 };
 
 struct PacketLogout final : PacketOf<PacketLogout, 300, "PacketLogout"> {
   Mailbox* mObjClientMailbox = nullptr;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mObjClientMailbox", &PacketLogout::mObjClientMailbox}}; }
+  static constexpr auto Fields() {
+    return std::tuple{PacketField{"mObjClientMailbox", &PacketLogout::mObjClientMailbox}};
+  }
 };
 
 // The player quits, or the server tells the client to.
@@ -56,7 +58,7 @@ struct PacketClientInfo final : PacketOf<PacketClientInfo, 601, "PacketClientInf
 struct PacketKick final : PacketOf<PacketKick, 650, "PacketKick"> {
   char mStrWho[256] = "";
 
-  static constexpr auto Fields() { return std::tuple{Field{"mStrWho", &PacketKick::mStrWho}}; }
+  static constexpr auto Fields() { return std::tuple{PacketField{"mStrWho", &PacketKick::mStrWho}}; }
 };
 
 }  // namespace tolva

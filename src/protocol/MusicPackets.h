@@ -11,7 +11,7 @@ struct PacketMusicPlay final : PacketOf<PacketMusicPlay, 1000, "PacketMusicPlay"
 
   std::uint16_t mUintMusicId = 0;
 
-  static constexpr auto Fields() { return std::tuple{Field{"mUintMusicId", &PacketMusicPlay::mUintMusicId}}; }
+  static constexpr auto Fields() { return std::tuple{PacketField{"mUintMusicId", &PacketMusicPlay::mUintMusicId}}; }
 };
 
 struct PacketMusicPause final : PacketOf<PacketMusicPause, 1001, "PacketMusicPause"> {};

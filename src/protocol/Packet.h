@@ -28,7 +28,7 @@ struct Packet {
   virtual Packet* Clone() const;
 
   static constexpr auto Fields() {
-    return std::tuple{Field{"mEnmCode", &Packet::mEnmCode}, Field{"mObjSource", &Packet::mObjSource}};
+    return std::tuple{PacketField{"mEnmCode", &Packet::mEnmCode}, PacketField{"mObjSource", &Packet::mObjSource}};
   }
 
   // Tells the class, but proves nothing: a plain Packet read from the wire carries whatever code its sender wrote. The

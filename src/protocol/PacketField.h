@@ -16,13 +16,13 @@ namespace tolva {
 //   AreaGrid<T>                the two dimensions (4 bytes each), then the values; not shown in text forms
 //   pointers                   never on the wire; shown as addresses
 template <typename Owner, typename Member>
-struct Field {
+struct PacketField {
   const char* name;
   Member Owner::*member;
 };
 
 template <typename Owner, typename Member>
-Field(const char*, Member Owner::*) -> Field<Owner, Member>;
+PacketField(const char*, Member Owner::*) -> PacketField<Owner, Member>;
 
 constexpr std::size_t kAreaEdge = 24;
 constexpr std::size_t kAreaFields = kAreaEdge * kAreaEdge;

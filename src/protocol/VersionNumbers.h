@@ -14,9 +14,9 @@ struct VersionNumbers {
   std::uint16_t mUintVersionBugfix = 0;
 
   static constexpr auto Fields() {
-    return std::tuple{Field{"mUintVersionMajor", &VersionNumbers::mUintVersionMajor},
-                      Field{"mUintVersionMinor", &VersionNumbers::mUintVersionMinor},
-                      Field{"mUintVersionBugfix", &VersionNumbers::mUintVersionBugfix}};
+    return std::tuple{PacketField{"mUintVersionMajor", &VersionNumbers::mUintVersionMajor},
+                      PacketField{"mUintVersionMinor", &VersionNumbers::mUintVersionMinor},
+                      PacketField{"mUintVersionBugfix", &VersionNumbers::mUintVersionBugfix}};
   }
 };
 

@@ -9,13 +9,14 @@ import contextlib
 import ctypes
 import glob
 import os
+import re
 import signal
+import socket
 import struct
 import subprocess
 import sys
 import threading
 import time
-import socket
 from pathlib import Path
 
 from PIL import ImageChops, ImageGrab
@@ -47,7 +48,10 @@ def spawn(command, **options):
     def die_with_parent():
         ctypes.CDLL(None).prctl(1, signal.SIGKILL)
 
-    return subprocess.Popen([str(part) for part in command], preexec_fn=die_with_parent, **options)
+    try:
+        return subprocess.Popen([str(part) for part in command], preexec_fn=die_with_parent, **options)
+    except FileNotFoundError as missing:
+        raise Failure(f"cannot start {command[0]}: {missing.strerror}") from None
 
 
 def end(process):
@@ -104,8 +108,6 @@ class Server:
 
     def wait_log(self, pattern, count=1):
         """The count-th match of the pattern in what the server has printed so far."""
-        import re
-
         def find():
             if self.process.poll() is not None:
                 raise Failure(f"the server ended: {self.log_path.read_text()[-300:]}")

@@ -127,7 +127,7 @@ TEST_F(ArchiveTest, SaysInTheLogWhyAPictureIsMissing) {
   };
   for (const auto& test : cases) {
     std::filesystem::remove("Graphics.cca");
-    std::filesystem::resize_file("log.clf", 0);
+    std::filesystem::remove("log.clf");
     WriteFile("Graphics.cci", test.index);
     if (test.data) WriteFile("Graphics.cca", *test.data);
     const SurfacePtr picture(mArchive.LoadImage(kId));
@@ -149,17 +149,6 @@ TEST_F(ArchiveTest, APictureCutAnywhereIsMissing) {
   }
   WriteArchive("Graphics", kId, png);
   EXPECT_NE(SurfacePtr(mArchive.LoadImage(kId)), nullptr);
-}
-
-// All checksums are right, but the compressed pixels are too few or no pixels at all.
-TEST_F(ArchiveTest, APictureWithoutItsPixelsIsMissing) {
-  StartVideo();
-  const std::string png = MakePng({.width = 20, .height = 20});
-  const std::size_t pixels = png.find("IDAT") - 4;
-  for (const std::string& data : {std::string("no zlib stream"), std::string(), png.substr(pixels + 8, 6)}) {
-    WriteArchive("Graphics", kId, png.substr(0, pixels) + test::MakeChunk("IDAT", data) + test::MakeChunk("IEND", ""));
-    EXPECT_EQ(mArchive.LoadImage(kId), nullptr);
-  }
 }
 
 TEST_F(ArchiveTest, KeepsTheSeeThroughColourOfAPicture) {

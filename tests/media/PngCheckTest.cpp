@@ -18,18 +18,6 @@ std::string KeyedPalettePng() {
   return MakePng({.colour = PNG_COLOR_TYPE_PALETTE, .palette = {test::kMagenta, test::kBlack}, .alphas = {0, 255}});
 }
 
-TEST(PngCheck, TakesEveryKindOfPictureAndStopsAtItsEnd) {
-  for (const int colour : {PNG_COLOR_TYPE_GRAY, PNG_COLOR_TYPE_RGB, PNG_COLOR_TYPE_RGBA, PNG_COLOR_TYPE_GRAY_ALPHA}) {
-    const std::string file = MakePng({.width = 7, .height = 5, .colour = colour});
-    const PngCheck check = Check(file + "the next entry");
-    EXPECT_TRUE(check.IsSound()) << colour << ": " << check.GetFault();
-    EXPECT_EQ(check.GetBytes().size(), file.size());
-    EXPECT_EQ(check.GetHeader().width, 7U);
-    EXPECT_EQ(check.GetHeader().height, 5U);
-  }
-  EXPECT_TRUE(Check(KeyedPalettePng()).IsSound());
-}
-
 TEST(PngCheck, RefusesAPictureCutOrChangedAtAnyByte) {
   const std::string file = KeyedPalettePng();
   for (std::size_t at = 0; at < file.size(); ++at) {

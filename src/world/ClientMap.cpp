@@ -1,0 +1,236 @@
+#include "world/ClientMap.h"
+
+#include <utility>
+
+#include "foundation/Guard.h"
+#include "world/Field.h"
+#include "world/Steps.h"
+
+namespace tolva {
+namespace {
+
+constexpr int kLast = kMapEdge - 1;
+
+// Corners, edges and the inner square, as the areas are linked.
+struct Block {
+  const char* method;
+  int firstR, lastR, firstC, lastC;
+};
+constexpr Block kBlocks[] = {{"SetNeighborsAtNorth", 0, 0, kLast, kLast},
+                             {"SetNeighborsAtNorthEast", 1, kLast - 1, kLast, kLast},
+                             {"SetNeighborsAtEast", kLast, kLast, kLast, kLast},
+                             {"SetNeighborsAtSouthEast", kLast, kLast, 1, kLast - 1},
+                             {"SetNeighborsAtSouth", kLast, kLast, 0, 0},
+                             {"SetNeighborsAtSouthWest", 1, kLast - 1, 0, 0},
+                             {"SetNeighborsAtWest", 0, 0, 0, 0},
+                             {"SetNeighborsAtNorthWest", 0, 0, 1, kLast - 1},
+                             {"SetNeighborsAtCenter", 1, kLast - 1, 1, kLast - 1}};
+
+bool IsInside(int r, int c) { return r >= 0 && r < kMapEdge && c >= 0 && c < kMapEdge; }
+
+bool IsSameArea(const AreaPosition& a, const AreaPosition& b) {
+  return a.mUintRx == b.mUintRx && a.mUintRy == b.mUintRy && a.mByAx == b.mByAx && a.mByAy == b.mByAy;
+}
+
+// How many area steps it is from one place to the other in the direction of growth: areas are counted through all
+// regions, and beyond the last region is the first.
+std::uint64_t AreasBetween(std::uint32_t fromRegion, std::uint8_t fromArea, std::uint32_t region, std::uint8_t area) {
+  constexpr std::uint64_t kAreasAround = std::uint64_t{kRegionEdge} << 32;
+  const std::uint64_t from = std::uint64_t{fromRegion} * kRegionEdge + fromArea;
+  const std::uint64_t to = std::uint64_t{region} * kRegionEdge + area;
+  return (to - from) % kAreasAround;
+}
+
+template <typename Square, typename Body>
+void ForEachPlace(Square& areas, Body&& body) {
+  for (auto& row : areas) {
+    for (auto& area : row) body(area);
+  }
+}
+
+void PlaceFrom(Area& area, const AreaPosition& position) {
+  constexpr Direction kWays[] = {Direction::NorthEast, Direction::SouthEast, Direction::SouthWest,
+                                 Direction::NorthWest};
+  area.SetPosition(position);
+  for (const Direction way : kWays) {
+    Area* next = area.GetNeighbor(way);
+    if (next != nullptr && !next->IsPlaced()) PlaceFrom(*next, NextArea(position, StepIn(way)));
+  }
+}
+
+}  // namespace
+
+ClientMap::ClientMap() {
+  Guard("ClientMap", "ClientMap", [&] { Initialize(); });
+}
+
+ClientMap::~ClientMap() { Terminate(); }
+
+void ClientMap::Initialize() {
+  Guard("ClientMap", "Initialize", [&] {
+    ForEachPlace(mAreas, [](auto& area) { area = std::make_unique<Area>(); });
+    ResetAllAreas();
+    SetAllNeighbors();
+  });
+}
+
+void ClientMap::Terminate() {
+  Guard("ClientMap", "Terminate", [&] {
+    mCharacters.clear();
+    ForEachPlace(mAreas, [](auto& area) { area.reset(); });
+  });
+}
+
+Area* ClientMap::GetAreaAt(std::uint8_t r, std::uint8_t c) const {
+  return IsInside(r, c) ? mAreas[r][c].get() : nullptr;
+}
+
+// Where the area must be follows from where the first one is. What is not there is on the map only if the areas do not
+// continue each other, as before the first placement.
+Area* ClientMap::GetArea(const AreaPosition& position) const {
+  return Guard("ClientMap", "GetArea", [&]() -> Area* {
+    const AreaPosition& first = mAreas[0][0]->GetPosition();
+    const std::uint64_t r = AreasBetween(first.mUintRx, first.mByAx, position.mUintRx, position.mByAx);
+    const std::uint64_t c = AreasBetween(first.mUintRy, first.mByAy, position.mUintRy, position.mByAy);
+    if (r < kMapEdge && c < kMapEdge && IsSameArea(mAreas[r][c]->GetPosition(), position)) return mAreas[r][c].get();
+    for (const auto& row : mAreas) {
+      for (const auto& area : row) {
+        if (IsSameArea(area->GetPosition(), position)) return area.get();
+      }
+    }
+    return nullptr;
+  });
+}
+
+Field* ClientMap::GetField(const FieldPosition& position) const {
+  return Guard("ClientMap", "GetField", [&] {
+    Area* area = GetArea(position);
+    return area == nullptr ? nullptr : area->GetField(position.mByFx, position.mByFy);
+  });
+}
+
+void ClientMap::AddCharacter(Field& field, std::unique_ptr<Character> character) {
+  if (field.GetCharacter() != nullptr) return;
+  const Character* key = character.get();
+  field.AddCharacter(mCharacters.emplace(key, std::move(character)).first->second.get());
+}
+
+void ClientMap::RemoveCharacter(Field& field) {
+  const Character* character = field.GetCharacter();
+  if (character == nullptr) return;
+  field.RemoveCharacter();
+  mCharacters.erase(character);
+}
+
+void ClientMap::RemoveCharactersOf(Area& area) {
+  for (Field& field : area.GetFields()) RemoveCharacter(field);
+}
+
+void ClientMap::SetMapCoordinatesByCenter(const AreaPosition& center) {
+  Guard("ClientMap", "SetMapCoordinatesByCenter", [&] {
+    ResetAllAreas();
+    SetAreaCoordinates(*GetCenterArea(), center);
+  });
+}
+
+void ClientMap::SetAreaCoordinates(Area& area, const AreaPosition& position) {
+  Guard("ClientMap", "SetAreaCoordinates", [&] { PlaceFrom(area, position); });
+}
+
+void ClientMap::ResetArea(std::uint8_t r, std::uint8_t c) {
+  Guard("ClientMap", "ResetArea", [&] {
+    Area* area = GetAreaAt(r, c);
+    if (area == nullptr) return;
+    RemoveCharactersOf(*area);
+    area->Reset();
+  });
+}
+
+void ClientMap::ResetAllAreas() {
+  Guard("ClientMap", "ResetAllAreas", [&] {
+    for (std::uint8_t r = 0; r < kMapEdge; ++r) {
+      for (std::uint8_t c = 0; c < kMapEdge; ++c) ResetArea(r, c);
+    }
+  });
+}
+
+void ClientMap::SetAllNeighbors() {
+  Guard("ClientMap", "SetAllNeighbors", [&] {
+    for (const Block& block : kBlocks) {
+      Guard("ClientMap", block.method,
+            [&] { SetNeighborsOfBlock(block.firstR, block.lastR, block.firstC, block.lastC); });
+    }
+    ForEachPlace(mAreas, [](auto& area) { area->InitFields(); });
+  });
+}
+
+void ClientMap::SetNeighborsOfBlock(int firstR, int lastR, int firstC, int lastC) {
+  for (int r = firstR; r <= lastR; ++r) {
+    for (int c = firstC; c <= lastC; ++c) {
+      for (std::uint32_t d = 0; d < kDirectionCount; ++d) {
+        const int nextR = r + kSteps[d].x;
+        const int nextC = c + kSteps[d].y;
+        mAreas[r][c]->SetNeighbor(static_cast<Direction>(d),
+                                  IsInside(nextR, nextC) ? mAreas[nextR][nextC].get() : nullptr);
+      }
+    }
+  }
+}
+
+void ClientMap::ShiftAreas(Direction direction) {
+  Guard("ClientMap", "ShiftAreas", [&] {
+    if (!IsDirection(direction)) return;
+    const Step step = StepIn(direction);
+    if (step.y > 0) ShiftAreasToNorthEast();
+    if (step.x > 0) ShiftAreasToSouthEast();
+    if (step.y < 0) ShiftAreasToSouthWest();
+    if (step.x < 0) ShiftAreasToNorthWest();
+  });
+}
+
+void ClientMap::ShiftAreasToNorthEast() {
+  Guard("ClientMap", "ShiftAreasToNorthEast", [&] { ShiftBy(Direction::NorthEast); });
+}
+
+void ClientMap::ShiftAreasToSouthEast() {
+  Guard("ClientMap", "ShiftAreasToSouthEast", [&] { ShiftBy(Direction::SouthEast); });
+}
+
+void ClientMap::ShiftAreasToSouthWest() {
+  Guard("ClientMap", "ShiftAreasToSouthWest", [&] { ShiftBy(Direction::SouthWest); });
+}
+
+void ClientMap::ShiftAreasToNorthWest() {
+  Guard("ClientMap", "ShiftAreasToNorthWest", [&] { ShiftBy(Direction::NorthWest); });
+}
+
+void ClientMap::ShiftBy(Direction direction) {
+  const Step step = StepIn(direction);
+  // Made before anything is moved: without memory for them the map stays as it was.
+  std::array<std::unique_ptr<Area>, kMapEdge> fresh;
+  for (auto& area : fresh) area = std::make_unique<Area>();
+
+  AreaSquare shifted;
+  for (int r = 0; r < kMapEdge; ++r) {
+    for (int c = 0; c < kMapEdge; ++c) {
+      const int newR = r + step.x;
+      const int newC = c + step.y;
+      if (IsInside(newR, newC)) {
+        shifted[newR][newC] = std::move(mAreas[r][c]);
+      } else {
+        RemoveCharactersOf(*mAreas[r][c]);
+      }
+    }
+  }
+  auto next = fresh.begin();
+  ForEachPlace(shifted, [&](auto& area) {
+    if (area == nullptr) area = std::move(*next++);
+  });
+  mAreas = std::move(shifted);
+  SetAllNeighbors();
+  // The first kept area next to the new ones; those take their places in the world from it.
+  Area& kept = *mAreas[step.x > 0 ? 1 : step.x < 0 ? kLast - 1 : 0][step.y > 0 ? 1 : step.y < 0 ? kLast - 1 : 0];
+  SetAreaCoordinates(kept, AreaPosition(kept.GetPosition()));
+}
+
+}  // namespace tolva

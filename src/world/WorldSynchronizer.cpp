@@ -1,0 +1,187 @@
+#include "world/WorldSynchronizer.h"
+
+#include <utility>
+
+#include "foundation/Guard.h"
+#include "world/Steps.h"
+
+namespace tolva {
+namespace {
+
+constexpr std::uint16_t kMapAreas = kMapEdge * kMapEdge;
+
+}  // namespace
+
+WorldSynchronizer::WorldSynchronizer(Repository& repository, std::string cacheDirectory, Outlets outlets,
+                                     InfoHandler& infoHandler)
+    : mRepository(repository),
+      mCacheDirectory(std::move(cacheDirectory)),
+      mOutlets(std::move(outlets)),
+      mInfoHandler(infoHandler) {}
+
+// Runs `body` with the lock held, or not at all.
+template <typename Body>
+void WorldSynchronizer::Locked(Body&& body) {
+  const SemaphoreLock lock(mRepository);
+  if (lock.IsHeld()) body(mRepository.GetMap());
+}
+
+// The map's own look-ups do not compare levels.
+bool WorldSynchronizer::IsOnLevel(const AreaPosition& position) const {
+  return position.mByLevel == mRepository.GetMap().GetCenterArea()->GetPosition().mByLevel;
+}
+
+Area* WorldSynchronizer::FindArea(const AreaPosition& position) const {
+  return IsOnLevel(position) ? mRepository.GetMap().GetArea(position) : nullptr;
+}
+
+Field* WorldSynchronizer::FindField(const FieldPosition& position) const {
+  return IsOnLevel(position) ? mRepository.GetMap().GetField(position) : nullptr;
+}
+
+bool WorldSynchronizer::SynchronizeMap(const PacketCharPosition& packet) {
+  return Guard("ClientBase", "SynchronizeMap", [&] {
+    if (!IsInRange(packet)) return false;
+    Locked([&](ClientMap& map) {
+      map.SetMapCoordinatesByCenter(packet);
+      map.GetCenterArea()->GetField(packet.mByFx, packet.mByFy)->AddCharacter(&mRepository.GetPlayer());
+    });
+    mAreaSyncTotal = kMapAreas;
+    mAreaSyncCount = 0;
+    SendStatus();
+    for (std::uint8_t r = 0; r < kMapEdge; ++r) {
+      for (std::uint8_t c = 0; c < kMapEdge; ++c) SynchronizeArea(r, c);
+    }
+    return true;
+  });
+}
+
+void WorldSynchronizer::SynchronizeArea(std::uint8_t r, std::uint8_t c) {
+  Guard("ClientBase", "SynchronizeArea", [&] {
+    std::unique_ptr<PacketAreaVersion> request;
+    Locked([&](ClientMap& map) {
+      Area* area = map.GetAreaAt(r, c);
+      if (area == nullptr) return;
+      area->Load(mCacheDirectory.c_str());
+      const AreaPosition& position = area->GetPosition();
+      request = std::make_unique<PacketAreaVersion>(position.mUintRx, position.mUintRy, position.mByAx, position.mByAy,
+                                                    position.mByLevel, area->GetVersion());
+    });
+    if (request != nullptr) mOutlets.toServer(std::move(request));
+  });
+}
+
+void WorldSynchronizer::CountAreaAnswer() {
+  ++mAreaSyncCount;
+  if (mAreaSyncTotal != 0) SendStatus();
+  if (mAreaSyncCount >= mAreaSyncTotal) mAreaSyncCount = mAreaSyncTotal = 0;
+}
+
+void WorldSynchronizer::SendStatus() {
+  mOutlets.toDisplay(std::make_unique<PacketInternStatus>(mAreaSyncCount, mAreaSyncTotal));
+}
+
+void WorldSynchronizer::UpdateAreaGround(const PacketAreaGround& packet) {
+  Guard("ClientBase", "UpdateAreaGround", [&] {
+    UpdateArea(packet, [&](Field& field, std::size_t k) {
+      field.SetGroundId(packet.mUintGround[k]);
+      field.SetSmoothness(packet.mBySmoothness[k]);
+    });
+  });
+}
+
+void WorldSynchronizer::UpdateAreaVolu(const PacketAreaVolu& packet) {
+  Guard("ClientBase", "UpdateAreaVolu",
+        [&] { UpdateArea(packet, [&](Field& field, std::size_t k) { field.SetVoluId(packet.mUintVolu[k]); }); });
+}
+
+template <typename Change>
+void WorldSynchronizer::UpdateArea(const AreaHeader& header, Change&& change) {
+  Locked([&](ClientMap&) {
+    Area* area = FindArea(header);
+    if (area == nullptr) return;
+    area->SetVersion(header.mByVersion);
+    for (std::size_t k = 0; k < kAreaFields; ++k) change(area->GetFields()[k], k);
+    // Without a cache the area is asked for again next time; nobody needs to know.
+    area->Save(mCacheDirectory.c_str());
+  });
+}
+
+void WorldSynchronizer::AddChar(const PacketAddChar& packet) {
+  Guard("ClientBase", "AddChar", [&] {
+    Locked([&](ClientMap& map) {
+      Field* field = FindField(packet);
+      if (field != nullptr) map.AddCharacter(*field, std::make_unique<ClientCharacter>());
+    });
+  });
+}
+
+void WorldSynchronizer::RemoveChar(const PacketRemoveChar& packet) {
+  Guard("ClientBase", "RemoveChar", [&] {
+    bool isOnMap = false;
+    Locked([&](ClientMap& map) {
+      Field* field = FindField(packet);
+      isOnMap = field != nullptr;
+      if (isOnMap) map.RemoveCharacter(*field);
+    });
+    if (!isOnMap) mInfoHandler.HandleInfo(new Info("Could not remove char", InfoLevel::Failure));
+  });
+}
+
+void WorldSynchronizer::MoveChar(const PacketMove& packet) {
+  Guard("ClientBase", "MoveChar", [&] {
+    bool isPlayer = false;
+    Locked([&](ClientMap&) {
+      Field* from = FindField(packet);
+      if (from == nullptr) return;
+      Field* to = from->GetNeighbor(packet.mEnmDirection);
+      ClientCharacter* character = ClientCharacter::On(*from);
+      if (to == nullptr || character == nullptr || to->GetCharacter() != nullptr) return;
+      from->RemoveCharacter();
+      to->AddCharacter(character);
+      character->StartMove(packet.mEnmDirection);
+      isPlayer = character == &mRepository.GetPlayer();
+    });
+    if (isPlayer) UpdateMapAfterMove();
+  });
+}
+
+void WorldSynchronizer::UpdateMapAfterMove() {
+  Guard("ClientBase", "UpdateMapAfterMove", [&] {
+    Direction toCenter = Direction::None;
+    Locked([&](ClientMap& map) {
+      const Field* field = mRepository.GetPlayer().GetField();
+      if (field == nullptr || field->GetArea() == map.GetCenterArea()) return;
+      for (std::uint32_t d = 0; d < kDirectionCount && toCenter == Direction::None; ++d) {
+        const auto direction = static_cast<Direction>(d);
+        if (field->GetArea()->GetNeighbor(direction) == map.GetCenterArea()) toCenter = direction;
+      }
+      map.ShiftAreas(toCenter);
+    });
+    if (toCenter != Direction::None) SynchronizeNewAreas(toCenter);
+  });
+}
+
+// The areas that came in with a shift lie on the side that the others moved away from; along both edges of a straight
+// shift, whose common corner is asked for twice.
+void WorldSynchronizer::SynchronizeNewAreas(Direction shift) {
+  const auto edgeBehind = [](int step) { return static_cast<std::uint8_t>(step > 0 ? 0 : kMapEdge - 1); };
+  const Step step = StepIn(shift);
+  for (std::uint8_t i = 0; i < kMapEdge; ++i) {
+    if (step.x != 0) SynchronizeArea(edgeBehind(step.x), i);
+    if (step.y != 0) SynchronizeArea(i, edgeBehind(step.y));
+  }
+}
+
+void WorldSynchronizer::ShowChatMessage(const PacketGameChatMsg& packet) {
+  Locked([&](ClientMap&) {
+    const Field* field = FindField(packet);
+    ClientCharacter* character = field == nullptr ? nullptr : ClientCharacter::On(*field);
+    if (character == nullptr) return;
+    character->SetChatMessage(packet.mStrMsg);
+    character->SetName(packet.mStrUser);
+    character->SetMessageTick(SDL_GetTicks());
+  });
+}
+
+}  // namespace tolva

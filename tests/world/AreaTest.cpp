@@ -1,0 +1,113 @@
+#include <filesystem>
+#include <memory>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "support/TempDir.h"
+#include "world/Area.h"
+#include "world/Character.h"
+
+namespace tolva {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr AreaPosition kPlace = {0x11223344, 0x55667788, 7, 6, -2};
+constexpr const char* kFile = "area/11223344556677880706FFFFFFFE";
+
+struct AreaCacheTest : testing::Test {
+  AreaCacheTest() {
+    fs::create_directory("area");
+    area.SetPosition(kPlace);
+    area.SetVersion(9);
+    for (std::uint32_t k = 0; k < kAreaFields; ++k) {
+      area.GetFields()[k].SetGroundId(0x01020300 + k);
+      area.GetFields()[k].SetSmoothness(static_cast<std::uint8_t>(k));
+      area.GetFields()[k].SetVoluId(0xFFFFFFFF - k);
+    }
+  }
+  // Whether an empty area for the same place stays as it was when it tries to load.
+  static bool IsRejected() {
+    Area target;
+    target.SetPosition(kPlace);
+    bool isSame = !target.Load("area/") && target.GetVersion() == 0;
+    for (const Field& field : target.GetFields()) {
+      isSame &= field.GetGroundId() == kDefaultGroundId && field.GetVoluId() == 0 && field.GetSmoothness() == 0;
+    }
+    return isSame;
+  }
+
+  test::TempDir directory;
+  Area area;
+};
+
+TEST_F(AreaCacheTest, WritesTheExactBytesAndReadsThemBack) {
+  test::WriteFile(kFile, "an older file");
+  ASSERT_TRUE(area.Save("area/"));
+  EXPECT_EQ(std::distance(fs::directory_iterator("area"), {}), 1) << "no temporary file stays";
+  const std::string bytes = test::ReadFile(kFile);
+  ASSERT_EQ(bytes.size(), 5196u);
+  EXPECT_EQ(bytes.substr(0, 16), std::string("\x44\x33\x22\x11\x88\x77\x66\x55\x07\x06\xFE\x09\x00\x03\x02\x01", 16));
+  EXPECT_EQ(bytes.substr(12 + 4 * 25, 4), "\x19\x03\x02\x01") << "ground of field (1, 1)";
+  EXPECT_EQ(bytes.substr(2316 + 25, 1), "\x09") << "smoothness, low bits of 25";
+  EXPECT_EQ(bytes.substr(2892 + 4 * 575, 4), "\xC0\xFD\xFF\xFF") << "volu of the last field";
+
+  Area loaded;
+  loaded.SetPosition(kPlace);
+  ASSERT_TRUE(loaded.Load("area/"));
+  loaded.SetPosition({1, 2, 3, 4, 0});
+  ASSERT_TRUE(loaded.Save("area/"));
+  EXPECT_EQ(test::ReadFile("area/0000000100000002030400").substr(11), bytes.substr(11));
+}
+
+TEST_F(AreaCacheTest, RejectsEveryFileThatIsNotItsOwnAndWhole) {
+  ASSERT_TRUE(area.Save("area/"));
+  const std::string good = test::ReadFile(kFile);
+  for (std::size_t i = 0; i < 11; ++i) {
+    std::string foreign = good;
+    foreign[i] = static_cast<char>(foreign[i] ^ 0x10);
+    test::WriteFile(kFile, foreign);
+    EXPECT_TRUE(IsRejected()) << "other coordinates at " << i;
+  }
+  test::WriteFile(kFile, good + '\0');
+  EXPECT_TRUE(IsRejected()) << "a byte too many";
+  for (std::size_t size = good.size(); size-- > 0;) {
+    fs::resize_file(kFile, size);
+    ASSERT_TRUE(IsRejected()) << size << " bytes";
+  }
+  fs::remove(kFile);
+  EXPECT_TRUE(IsRejected()) << "no file";
+  fs::create_symlink(fs::path(kFile).filename(), kFile);
+  EXPECT_TRUE(IsRejected()) << "a link to itself";
+}
+
+TEST_F(AreaCacheTest, NeitherReadsNorReplacesWhatIsNoFile) {
+  ASSERT_EQ(::mkfifo(kFile, 0600), 0);
+  EXPECT_TRUE(IsRejected()) << "without waiting for a writer";
+  EXPECT_FALSE(area.Save("area/"));
+  EXPECT_TRUE(fs::is_fifo(kFile));
+  fs::remove(kFile);
+  fs::create_directory(kFile);
+  EXPECT_TRUE(IsRejected());
+  EXPECT_FALSE(area.Save("area/"));
+  EXPECT_FALSE(area.Save("missing/"));
+  EXPECT_FALSE(fs::exists("missing"));
+}
+
+TEST(AreaTest, FieldAndCharacterForgetEachOtherWhicheverGoesFirst) {
+  auto area = std::make_unique<Area>();
+  Field& field = *area->GetField(5, 5);
+  {
+    Character first;
+    EXPECT_TRUE(field.AddCharacter(&first));
+  }
+  EXPECT_EQ(field.GetCharacter(), nullptr);
+  Character last;
+  field.AddCharacter(&last);
+  area.reset();
+  EXPECT_EQ(last.GetField(), nullptr);
+}
+
+}  // namespace
+}  // namespace tolva
