@@ -106,10 +106,11 @@ TEST_F(ClientBaseTest, ServerGetsWhatTheDisplayAsksAndNothingElse) {
 TEST_F(ClientBaseTest, DisplayGetsWhatItCanUseFromTheServer) {
   Connect();
   ForEachPacket(
-      {PacketQuit::kCode, PacketDarkness::kCode}, [&](auto packet) { mServer.Send(*packet); }, AllPackets{});
+      {PacketQuit::kCode, PacketDarkness::kCode, PacketCharPosition::kCode},
+      [&](auto packet) { mServer.Send(*packet); }, AllPackets{});
   mServer.Send(PacketDarkness());
   EXPECT_EQ(DisplayCodesUntil(PacketDarkness::kCode),
-            (Codes{5, 9, 202, 400, 401, 403, 406, 600, 700, 701, 800, 801, 820, 851, 870, 871, 872}));
+            (Codes{5, 9, 202, 400, 401, 403, 406, 600, 700, 701, 800, 801, 820, 851, 871, 872}));
 }
 
 TEST_F(ClientBaseTest, LobbyAndWorldChangeTheStateAndTheLobbyPlaysItsMusic) {
