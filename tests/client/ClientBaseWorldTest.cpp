@@ -27,25 +27,12 @@ struct ClientBaseWorldTest : testing::Test {
     display.Give(PacketQuit());
     client->WaitThread(nullptr);
   }
-  template <typename PacketX>
-  void FromServer(PacketX packet, std::uint8_t fx = 0, std::uint8_t fy = 0) {
-    static_cast<AreaPosition&>(packet) = {10, 20, 4, 4, 3};
-    if constexpr (requires { packet.mByFx; }) {
-      packet.mByFx = fx;
-      packet.mByFy = fy;
-    }
-    server.Send(Record(packet));
-  }
-  // Whether so many areas are asked for, whatever else is sent.
-  bool IsAskedForAreas(int count) {
-    while (count > 0) {
-      const std::string header = server.Receive(kHeaderSize);
-      if (header.size() < kHeaderSize) return false;
-      const auto* bytes = reinterpret_cast<const std::uint8_t*>(header.data());
-      server.Receive(LoadBig32(bytes + 8) - kHeaderSize);
-      if (LoadBig32(bytes + 4) == PacketAreaVersion::kCode) --count;
-    }
-    return true;
+  void FromServer(const Packet& packet) { server.Send(Record(packet)); }
+  // Waits for the packet, whatever is sent before it.
+  bool ServerGets(const Packet& packet) {
+    std::string stream, byte;
+    while (!stream.ends_with(Record(packet)) && !(byte = server.Receive(1)).empty()) stream += byte;
+    return !byte.empty();
   }
 
   const TempDir dir;
@@ -54,42 +41,45 @@ struct ClientBaseWorldTest : testing::Test {
   std::unique_ptr<ClientBase> client;
 };
 
-// One run, since the 49 requests that follow a placement take five seconds.
+// One run, since the 49 requests that follow a placement take five seconds. All happens in area (0, 0) of region (0,
+// 0).
 TEST_F(ClientBaseWorldTest, WhatTheServerTellsOfTheWorldReachesMapAndDisplay) {
   const auto announcement = display.Next();
-  Repository& repository = *PacketCast<PacketInternRepository>(announcement.get())->mObjRepository;
-  FromServer(PacketCharPosition(), 24, 0);  // names no field
-  FromServer(PacketCharPosition(), 12, 23);
+  ClientMap& map = PacketCast<PacketInternRepository>(announcement.get())->mObjRepository->GetMap();
+  PacketCharPosition placement;
+  placement.mByFx = 24;  // no such field
+  FromServer(placement);
+  placement.mByFx = 0;
+  placement.mByFy = 23;
+  FromServer(placement);
   EXPECT_EQ(display.Next(2), (Codes{PacketInternStatus::kCode, PacketCharPosition::kCode}));
-  EXPECT_TRUE(IsAskedForAreas(49));
+  EXPECT_TRUE(ServerGets(PacketAreaVersion(0, 0, 3, 3, 0, 0))) << "the last of the 49";
 
   server.Send(FalseClaim(PacketAreaVersion::kCode));
-  FromServer(PacketAreaGround());
-  FromServer(PacketAreaVolu());
-  FromServer(PacketAreaVersion());
+  for (const PacketCode code : {700u, 701u, 702u}) FromServer(*CreatePacket(code));
   EXPECT_EQ(display.Next(3), (Codes{PacketInternStatus::kCode, PacketAreaGround::kCode, PacketAreaVolu::kCode}));
   const auto status = display.Next();
   ASSERT_NE(PacketCast<PacketInternStatus>(status.get()), nullptr);
-  EXPECT_EQ(PacketCast<PacketInternStatus>(status.get())->mUintValue, 2) << "two areas answered";
-  EXPECT_TRUE(std::filesystem::exists("area/0000000A00000014040403"));
+  EXPECT_EQ(PacketCast<PacketInternStatus>(status.get())->mUintValue, 2) << "ground and version answer for an area";
+  EXPECT_TRUE(std::filesystem::exists("area/0000000000000000000000"));
 
   PacketGameChatMsg speech;
   CopyText(speech.mStrMsg, "hello");
-  FromServer(PacketAddChar(), 5, 5);
-  FromServer(speech, 5, 5);
+  FromServer(PacketAddChar());
+  FromServer(speech);
   EXPECT_EQ(display.Next(2), (Codes{PacketAddChar::kCode, PacketGameChatMsg::kCode}));
-  const Field& field = *repository.GetMap().GetCenterArea()->GetField(5, 5);
+  const Field& field = *map.GetCenterArea()->GetField(0, 0);
   ASSERT_NE(field.GetCharacter(), nullptr);
   EXPECT_STREQ(ClientCharacter::On(field)->GetChatMessage(), "hello");
 
   PacketMove move;
+  move.mByFy = 23;
   move.mEnmDirection = Direction::NorthEast;
-  FromServer(PacketRemoveChar(), 5, 5);
-  FromServer(move, 12, 23);
+  FromServer(PacketRemoveChar());
+  FromServer(move);
   EXPECT_EQ(display.Next(2), (Codes{PacketRemoveChar::kCode, PacketMove::kCode}));
   EXPECT_EQ(field.GetCharacter(), nullptr);
-  EXPECT_EQ(repository.GetPlayer().GetField()->GetArea(), repository.GetMap().GetCenterArea());
-  EXPECT_TRUE(IsAskedForAreas(7));
+  EXPECT_TRUE(ServerGets(PacketAreaVersion(0, 0, 3, 4, 0, 0))) << "the map followed";
 }
 
 }  // namespace
