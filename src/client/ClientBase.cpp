@@ -11,10 +11,16 @@ namespace {
 constexpr std::uint32_t kPauseMs = 5;
 constexpr std::uint32_t kPingIntervalMs = 2500;
 constexpr std::uint16_t kLobbyMusic = 1;
+constexpr char kAreaCache[] = "area/";
 
 }  // namespace
 
-ClientBase::ClientBase(Mailbox* mailbox) : ManagerThread(mailbox) {
+ClientBase::ClientBase(Mailbox* mailbox)
+    : ManagerThread(mailbox),
+      mWorld(mRepository, kAreaCache,
+             {[this](auto request) { AskServer(std::move(request)); },
+              [this](auto progress) { Send(mDisplayMailbox, std::move(progress)); }},
+             mInfoHandler) {
   Report(mErrHandler, "ClientBase", "ClientBase", [&] {
     mInfoHandler.SetModuleName("ClientBase");
     SetState(eClientStateNotConnected);
@@ -95,15 +101,15 @@ void ClientBase::SetState(ClientState state) {
 // A code that has no row in its table is deleted.
 void ClientBase::HandleMailFromDisplay(std::unique_ptr<Packet> packet) {
   static constexpr Route kRoutes[] = {
-      {PacketLoginRequest::kCode, Target::Server, &ClientBase::As<PacketLoginRequest, &ClientBase::StampVersion>},
-      {PacketChatMsg::kCode, Target::Server},
-      {PacketEnterChatRequest::kCode, Target::Server},
-      {PacketQuit::kCode, Target::Display, &ClientBase::Quit},
-      {PacketServerInfo::kCode, Target::Server},
-      {PacketEnterGameRequest::kCode, Target::Server},
-      {PacketMoveRequest::kCode, Target::Server},
-      {PacketMusicPlay::kCode, Target::Sound},
-      {PacketMusicStop::kCode, Target::Sound},
+      To<PacketLoginRequest, &ClientBase::StampVersion>(Target::Server),
+      To<PacketChatMsg>(Target::Server),
+      To<PacketEnterChatRequest>(Target::Server),
+      To<PacketQuit, &ClientBase::Quit>(Target::Display),
+      To<PacketServerInfo>(Target::Server),
+      To<PacketEnterGameRequest>(Target::Server),
+      To<PacketMoveRequest>(Target::Server),
+      To<PacketMusicPlay>(Target::Sound),
+      To<PacketMusicStop>(Target::Sound),
   };
   Guard("ClientBase", "HandleMailFromDisplay", [&] {
     LogTraffic("Recieved from display", *packet);
@@ -115,25 +121,26 @@ void ClientBase::HandleMailFromDisplay(std::unique_ptr<Packet> packet) {
 // the accepted chat) and music orders: the client chooses what it plays.
 void ClientBase::HandleMailFromServer(std::unique_ptr<Packet> packet) {
   static constexpr Route kRoutes[] = {
-      {PacketInternConnectionLost::kCode, Target::Display},
-      {PacketInternPong::kCode, Target::Display},
-      {PacketLoginDeny::kCode, Target::Display},
-      {PacketChatMsg::kCode, Target::Display},
-      {PacketChatUsers::kCode, Target::Display},
-      {PacketEnterChatAccept::kCode, Target::Display, &ClientBase::EnterChat},
-      {PacketUserInGame::kCode, Target::Display},
-      {PacketQuit::kCode, Target::Display, &ClientBase::ServerQuit},
-      {PacketServerInfo::kCode, Target::Display},
-      {PacketAreaGround::kCode, Target::Display},
-      {PacketAreaVolu::kCode, Target::Display},
-      {PacketEnterGameRequest::kCode, Target::Display},
-      {PacketEnterGameAccept::kCode, Target::Display, &ClientBase::EnterGame},
-      {PacketGameChatMsg::kCode, Target::Display},
-      {PacketMove::kCode, Target::Display},
-      {PacketCharPosition::kCode, Target::Display},
-      {PacketAddChar::kCode, Target::Display},
-      {PacketRemoveChar::kCode, Target::Display},
-      {PacketDarkness::kCode, Target::Display},
+      To<PacketInternConnectionLost>(Target::Display),
+      To<PacketInternPong>(Target::Display),
+      To<PacketLoginDeny>(Target::Display),
+      To<PacketChatMsg>(Target::Display),
+      To<PacketChatUsers>(Target::Display),
+      To<PacketEnterChatAccept, &ClientBase::EnterChat>(Target::Display),
+      To<PacketUserInGame>(Target::Display),
+      To<PacketQuit, &ClientBase::ServerQuit>(Target::Display),
+      To<PacketServerInfo>(Target::Display),
+      To<PacketAreaGround, &ClientBase::UpdateAreaGround>(Target::Display),
+      To<PacketAreaVolu, &ClientBase::UpdateAreaVolu>(Target::Display),
+      To<PacketAreaVersion, &ClientBase::CountAreaAnswer>(Target::Nobody),
+      To<PacketEnterGameRequest>(Target::Display),
+      To<PacketEnterGameAccept, &ClientBase::EnterGame>(Target::Display),
+      To<PacketGameChatMsg, &ClientBase::ShowChatMessage>(Target::Display),
+      To<PacketMove, &ClientBase::MoveChar>(Target::Display),
+      To<PacketCharPosition, &ClientBase::SynchronizeMap>(Target::Display),
+      To<PacketAddChar, &ClientBase::AddChar>(Target::Display),
+      To<PacketRemoveChar, &ClientBase::RemoveChar>(Target::Display),
+      To<PacketDarkness>(Target::Display),
   };
   Guard("ClientBase", "HandleMailFromServer", [&] {
     LogTraffic("Recieved from server", *packet);
@@ -145,7 +152,7 @@ void ClientBase::Dispatch(std::span<const Route> routes, std::unique_ptr<Packet>
   const auto route =
       std::find_if(routes.begin(), routes.end(), [&](const Route& r) { return r.code == packet->mEnmCode; });
   if (route == routes.end() || !IsGenuine(*packet)) return;
-  if (route->step != nullptr) (this->*route->step)(*packet);
+  if (route->step != nullptr && !(this->*route->step)(*packet)) return;
   Send(MailboxOf(route->target), std::move(packet));
 }
 
@@ -157,6 +164,8 @@ Mailbox* ClientBase::MailboxOf(Target target) {
       return &mSoundMailbox;
     case Target::Display:
       return mDisplayMailbox;
+    case Target::Nobody:
+      break;
   }
   return nullptr;
 }
@@ -187,6 +196,18 @@ void ClientBase::Quit(Packet& quit) {
   if (mSoundManager != nullptr) mSoundManager->WaitThread(nullptr);
   Log(InfoLevel::Progress, "Thread SoundManager returned");
   mRunning = false;
+}
+
+// An area's ground answers for the area; its volu, which follows, does not.
+void ClientBase::UpdateAreaGround(const PacketAreaGround& packet) {
+  mWorld.CountAreaAnswer();
+  mWorld.UpdateAreaGround(packet);
+}
+
+// The server instance passes on ten requests a second, and each placement asks for 49 areas: a server that places the
+// player over and over would fill the memory.
+void ClientBase::AskServer(std::unique_ptr<Packet> request) {
+  if (mServerMailbox.GetCount() <= kMailboxHighWater) Send(&mServerMailbox, std::move(request));
 }
 
 }  // namespace tolva

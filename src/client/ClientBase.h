@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
+#include <type_traits>
 
 #include "foundation/Mailbox.h"
 #include "foundation/ManagerThread.h"
@@ -10,13 +12,15 @@
 #include "network/ServerInstance.h"
 #include "protocol/LoginPackets.h"
 #include "world/Repository.h"
+#include "world/WorldSynchronizer.h"
 
 namespace tolva {
 
 enum ClientState : std::uint32_t { eClientStateNotConnected = 0, eClientStateInChat = 1, eClientStateInGame = 2 };
 
 // The controller: stands between the display, the server instance and the sound manager, owns what the display shares
-// with it, keeps the connection alive with pings and ends all threads in order when the player or the server quits.
+// with it, keeps the world in step with the server, keeps the connection alive with pings and ends all threads in order
+// when the player or the server quits.
 //
 // Everything but construction and destruction happens on its own thread. Packets that it passes on carry the
 // controller's mailbox as their source.
@@ -31,18 +35,35 @@ class ClientBase : public ManagerThread {
   void HandleMyMailbox() override;
 
  private:
-  enum class Target { Server, Sound, Display };
-  // What happens to packets of one code: the step, if there is one, then the packet is passed on.
+  enum class Target { Server, Sound, Display, Nobody };
+  // What happens to packets of one code: the step, if there is one; then, unless it says no, the packet is passed on.
   struct Route {
     PacketCode code;
     Target target;
-    void (ClientBase::*step)(Packet& packet) = nullptr;
+    bool (ClientBase::*step)(Packet& packet) = nullptr;
   };
 
-  // A step that takes the packet as its own class.
-  template <typename PacketX, void (ClientBase::*TypedStep)(PacketX& packet)>
-  void As(Packet& packet) {
-    if (PacketX* typed = PacketCast<PacketX>(&packet)) (this->*TypedStep)(*typed);
+  // The route of one class. Its operation, if there is one, takes the packet as that class; it says no by returning
+  // false.
+  template <typename PacketX, auto Operation = nullptr>
+  static constexpr Route To(Target target) {
+    if constexpr (std::is_null_pointer_v<decltype(Operation)>) {
+      return {PacketX::kCode, target};
+    } else {
+      return {PacketX::kCode, target, &ClientBase::Step<PacketX, Operation>};
+    }
+  }
+
+  template <typename PacketX, auto Operation>
+  bool Step(Packet& packet) {
+    PacketX* typed = PacketCast<PacketX>(&packet);
+    if (typed == nullptr) return false;
+    if constexpr (std::is_void_v<std::invoke_result_t<decltype(Operation), ClientBase*, PacketX&>>) {
+      std::invoke(Operation, this, *typed);
+      return true;
+    } else {
+      return std::invoke(Operation, this, *typed);
+    }
   }
 
   void HandleMailFromDisplay(std::unique_ptr<Packet> packet);
@@ -55,7 +76,7 @@ class ClientBase : public ManagerThread {
   void Ping();
   void SetState(ClientState state);
 
-  // Null, so that what is sent there is deleted, for the display while it is unknown.
+  // Null, so that what is sent there is deleted, for nobody and for the display while it is unknown.
   Mailbox* MailboxOf(Target target);
 
   void StampVersion(PacketLoginRequest& request);
@@ -64,6 +85,17 @@ class ClientBase : public ManagerThread {
   void ServerQuit(Packet& quit);
   // Ends the other threads, one after the other, and this one with this pass.
   void Quit(Packet& quit);
+
+  // The world, as WorldSynchronizer describes it.
+  bool SynchronizeMap(const PacketCharPosition& packet) { return mWorld.SynchronizeMap(packet); }
+  void UpdateAreaGround(const PacketAreaGround& packet);
+  void UpdateAreaVolu(const PacketAreaVolu& packet) { mWorld.UpdateAreaVolu(packet); }
+  void CountAreaAnswer(const PacketAreaVersion&) { mWorld.CountAreaAnswer(); }
+  void AddChar(const PacketAddChar& packet) { mWorld.AddChar(packet); }
+  void RemoveChar(const PacketRemoveChar& packet) { mWorld.RemoveChar(packet); }
+  void MoveChar(const PacketMove& packet) { mWorld.MoveChar(packet); }
+  void ShowChatMessage(const PacketGameChatMsg& packet) { mWorld.ShowChatMessage(packet); }
+  void AskServer(std::unique_ptr<Packet> request);
 
   Mailbox mServerMailbox;
   Mailbox mSoundMailbox;
@@ -75,6 +107,7 @@ class ClientBase : public ManagerThread {
   Mailbox* mDisplayMailbox = nullptr;
   std::uint32_t mLastPing = 0;
   Repository mRepository;
+  WorldSynchronizer mWorld;
   ClientState mState = eClientStateNotConnected;
 };
 

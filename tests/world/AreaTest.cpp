@@ -1,12 +1,10 @@
+#include <algorithm>
 #include <filesystem>
-#include <memory>
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "support/TempDir.h"
 #include "world/Area.h"
-#include "world/Character.h"
 
 namespace tolva {
 namespace {
@@ -31,18 +29,17 @@ struct AreaCacheTest : testing::Test {
   static bool IsRejected() {
     Area target;
     target.SetPosition(kPlace);
-    bool isSame = !target.Load("area/") && target.GetVersion() == 0;
-    for (const Field& field : target.GetFields()) {
-      isSame &= field.GetGroundId() == kDefaultGroundId && field.GetVoluId() == 0 && field.GetSmoothness() == 0;
-    }
-    return isSame;
+    return !target.Load("area/") && target.GetVersion() == 0 &&
+           std::ranges::all_of(target.GetFields(), [](const Field& field) {
+             return field.GetGroundId() == kDefaultGroundId && field.GetVoluId() == 0 && field.GetSmoothness() == 0;
+           });
   }
 
-  test::TempDir directory;
+  const test::TempDir directory;
   Area area;
 };
 
-TEST_F(AreaCacheTest, WritesTheExactBytesAndReadsThemBack) {
+TEST_F(AreaCacheTest, WritesTheExactBytes) {
   test::WriteFile(kFile, "an older file");
   ASSERT_TRUE(area.Save("area/"));
   EXPECT_EQ(std::distance(fs::directory_iterator("area"), {}), 1) << "no temporary file stays";
@@ -52,13 +49,6 @@ TEST_F(AreaCacheTest, WritesTheExactBytesAndReadsThemBack) {
   EXPECT_EQ(bytes.substr(12 + 4 * 25, 4), "\x19\x03\x02\x01") << "ground of field (1, 1)";
   EXPECT_EQ(bytes.substr(2316 + 25, 1), "\x09") << "smoothness, low bits of 25";
   EXPECT_EQ(bytes.substr(2892 + 4 * 575, 4), "\xC0\xFD\xFF\xFF") << "volu of the last field";
-
-  Area loaded;
-  loaded.SetPosition(kPlace);
-  ASSERT_TRUE(loaded.Load("area/"));
-  loaded.SetPosition({1, 2, 3, 4, 0});
-  ASSERT_TRUE(loaded.Save("area/"));
-  EXPECT_EQ(test::ReadFile("area/0000000100000002030400").substr(11), bytes.substr(11));
 }
 
 TEST_F(AreaCacheTest, RejectsEveryFileThatIsNotItsOwnAndWhole) {
@@ -76,37 +66,6 @@ TEST_F(AreaCacheTest, RejectsEveryFileThatIsNotItsOwnAndWhole) {
     fs::resize_file(kFile, size);
     ASSERT_TRUE(IsRejected()) << size << " bytes";
   }
-  fs::remove(kFile);
-  EXPECT_TRUE(IsRejected()) << "no file";
-  fs::create_symlink(fs::path(kFile).filename(), kFile);
-  EXPECT_TRUE(IsRejected()) << "a link to itself";
-}
-
-TEST_F(AreaCacheTest, NeitherReadsNorReplacesWhatIsNoFile) {
-  ASSERT_EQ(::mkfifo(kFile, 0600), 0);
-  EXPECT_TRUE(IsRejected()) << "without waiting for a writer";
-  EXPECT_FALSE(area.Save("area/"));
-  EXPECT_TRUE(fs::is_fifo(kFile));
-  fs::remove(kFile);
-  fs::create_directory(kFile);
-  EXPECT_TRUE(IsRejected());
-  EXPECT_FALSE(area.Save("area/"));
-  EXPECT_FALSE(area.Save("missing/"));
-  EXPECT_FALSE(fs::exists("missing"));
-}
-
-TEST(AreaTest, FieldAndCharacterForgetEachOtherWhicheverGoesFirst) {
-  auto area = std::make_unique<Area>();
-  Field& field = *area->GetField(5, 5);
-  {
-    Character first;
-    EXPECT_TRUE(field.AddCharacter(&first));
-  }
-  EXPECT_EQ(field.GetCharacter(), nullptr);
-  Character last;
-  field.AddCharacter(&last);
-  area.reset();
-  EXPECT_EQ(last.GetField(), nullptr);
 }
 
 }  // namespace

@@ -10,29 +10,33 @@
 
 namespace tolva::test {
 
+// The packet with the position filled in.
+template <typename PacketX>
+PacketX At(const FieldPosition& position, Direction direction = Direction::None) {
+  PacketX packet;
+  static_cast<FieldPosition&>(packet) = position;
+  if constexpr (requires { packet.mEnmDirection; }) packet.mEnmDirection = direction;
+  return packet;
+}
+
 // A synchronised world in a directory of its own, without cache until somebody makes it; what is sent is kept.
 struct SyncWorld {
   using Packets = std::vector<std::unique_ptr<Packet>>;
 
   WorldSynchronizer::Send Into(Packets& packets) {
     return [&](std::unique_ptr<Packet> packet) {
-      // Waits for ever if the lock is still held.
-      const SemaphoreLock lock(repository);
+      const SemaphoreLock lock(repository);  // waits for ever if it is still held
       packets.push_back(std::move(packet));
     };
   }
-
-  // Places the player and forgets what was sent for it.
+  // Places the player after forgetting what was sent.
   bool Place(const FieldPosition& position) {
-    PacketCharPosition packet;
-    static_cast<FieldPosition&>(packet) = position;
-    const bool forward = sync.SynchronizeMap(packet);
     toServer.clear();
     toDisplay.clear();
-    return forward;
+    return sync.SynchronizeMap(At<PacketCharPosition>(position));
   }
 
-  TempDir directory;
+  const TempDir directory;
   InfoHandler log;
   Repository repository;
   ClientMap& map = repository.GetMap();
@@ -41,18 +45,5 @@ struct SyncWorld {
   Packets toDisplay;
   WorldSynchronizer sync{repository, "area/", {Into(toServer), Into(toDisplay)}, log};
 };
-
-// The packet with the position filled in.
-template <typename PacketType>
-PacketType At(const FieldPosition& position, Direction direction = Direction::None) {
-  PacketType packet;
-  static_cast<FieldPosition&>(packet) = position;
-  if constexpr (requires { packet.mEnmDirection; }) packet.mEnmDirection = direction;
-  return packet;
-}
-
-inline FieldPosition PositionOf(const Field& field) {
-  return {field.GetArea()->GetPosition(), field.GetFx(), field.GetFy()};
-}
 
 }  // namespace tolva::test
