@@ -34,7 +34,7 @@ void Lobby::Enter(Session& session, TimePoint now) {
   darkness.mByDarkness = mDarkness;
   session.Send(darkness);
   session.Tell("Welcome to Tolva, " + session.GetName() +
-               "! Return sends your line, Escape empties it, the Quit button leaves. /help tells more.");
+               "! Return sends your line, Escape empties it. /help tells more.");
 }
 
 void Lobby::Leave(Session& session, TimePoint now) {

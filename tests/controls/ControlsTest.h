@@ -1,52 +1,36 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "controls/ControlTextBasic.h"
-#include "foundation/Error.h"
 #include "support/VideoTest.h"
 
 namespace tolva::test {
 
-// The mouse and the clock that the controls see instead of SDL's.
-struct Inputs {
-  int dx = 0;
-  int dy = 0;
-  Uint8 buttons = 0;
-  Uint32 ticks = 0;
-};
-extern Inputs gInputs;
-
-// Sender and code of each report, in order.
-using Reports = std::vector<std::pair<std::uint32_t, std::uint32_t>>;
-
-inline void Record(ControlEvent event) {
-  static_cast<Reports*>(event.receiver)->push_back({event.sender->GetId(), event.code});
+inline SDL_Event Mouse(Uint8 type, int x, int y) {
+  SDL_Event event{};
+  event.button.type = type;
+  event.button.x = static_cast<Uint16>(x);
+  event.button.y = static_cast<Uint16>(y);
+  return event;
 }
 
-SDL_Event Mouse(Uint8 type, int x = 0, int y = 0);
-SDL_Event Key(SDLKey symbol, Uint16 unicode = 0, SDLMod modifiers = KMOD_NONE);
 // Presses at (x, y) and releases far away from there.
-void Click(ControlBasic& root, int x, int y);
-
-// "module method message" of the Error that `body` throws, or "".
-template <typename Body>
-std::string ErrorOf(Body&& body) {
-  try {
-    body();
-    return "";
-  } catch (Error* thrown) {
-    const std::unique_ptr<Error> error(thrown);
-    return std::string(error->GetModule()) + " " + error->GetMethod() + " " + error->GetMessage();
-  }
+inline void Click(ControlBasic& root, int x, int y) {
+  root.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, x, y));
+  root.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONUP, 799, 599));
 }
 
 class ControlsTest : public VideoTest {
  protected:
-  ControlsTest() { gInputs = {}; }
+  // Sender and code of each report, in order.
+  using Reports = std::vector<std::pair<std::uint32_t, std::uint32_t>>;
+
+  static void Record(ControlEvent event) {
+    static_cast<Reports*>(event.receiver)->push_back({event.sender->GetId(), event.code});
+  }
 
   Reports mReports;
 };
@@ -54,10 +38,15 @@ class ControlsTest : public VideoTest {
 // With a font.
 class TextTest : public ControlsTest {
  protected:
-  explicit TextTest(int pointSize = 12) {
-    ControlTextBasic::LoadFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", pointSize);
+  TextTest() { SetFontSize(12); }
+  static void SetFontSize(int points) {
+    ControlTextBasic::LoadFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", points);
   }
-  static int WidthOf(const std::string& text);
+  static int WidthOf(const std::string& text) {
+    int width = 0;
+    TTF_SizeText(ControlTextBasic::GetFont(), text.c_str(), &width, nullptr);
+    return width;
+  }
 
   ControlTextBasic mFontKeeper{0, nullptr, nullptr, nullptr};
 };

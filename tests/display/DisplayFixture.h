@@ -4,7 +4,6 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <SDL.h>
@@ -13,53 +12,47 @@
 #include "controls/ControlLabel.h"
 #include "display/Display.h"
 #include "display/PictureIds.h"
+#include "protocol/ChatPackets.h"
+#include "protocol/GamePackets.h"
 #include "protocol/InternPackets.h"
+#include "protocol/LoginPackets.h"
 #include "support/TempDir.h"
 #include "support/TestArchive.h"
 #include "support/TestPng.h"
 
 namespace tolva::test {
 
-// Pictures of one colour each, by id.
-struct PlainPicture {
-  std::uint32_t width;
-  std::uint32_t height;
-  Rgb color;
-};
-using Pictures = std::map<PictureId, PlainPicture>;
+// What the archive "Graphics" holds, by id.
+using Entries = std::map<std::uint32_t, std::string>;
 
-// One for every picture the screens know; none has the colour (0, 255, 255).
-inline Pictures AllPictures() {
-  Pictures pictures{{kPictureWindowIcon, {32, 32, {9, 9, 9}}},
-                    {kPictureTitle, {300, 100, {80, 80, 200}}},
-                    {kPictureIslandDay, {300, 60, {255, 0, 0}}},
-                    {kPictureIslandDusk, {300, 60, {0, 255, 0}}},
-                    {kPictureIslandNight, {300, 60, {0, 0, 255}}}};
-  for (PictureId id = kPictureFrame; id <= kPicturePanel; ++id) pictures[id] = {32, 32, {100, 90, 80}};
-  return pictures;
+// As large as the island and of one colour.
+inline std::string MakePicture(png_byte r, png_byte g, png_byte b) {
+  return MakePng({.width = 300, .height = 60, .colour = PNG_COLOR_TYPE_PALETTE, .palette = {{r, g, b}}});
 }
 
-// The archive "Graphics" in the working directory.
-inline void WriteGraphics(const Pictures& pictures, const std::string& font) {
+inline Entries OnlyTheFont() { return {{1, ReadFile("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf")}}; }
+
+// Every picture that the screens know; none has the colour (0, 255, 255).
+inline Entries AllPictures() {
+  Entries entries = OnlyTheFont();
+  entries[kPictureWindowIcon] = entries[kPictureTitle] = MakePicture(80, 80, 200);
+  entries[kPictureIslandDay] = MakePicture(255, 0, 0);
+  entries[kPictureIslandDusk] = MakePicture(0, 255, 0);
+  entries[kPictureIslandNight] = MakePicture(0, 0, 255);
+  for (PictureId id = kPictureFrame; id <= kPicturePanel; ++id) entries[id] = MakePicture(100, 90, 80);
+  return entries;
+}
+
+inline void WriteGraphics(const Entries& entries) {
   std::vector<TestRecord> records;
   std::string data;
-  const auto add = [&](std::uint32_t id, const std::string& content) {
+  for (const auto& [id, content] : entries) {
     records.push_back({id, static_cast<std::uint32_t>(data.size()), static_cast<std::uint32_t>(content.size())});
     data += content;
-  };
-  if (!font.empty()) add(1, font);
-  for (const auto& [id, picture] : pictures) {
-    TestPicture png{.width = picture.width, .height = picture.height};
-    for (std::uint32_t pixel = 0; pixel < picture.width * picture.height; ++pixel) {
-      png.samples.insert(png.samples.end(), {picture.color.r, picture.color.g, picture.color.b});
-    }
-    add(id, MakePng(png));
   }
   WriteFile("Graphics.cci", MakeIndex(records));
   WriteFile("Graphics.cca", data);
 }
-
-inline std::string ReadFont() { return ReadFile("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"); }
 
 // A display whose frames the test runs one by one.
 class SteppedDisplay : public Display {
@@ -77,58 +70,50 @@ class DisplayFixture : public ::testing::Test {
     SDL_Quit();
   }
 
-  void Start(const Pictures& pictures = AllPictures(), const std::string& font = ReadFont()) {
-    WriteGraphics(pictures, font);
+  void Start(const Entries& entries = AllPictures()) {
+    WriteGraphics(entries);
     mDisplay.reset();
     mDisplay = std::make_unique<SteppedDisplay>(&mMailbox);
-    Recieve<PacketInternCentralMailbox>(&mController);
-  }
-  void StartWithSize(int width, int height) {
-    WriteFile("client.ini", "[DISPLAY]\nWidth=" + std::to_string(width) + "\nHeight=" + std::to_string(height) + "\n");
-    Start();
+    Deliver(new PacketInternCentralMailbox(&mController));
   }
 
-  // The packet arrives from the controller.
-  template <typename T, typename... Args>
-  T& Recieve(Args... args) {
-    auto* packet = new T(args...);
+  // Each of these runs a frame. The display owns the packet.
+  void Deliver(Packet* packet) {
     EXPECT_TRUE(mMailbox.Put(packet));
     mDisplay->RunPass();
-    return *packet;
   }
-  void Deliver(Packet* packet) {
-    ASSERT_TRUE(mMailbox.Put(packet));
-    mDisplay->RunPass();
-  }
-
-  static void PushKey(SDLKey symbol, char character = '\0') {
-    SDL_Event event{};
-    event.type = SDL_KEYDOWN;
-    event.key.keysym.sym = symbol;
-    event.key.keysym.unicode = static_cast<Uint8>(character);
-    ASSERT_EQ(SDL_PushEvent(&event), 0);
-  }
-  static void PushMouse(Uint8 type, int x, int y) {
-    SDL_Event event{};
-    event.type = type;
-    event.button.button = SDL_BUTTON_LEFT;
-    event.button.x = static_cast<Uint16>(x);
-    event.button.y = static_cast<Uint16>(y);
-    ASSERT_EQ(SDL_PushEvent(&event), 0);
-  }
-  // Each runs a frame.
-  void Press(SDLKey symbol) {
-    PushKey(symbol);
-    mDisplay->RunPass();
-  }
-  void Type(const std::string& text) {
-    for (const char character : text) PushKey(static_cast<SDLKey>(character), character);
+  // Letters, and the keys that "\r", "\t" and "\x1b" stand for.
+  void Type(const std::string& keys) {
+    for (const char key : keys) {
+      SDL_Event event{SDL_KEYDOWN};
+      event.key.keysym.sym = static_cast<SDLKey>(key);
+      event.key.keysym.unicode = static_cast<Uint8>(key);
+      EXPECT_EQ(SDL_PushEvent(&event), 0);
+    }
     mDisplay->RunPass();
   }
   void Click(int x, int y) {
-    PushMouse(SDL_MOUSEBUTTONDOWN, x, y);
-    PushMouse(SDL_MOUSEBUTTONUP, x, y);
+    for (const Uint8 type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) PushMouse(type, x, y);
     mDisplay->RunPass();
+  }
+  // Into the middle of a component.
+  void ClickOn(std::initializer_list<std::uint32_t> way) {
+    ControlBasic* control = mDisplay->GetScreen();
+    int x = 0;
+    int y = 0;
+    for (const std::uint32_t id : way) {
+      control = control->GetSubControl(id);
+      x += control->GetX();
+      y += control->GetY();
+    }
+    Click(x + control->GetWidth() / 2, y + control->GetHeight() / 2);
+  }
+
+  static void PushMouse(Uint8 type, int x, int y) {
+    SDL_Event event{type};
+    event.button.x = static_cast<Uint16>(x);
+    event.button.y = static_cast<Uint16>(y);
+    EXPECT_EQ(SDL_PushEvent(&event), 0);
   }
 
   // The codes of what was sent to the controller since the last call.
@@ -136,6 +121,12 @@ class DisplayFixture : public ::testing::Test {
     std::vector<PacketCode> codes;
     while (const std::unique_ptr<Packet> packet{mController.Get()}) codes.push_back(packet->mEnmCode);
     return codes;
+  }
+  // The oldest packet sent to the controller.
+  template <typename T>
+  const T& NextSent() {
+    mNextSent.reset(mController.Get());
+    return dynamic_cast<const T&>(*mNextSent);
   }
 
   // The control at the end of a way of ids that starts at the screen.
@@ -158,6 +149,7 @@ class DisplayFixture : public ::testing::Test {
   TempDir mDir;
   Mailbox mMailbox;
   Mailbox mController;
+  std::unique_ptr<Packet> mNextSent;
   std::unique_ptr<SteppedDisplay> mDisplay;
 };
 

@@ -1,7 +1,7 @@
+#include "controls/ControlTextBox.h"
 #include "display/DisplayFixture.h"
 #include "display/ScreenChat.h"
 #include "display/ScreenLogin.h"
-#include "display/ScreenStart.h"
 
 namespace tolva::test {
 namespace {
@@ -12,34 +12,28 @@ enum class Which { Start, Login, Chat };
 class ScreensTest : public DisplayFixture, public ::testing::WithParamInterface<Which> {
  protected:
   void GoToScreen() {
-    if (GetParam() == Which::Login) Press(SDLK_SPACE);
-    if (GetParam() == Which::Chat) Recieve<PacketEnterChatAccept>();
-    mDisplay->RunPass();
+    if (GetParam() == Which::Login) Type(" ");
+    if (GetParam() == Which::Chat) Deliver(new PacketEnterChatAccept);
     Sent();
-  }
-  // How many pixels a frame leaves as they were before.
-  int CountUncovered() {
-    SDL_Surface* video = SDL_GetVideoSurface();
-    SDL_FillRect(video, nullptr, SDL_MapRGB(video->format, 0, 255, 255));
-    mDisplay->RunPass();
-    int uncovered = 0;
-    for (int y = 0; y < video->h; ++y) {
-      for (int x = 0; x < video->w; ++x) uncovered += PixelAt(x, y) == Rgb{0, 255, 255};
-    }
-    return uncovered;
   }
 };
 
 TEST_P(ScreensTest, EveryPixelIsCoveredAtEverySizeWithAndWithoutPictures) {
-  for (const auto& [width, height] : {std::pair{800, 600}, {1024, 768}, {1280, 1024}}) {
-    StartWithSize(width, height);
-    GoToScreen();
-    EXPECT_EQ(CountUncovered(), 0) << width;
+  for (const char* size : {"Width=800\nHeight=600", "Width=1024\nHeight=768", "Width=1280\nHeight=1024"}) {
+    for (const Entries& entries : {AllPictures(), OnlyTheFont()}) {
+      WriteFile("client.ini", std::string("[DISPLAY]\n") + size);
+      Start(entries);
+      GoToScreen();
+      SDL_Surface* video = SDL_GetVideoSurface();
+      SDL_FillRect(video, nullptr, SDL_MapRGB(video->format, 0, 255, 255));
+      mDisplay->RunPass();
+      int uncovered = 0;
+      for (int pixel = 0; pixel < video->w * video->h; ++pixel) {
+        uncovered += PixelAt(pixel % video->w, pixel / video->w) == Rgb{0, 255, 255};
+      }
+      EXPECT_EQ(uncovered, 0) << size;
+    }
   }
-  Start({});
-  ASSERT_FALSE(mDisplay->HasFailed());
-  GoToScreen();
-  EXPECT_EQ(CountUncovered(), 0);
 }
 
 // The code is all that a stranger chooses freely; nobody may take it for the class.
@@ -56,76 +50,79 @@ TEST_P(ScreensTest, FalseClaimsChangeNothing) {
   while (mMailbox.GetCount() > 0) mDisplay->HandleMyMailbox();
   EXPECT_EQ(mDisplay->GetScreen(), before);
   EXPECT_TRUE(Sent().empty());
-  Recieve<PacketInternCentralMailbox>(nullptr);
-  SDL_Event event{};
-  event.type = SDL_QUIT;
-  SDL_PushEvent(&event);
+  Deliver(new PacketInternCentralMailbox(nullptr));
+  SDL_Event close{SDL_QUIT};
+  SDL_PushEvent(&close);
   mDisplay->RunPass();
   EXPECT_EQ(Sent(), std::vector<PacketCode>{PacketQuit::kCode}) << "the controller's mailbox is lost";
 }
 
-std::string NameOf(const ::testing::TestParamInfo<Which>& test) {
-  constexpr const char* kNames[] = {"Start", "Login", "Chat"};
-  return kNames[static_cast<int>(test.param)];
-}
+INSTANTIATE_TEST_SUITE_P(StartLoginChat, ScreensTest, ::testing::Values(Which::Start, Which::Login, Which::Chat));
 
-INSTANTIATE_TEST_SUITE_P(All, ScreensTest, ::testing::Values(Which::Start, Which::Login, Which::Chat), NameOf);
-
-class ScreenStartTest : public DisplayFixture {
+class ScreenLoginTest : public DisplayFixture {
  protected:
-  template <typename T>
-  bool Shows() {
-    return dynamic_cast<T*>(mDisplay->GetScreen()) != nullptr;
+  using Id = ScreenLogin::ComponentId;
+
+  void SetUp() override {
+    Start();
+    Type(" ");
   }
+  bool IsLogin() { return dynamic_cast<ScreenLogin*>(mDisplay->GetScreen()) != nullptr; }
+  std::string NameText() { return TextOf({Id::kLoginWindow, Id::kNameBox}); }
+  std::string Status() { return TextOf({Id::kStatusLabel}); }
 };
 
-TEST_F(ScreenStartTest, TheVersionStandsBelowThePicture) {
-  Start();
-  EXPECT_EQ(TextOf({ScreenStart::kVersionLabel}), "Press any key - Version 0.6.23");
-  EXPECT_EQ(Find<ControlLabel>({ScreenStart::kVersionLabel}).GetY(), 350);
-  Start({});
-  EXPECT_EQ(Find<ControlLabel>({ScreenStart::kVersionLabel}).GetY(), 300);
-}
-
-TEST_F(ScreenStartTest, AnyKeyOrClickLeadsToTheLogin) {
-  Start();
-  Press(SDLK_F1);
-  EXPECT_TRUE(Shows<ScreenLogin>());
+TEST_F(ScreenLoginTest, AnyKeyOrClickLeadsToItButEscapeQuits) {
+  EXPECT_TRUE(IsLogin());
   Start();
   Click(400, 300);
-  EXPECT_TRUE(Shows<ScreenLogin>());
-}
-
-TEST_F(ScreenStartTest, EscapeQuitsAndOtherEventsDoNothing) {
+  EXPECT_TRUE(IsLogin());
   Start();
-  Press(SDLK_ESCAPE);
+  Type("\x1b");
   EXPECT_EQ(Sent(), std::vector<PacketCode>{PacketQuit::kCode});
-  PushMouse(SDL_MOUSEBUTTONUP, 1, 1);
-  PushMouse(SDL_MOUSEMOTION, 1, 1);
+  EXPECT_FALSE(IsLogin());
+  // A second login screen would throw away what was typed into the first.
+  SDL_Event key{SDL_KEYDOWN};
+  key.key.keysym.unicode = 'x';
+  Screen* start = mDisplay->GetScreen();
+  start->HandleSdlEvent(key);
+  SDL_PushEvent(&key);
+  start->HandleSdlEvent(key);
   mDisplay->RunPass();
-  EXPECT_TRUE(Shows<ScreenStart>());
+  EXPECT_EQ(NameText(), "x");
 }
 
-// A second login screen would throw away what was typed into the first.
-TEST_F(ScreenStartTest, ManyKeysAtOnceAskForOneLogin) {
-  Start();
-  Type("impatient");
-  const Screen* login = mDisplay->GetScreen();
-  Type("x");
-  EXPECT_EQ(mDisplay->GetScreen(), login);
-  EXPECT_EQ(TextOf({ScreenLogin::kLoginWindow, ScreenLogin::kNameBox}), "x");
+TEST_F(ScreenLoginTest, NameAndPasswordReachTheServerAsTyped) {
+  Type("\ra b\t100%s5678901234567");
+  Click(5, 5);
+  Type("lost");
+  ClickOn({Id::kLoginWindow, Id::kPasswordBox});
+  Type("%n");
+  EXPECT_EQ(Find<ControlTextBox>({Id::kLoginWindow, Id::kPasswordBox}).ControlLabel::GetText(), std::string("*****"));
+  EXPECT_TRUE(Sent().empty());
+  Type("\r");
+  EXPECT_EQ(Status(), "Connecting");
+  const auto& request = NextSent<PacketLoginRequest>();
+  EXPECT_STREQ(request.mStrLogin, "100%s56789012345") << "sixteen characters fit";
+  EXPECT_STREQ(request.mStrPass, "a b%n");
+  Type("\x1b");
+  EXPECT_EQ(Sent(), std::vector<PacketCode>{PacketQuit::kCode});
 }
 
-TEST_F(ScreenStartTest, AKeyThatFindsTheEventQueueFullIsNotTheLast) {
-  Start();
-  while (PushDisplayRequest(99)) continue;
-  SDL_Event key{};
-  key.type = SDL_KEYDOWN;
-  mDisplay->GetScreen()->HandleSdlEvent(key);
-  mDisplay->RunPass();
-  EXPECT_TRUE(Shows<ScreenStart>());
-  Press(SDLK_SPACE);
-  EXPECT_TRUE(Shows<ScreenLogin>());
+TEST_F(ScreenLoginTest, FailuresAreShownFromTheirBeginningAndLeadBackToTheName) {
+  Type("\t");
+  Deliver(new PacketInternConnectionLost);
+  EXPECT_EQ(Status(), "Could not establish connection");
+  Type("a\t");
+  for (const std::string& reason : {std::string("100% %s %n wrong"), std::string(255, 'W')}) {
+    auto* deny = new PacketLoginDeny;
+    CopyText(deny->mStrReason, reason.c_str());
+    Deliver(deny);
+    EXPECT_EQ(Status(), "Login denied: " + reason);
+    EXPECT_GE(Find<ControlLabel>({Id::kStatusLabel}).GetTextX(), 0);
+  }
+  Type("b");
+  EXPECT_EQ(NameText(), "ab");
 }
 
 }  // namespace

@@ -1,234 +1,244 @@
 #include <algorithm>
-#include <set>
+#include <list>
+#include <memory>
+#include <sstream>
 
-#include "server/CoreFixture.h"
+#include <gtest/gtest.h>
+
+#include "protocol/PacketList.h"
+#include "server/ChatText.h"
 #include "server/ServerCore.h"
 
 namespace tolva::test {
 namespace {
 
-using std::chrono::milliseconds;
-using std::chrono::minutes;
-using std::chrono::seconds;
-using Codes = std::vector<PacketCode>;
+using namespace std::chrono_literals;
 using Names = std::vector<std::string>;
 
-class Login : public CoreFixture {};
-class LobbyChat : public CoreFixture {};
-class Patience : public CoreFixture {};
-class Day : public CoreFixture {};
-
-TEST_F(Login, BringsTheWholeLobbyInTheOrderThatTheScreensNeed) {
-  const FakeClient& anna = LogIn("Anna");
-  EXPECT_EQ(anna.GetCodes(), (Codes{403, 401, 406, 900, 400}));
-  EXPECT_EQ(anna.Last<PacketChatUsers>().mUintCount, 1);
-  EXPECT_EQ(anna.LastLine().rfind("*** |Welcome to Tolva, Anna!", 0), 0U) << anna.LastLine();
-}
-
-TEST_F(Login, DeniedTellsWhyAndMayTryAgain) {
-  Restart({.maxUsers = 2});
-  LogIn("Anna");
-  FakeClient& client = Connect();
-  const auto getReason = [&] { return std::string(client.Last<PacketLoginDeny>().mStrReason); };
-  for (const std::uint16_t version : {kVersionBugfix - 1, kVersionBugfix + 1}) {
-    Request(client, "Bert", version);
-    EXPECT_NE(getReason().find("install version 0.6.23"), std::string::npos) << getReason();
+// A client without a socket: keeps what it is sent.
+struct FakeClient final : ClientLink {
+  explicit FakeClient(ClientId number) : id(number) {}
+  void Send(const Packet& packet) override {
+    if (!isClosed) received.emplace_back(packet.Clone());
   }
-  Request(client, "aNNA");
-  EXPECT_NE(getReason().find("in use"), std::string::npos) << getReason();
-  Request(client, "");
-  EXPECT_NE(getReason().find("type a name"), std::string::npos) << getReason();
-  LogIn("Cleo");
-  Request(client, "Bert");
-  EXPECT_NE(getReason().find("full"), std::string::npos) << getReason();
+  void CloseAfterSending() override { isClosed = true; }
 
-  mCore->Disconnect(1, "test", mNow);
-  Request(client, "anna");
-  EXPECT_EQ(client.Last<PacketChatUsers>().mUintCount, 2);
+  template <typename T>
+  std::vector<const T*> All() const {
+    std::vector<const T*> found;
+    for (const auto& packet : received)
+      if (const T* typed = PacketCast<T>(packet.get())) found.push_back(typed);
+    return found;
+  }
+  template <typename T>
+  const T& Last() const {
+    static const T kNone;
+    const auto found = All<T>();
+    return found.empty() ? kNone : *found.back();
+  }
+  std::string LastLine() const {
+    return Last<PacketChatMsg>().mStrUser + std::string("|") + Last<PacketChatMsg>().mStrMsg;
+  }
+  std::string GetDenial() const { return Last<PacketLoginDeny>().mStrReason; }
+  Names GetList() const {
+    Names names;
+    for (const auto& name : Last<PacketChatUsers>().mStrUsers)
+      if (*name != '\0') names.emplace_back(name);
+    return names;
+  }
+
+  const ClientId id;
+  bool isClosed = false;
+  // Whether the client still answers to the time that passes.
+  bool isAlive = true;
+  std::vector<std::unique_ptr<Packet>> received;
+};
+
+// A server for 60 users with a clock that tests move.
+class ServerCoreTest : public ::testing::Test {
+ protected:
+  FakeClient& Connect() {
+    FakeClient& client = mClients.emplace_back(mClients.size() + 1);
+    mCore.Connect(client.id, client, "127.0.0.1", mNow);
+    return client;
+  }
+  FakeClient& LogIn(const std::string& name, std::uint16_t bugfix = kVersionBugfix) {
+    FakeClient& client = Connect();
+    Request(client, name, bugfix);
+    return client;
+  }
+  void Request(FakeClient& client, const std::string& name, std::uint16_t bugfix = kVersionBugfix) {
+    PacketLoginRequest request;
+    CopyText(request.mStrLogin, name.c_str());
+    static_cast<VersionNumbers&>(request) = {kVersionMajor, kVersionMinor, bugfix};
+    Deliver(client, request);
+  }
+  void Say(FakeClient& client, const std::string& text) { Deliver(client, PacketChatMsg("ignored", text.c_str())); }
+  void Deliver(FakeClient& client, const Packet& packet) { mCore.Receive(client.id, packet, mNow); }
+  void Leave(FakeClient& client) { mCore.Disconnect(client.id, "test", mNow); }
+  void Pass(Duration time) {
+    const TimePoint end = mNow + time;
+    for (int tick = 0; mNow < end; ++tick) {
+      mNow += 100ms;
+      for (FakeClient& client : mClients)
+        if (client.isAlive && tick % 25 == 0) Deliver(client, PacketInternPing(7));
+      mCore.Tick(mNow);
+    }
+  }
+
+  TimePoint mNow{};
+  std::ostringstream mLogText;
+  ServerLog mLog{mLogText, LogDetail::Events};
+  ServerCore mCore{{.maxUsers = 60}, mLog, mNow};
+  std::list<FakeClient> mClients;
+};
+
+TEST_F(ServerCoreTest, LoginBringsTheLobbyAndTheWelcome) {
+  const FakeClient& anna = LogIn("Anna");
+  EXPECT_EQ(anna.received.front()->mEnmCode, PacketEnterChatAccept::kCode);
+  EXPECT_EQ(anna.GetList(), Names{"Anna"});
+  EXPECT_EQ(anna.LastLine(),
+            "*** |Welcome to Tolva, Anna! Return sends your line, Escape empties it. /help tells more.");
+}
+
+TEST_F(ServerCoreTest, DeniedLoginTellsWhyAndMayTryAgain) {
+  for (int i = 1; i <= 60; ++i) LogIn("User" + std::to_string(i));
+  FakeClient& client = LogIn("Bert", kVersionBugfix + 1);
+  EXPECT_NE(client.GetDenial().find("Please install version"), std::string::npos);
+  const std::pair<const char*, Names> cases[] = {
+      {"is full", {"Anna", "a", "Mad Hatter", "J\xF6rg", "50%", "observer", "-=x=-", "sixteen letters!"}},
+      {"in use", {"User1", "uSER60"}},
+      {"type a name", {"", "   "}},
+      {"at most 16", {"seventeen letters"}},
+      {"around the name", {" Anna", "Anna\xA0", "*** "}},
+      {"single blanks", {"An  na", "An\xA0na"}},
+      {"can be seen", {"An\nna", "Anna\x7F", "An\xADna"}},
+      {"brackets and asterisks", {"[Anna]", "x] hi [y", "(and 9 more)", "***", "*** Anna"}},
+      {"belongs to the server", {"Server", "sERVER", "-Server-", "S.e.r.v.e.r", "Ser ver"}},
+  };
+  for (const auto& [advice, names] : cases)
+    for (const std::string& name : names) {
+      const std::string denial = LogIn(name).GetDenial();
+      EXPECT_NE(denial.find(advice), denial.npos) << Quote(name) << " got: " << denial;
+    }
+  Leave(mClients.front());
+  Request(client, "user1");
+  EXPECT_EQ(client.Last<PacketChatUsers>().mUintCount, 60);
   // Return pressed twice: the second request neither denies nor starts the lobby anew.
-  client.Forget();
-  Request(client, "anna");
-  EXPECT_EQ(client.GetCodes(), Codes{});
+  client.received.clear();
+  Request(client, "user1");
+  EXPECT_TRUE(client.received.empty());
 }
 
-TEST_F(Login, EndlessGuessingEnds) {
-  FakeClient& client = Connect();
-  for (int i = 0; i < 1000 && !client.IsClosed(); ++i) Request(client, "Server");
-  EXPECT_EQ(client.All<PacketLoginDeny>().size(), 20U);
-  EXPECT_EQ(mCore->GetClientCount(), 0U);
-}
-
-TEST_F(LobbyChat, ReachesAllUnderTheTrueNameWithoutControlCharacters) {
+TEST_F(ServerCoreTest, ChatReachesAllUnderTheTrueNameWithoutControlCharacters) {
   FakeClient& anna = LogIn("Anna");
-  FakeClient& bert = LogIn("Bert");
+  const FakeClient& bert = LogIn("Bert");
   Say(anna, "hi \x1B[31m\nyou");
+  for (const char* blank : {"", "   ", "\n\t", "\xA0 \xAD"}) Say(anna, blank);
   EXPECT_EQ(anna.LastLine(), "Anna|hi [31myou");
   EXPECT_EQ(bert.LastLine(), "Anna|hi [31myou");
-  bert.Forget();
-  for (const char* blank : {"", "   ", "\n\t", "\xA0 \xAD"}) Say(anna, blank);
-  EXPECT_EQ(bert.GetCodes(), Codes{});
-  Deliver(anna, PacketServerInfo());
-  EXPECT_EQ(anna.Last<PacketServerInfo>().mUintVersionBugfix, 23);
 }
 
-TEST_F(LobbyChat, ListsFollowWhoComesAndGoesWithoutFloodingAnybody) {
+TEST_F(ServerCoreTest, ListsFollowWhoComesAndGoesWithoutFloodingAnybody) {
   FakeClient& anna = LogIn("Anna");
   FakeClient& bert = LogIn("bert");
   LogIn("Cleo");
-  Pass(seconds(1));
+  Pass(1s);
   EXPECT_EQ(anna.GetList(), (Names{"Anna", "bert", "Cleo"}));
-  mCore->Disconnect(bert.GetId(), "test", mNow);
-  Pass(seconds(1));
-  EXPECT_EQ(anna.GetList(), (Names{"Anna", "Cleo"}));
-
-  anna.Forget();
-  for (int i = 0; i < 500; ++i) mCore->Disconnect(LogIn("Dora").GetId(), "test", mNow);
-  Pass(seconds(1));
-  EXPECT_LE(anna.GetCodes().size(), 8U);
+  Leave(bert);
+  anna.received.clear();
+  for (int i = 0; i < 500; ++i) Leave(LogIn("Dora"));
+  Pass(1s);
+  EXPECT_LE(anna.received.size(), 8U);
   EXPECT_EQ(anna.GetList(), (Names{"Anna", "Cleo"}));
 }
 
-TEST_F(LobbyChat, OverfullListSaysSoAndStillShowsEveryoneThemselves) {
-  for (int i = 10; i < 50; ++i) LogIn(("User" + std::to_string(i)).c_str());
-  Pass(seconds(1));
+TEST_F(ServerCoreTest, OverfullListSaysSoAndStillShowsEveryoneThemselves) {
+  for (int i = 10; i < 50; ++i) LogIn("User" + std::to_string(i));
+  Pass(1s);
   for (const FakeClient& client : mClients) {
     const Names names = client.GetList();
     ASSERT_EQ(names.size(), 32U);
     EXPECT_EQ(client.Last<PacketChatUsers>().mUintCount, 40);
     EXPECT_EQ(names.back(), "(and 9 more)");
-    EXPECT_EQ(std::count(names.begin(), names.end(), "User" + std::to_string(client.GetId() + 9)), 1);
+    EXPECT_EQ(std::count(names.begin(), names.end(), "User" + std::to_string(client.id + 9)), 1);
   }
 }
 
-TEST_F(LobbyChat, CommandsAnswerTheOneWhoAsked) {
+TEST_F(ServerCoreTest, CommandsAnswerTheOneWhoAsked) {
   FakeClient& anna = LogIn("Anna");
   FakeClient& bert = LogIn("Bert");
-  const struct {
-    const char* line;
-    const char* answer;
-  } cases[] = {
+  bert.received.clear();
+  const std::pair<const char*, const char*> cases[] = {
       {"/help", "*** |/me waves tells all that you wave"},
       {"/WHO ", "*** |2 players are here: Anna, Bert"},
-      {"/me", "*** |Type what you do after /me, as in: /me waves"},
       {"/me  ", "*** |Type what you do after /me, as in: /me waves"},
-      {"/", "*** |There is no command /. Type /help for those there are."},
       {"/%s x", "*** |There is no command /%s. Type /help for those there are."},
   };
-  bert.Forget();
   for (const auto& [line, answer] : cases) {
     Say(anna, line);
     EXPECT_EQ(anna.LastLine(), answer);
   }
   Deliver(anna, PacketEnterGameRequest());
   EXPECT_EQ(anna.LastLine(), "*** |The way into the world is not open yet.");
-  EXPECT_EQ(bert.GetCodes(), Codes{});
+  EXPECT_TRUE(bert.received.empty());
   Say(anna, "/me  waves");
   EXPECT_EQ(bert.LastLine(), "Anna|* waves");
 }
 
-TEST_F(LobbyChat, FloodIsWarnedOnceThenThrownOut) {
+TEST_F(ServerCoreTest, ChatFloodIsWarnedOnceThenThrownOut) {
   FakeClient& anna = LogIn("Anna");
-  FakeClient& bert = LogIn("Bert");
-  const auto sayTwenty = [&] {
+  const FakeClient& bert = LogIn("Bert");
+  for (const char* answer : {"*** |Please write more slowly", "*** |You were thrown out"}) {
     for (int i = 0; i < 10; ++i) Say(anna, "x"), Say(anna, "/nonsense");
-  };
-  sayTwenty();
-  bert.Forget();
-  Say(anna, "one too many");
-  EXPECT_EQ(anna.GetLastText().find("Please write more slowly"), 0U);
-  EXPECT_FALSE(anna.IsClosed());
-  EXPECT_EQ(bert.GetCodes(), Codes{});
-
-  Pass(seconds(10));
-  sayTwenty();
-  EXPECT_FALSE(anna.IsClosed());
-  Say(anna, "again");
-  EXPECT_TRUE(anna.IsClosed());
-  EXPECT_EQ(anna.LastLine().find("*** |You were thrown out"), 0U);
-  Pass(seconds(1));
+    EXPECT_FALSE(anna.isClosed);
+    Say(anna, "one too many");
+    EXPECT_EQ(anna.LastLine().find(answer), 0U) << anna.LastLine();
+    EXPECT_EQ(bert.LastLine(), "Anna|x");
+    Pass(10s);
+  }
+  EXPECT_TRUE(anna.isClosed);
   EXPECT_EQ(bert.GetList(), Names{"Bert"});
 }
 
-TEST_F(LobbyChat, ManyWhoFloodTogetherDoNotDrownTheOthers) {
-  FakeClient& anna = LogIn("Anna");
-  for (int i = 0; i < 50; ++i) LogIn(("User" + std::to_string(i)).c_str());
-  anna.Forget();
+TEST_F(ServerCoreTest, TooMuchOfAnythingNeverDrownsTheOthers) {
+  FakeClient& guesser = Connect();
+  FakeClient& busy = Connect();
+  for (int i = 0; i < 700; ++i) Request(guesser, "Server"), Deliver(busy, PacketInternPong(1));
+  EXPECT_EQ(guesser.All<PacketLoginDeny>().size(), 20U);
+  EXPECT_TRUE(guesser.isClosed && busy.isClosed);
+
+  for (int i = 0; i < 50; ++i) LogIn("User" + std::to_string(i)).received.clear();
   for (FakeClient& client : mClients)
     for (int i = 0; i < 20; ++i) Say(client, "x");
-  EXPECT_LE(anna.All<PacketChatMsg>().size(), 120U);
+  EXPECT_LE(mClients.back().received.size(), 120U);
 }
 
-TEST_F(LobbyChat, WhatNoClientSendsEndsOnlyItsSender) {
-  FakeClient& anna = LogIn("Anna");
-  const std::set<PacketCode> allowed{8, 9, 100, 200, 300, 400, 402, 500, 600, 601, 702, 800, 850};
-  for (PacketCode code = 0; code < 1010; ++code) {
-    FakeClient& liar = LogIn("Liar");
-    Packet falseClaim;
-    falseClaim.mEnmCode = code;
-    Deliver(liar, falseClaim);
-    EXPECT_TRUE(liar.IsClosed()) << "claimed " << code;
-    const auto honest = CreatePacket(code);
-    if (honest == nullptr) continue;
-    FakeClient& client = LogIn("Client");
-    Deliver(client, *honest);
-    const bool leaves = code == 300 || code == 500;
-    EXPECT_EQ(client.IsClosed(), !allowed.contains(code) || leaves) << honest->mEnmCode;
-    mCore->Disconnect(client.GetId(), "test", mNow);
-  }
-  EXPECT_FALSE(anna.IsClosed());
-  EXPECT_EQ(mCore->GetClientCount(), 1U);
-  const std::string log = mLogText.str();
-  EXPECT_LE(std::count(log.begin(), log.end(), '\n'), 500);
-}
-
-TEST_F(Patience, EndsWithSilenceAndWithEndlessWaiting) {
-  FakeClient& good = LogIn("Good");
+TEST_F(ServerCoreTest, PatienceEndsWithSilenceAndWithEndlessWaiting) {
+  const FakeClient& good = LogIn("Good");
   FakeClient& silent = LogIn("Silent");
-  FakeClient& stranger = Connect();
-  FakeClient& denied = Connect();
-  silent.mAlive = false;
-  Request(denied, "Server");
-  Pass(seconds(29));
-  EXPECT_FALSE(silent.IsClosed() || stranger.IsClosed());
-  EXPECT_EQ(good.All<PacketInternPing>().size(), 2U);
-  Pass(seconds(2));
-  EXPECT_TRUE(silent.IsClosed());
-  EXPECT_EQ(stranger.GetCodes().back(), PacketLoginDeny::kCode);
-  EXPECT_TRUE(stranger.IsClosed());
-  EXPECT_FALSE(denied.IsClosed());
-  Pass(minutes(5));
-  EXPECT_TRUE(denied.IsClosed());
-  EXPECT_FALSE(good.IsClosed());
-}
-
-TEST_F(Patience, TooManyPacketsOfAnyKindEndIt) {
-  FakeClient& busy = Connect();
-  for (int i = 0; i < 700; ++i) Deliver(busy, PacketInternPong(1));
-  EXPECT_TRUE(busy.IsClosed());
-}
-
-TEST_F(Day, PassesThroughEveryLevelInTheLobby) {
-  FakeClient& anna = LogIn("Anna");
-  Pass(minutes(20));
-  std::vector<int> levels;
-  for (const auto* packet : anna.All<PacketDarkness>()) levels.push_back(packet->mByDarkness);
-  ASSERT_EQ(levels.size(), 401U);
-  for (int i = 0; i <= 400; ++i) EXPECT_EQ(levels[i], i <= 200 ? i : 400 - i);
-}
-
-TEST_F(Day, IsShownToWhoComesAtNight) {
-  Pass(minutes(10));
-  EXPECT_EQ(LogIn("Anna").Last<PacketDarkness>().mByDarkness, 200);
-}
-
-TEST_F(Login, AllAreToldWhenTheServerCloses) {
-  const FakeClient& anna = LogIn("Anna");
   const FakeClient& stranger = Connect();
-  mCore->Shutdown(mNow);
-  EXPECT_EQ(anna.LastLine(), "*** |The server is closing down. Goodbye!");
-  EXPECT_EQ(stranger.GetCodes(), Codes{PacketLoginDeny::kCode});
-  EXPECT_TRUE(anna.IsClosed() && stranger.IsClosed());
-  EXPECT_EQ(mCore->GetClientCount(), 0U);
+  FakeClient& denied = Connect();
+  silent.isAlive = false;
+  Request(denied, "Server");
+  Pass(29s);
+  EXPECT_FALSE(silent.isClosed || stranger.isClosed);
+  EXPECT_EQ(good.All<PacketInternPing>().size(), 2U);
+  Pass(2s);
+  EXPECT_TRUE(silent.isClosed && stranger.isClosed && !denied.isClosed);
+  EXPECT_EQ(stranger.All<PacketLoginDeny>().size(), 1U);
+  Pass(5min);
+  EXPECT_TRUE(denied.isClosed && !good.isClosed);
+}
+
+TEST_F(ServerCoreTest, DayPassesThroughEveryLevelInTheLobby) {
+  const FakeClient& anna = LogIn("Anna");
+  Pass(10min);
+  EXPECT_EQ(LogIn("Bert").Last<PacketDarkness>().mByDarkness, 200);
+  Pass(10min);
+  const auto levels = anna.All<PacketDarkness>();
+  ASSERT_EQ(levels.size(), 401U);
+  for (int i = 0; i <= 400; ++i) EXPECT_EQ(levels[i]->mByDarkness, i <= 200 ? i : 400 - i);
 }
 
 }  // namespace
