@@ -2,7 +2,7 @@
 
 #include "foundation/Mailbox.h"
 #include "protocol/PacketPrinter.h"
-#include "support/PacketSamples.h"
+#include "support/Records.h"
 
 namespace tolva {
 namespace {
@@ -27,12 +27,13 @@ BENCHMARK_TEMPLATE(WriteRecord, PacketAreaGround);
 
 template <typename T>
 void ReadRecord(benchmark::State& state) {
-  const test::WireRecord record(*Sample<T>());
+  const std::string record = test::Record(*Sample<T>());
+  const auto* bytes = reinterpret_cast<const std::uint8_t*>(record.data());
   const PacketConverter converter;
   for (auto _ : state) {
     std::uint32_t consumed = 0;
     const std::unique_ptr<Packet> packet(
-        converter.ReadBuffer(record.bytes.data(), static_cast<std::uint32_t>(record.bytes.size()), consumed));
+        converter.ReadBuffer(bytes, static_cast<std::uint32_t>(record.size()), consumed));
     benchmark::DoNotOptimize(packet.get());
   }
 }

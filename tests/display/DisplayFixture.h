@@ -26,8 +26,8 @@ namespace tolva::test {
 using Entries = std::map<std::uint32_t, std::string>;
 
 // As large as the island and of one colour.
-inline std::string MakePicture(png_byte r, png_byte g, png_byte b) {
-  return MakePng({.width = 300, .height = 60, .colour = PNG_COLOR_TYPE_PALETTE, .palette = {{r, g, b}}});
+inline std::string MakePicture(std::uint8_t r, std::uint8_t g, std::uint8_t b) {
+  return MakePng({.width = 300, .height = 60, .colour = PngColour::Palette, .palette = {r, g, b}});
 }
 
 inline Entries OnlyTheFont() { return {{1, ReadFile("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf")}}; }

@@ -1,14 +1,14 @@
 #include <gtest/gtest.h>
 
 #include "protocol/RecordCutter.h"
-#include "support/PacketSamples.h"
+#include "support/Records.h"
 
 namespace tolva::test {
 namespace {
 
 using Outcome = RecordCutter::Outcome;
 
-void Feed(RecordCutter& cutter, const std::vector<std::uint8_t>& bytes) {
+void Feed(RecordCutter& cutter, const std::string& bytes) {
   const auto room = cutter.Room();
   ASSERT_GE(room.size(), bytes.size());
   std::copy(bytes.begin(), bytes.end(), room.begin());
@@ -16,58 +16,39 @@ void Feed(RecordCutter& cutter, const std::vector<std::uint8_t>& bytes) {
 }
 
 TEST(RecordCutter, AStreamInAnyPiecesGivesItsPacketsInOrder) {
-  std::vector<std::uint8_t> stream;
-  ForEachPacketClass([&](auto tag) {
-    typename decltype(tag)::Type packet;
-    FillPacket(packet, 11);
-    const WireRecord record(packet);
-    stream.insert(stream.end(), record.bytes.begin(), record.bytes.end());
-  });
+  std::string stream;
+  ForEachPacketClass(11, [&](const Packet& packet) { stream += Record(packet); });
   for (const std::size_t piece : {1u, 7u, 1000u}) {
     RecordCutter cutter;
-    std::vector<PacketCode> codes;
+    std::string cut;
     for (std::size_t at = 0; at < stream.size(); at += piece) {
-      Feed(cutter, {&stream[at], &stream[at] + std::min(piece, stream.size() - at)});
+      Feed(cutter, stream.substr(at, piece));
       RecordCutter::Result result = cutter.Next();
-      for (; result.outcome == Outcome::Cut; result = cutter.Next()) codes.push_back(result.packet->mEnmCode);
+      for (; result.outcome == Outcome::Cut; result = cutter.Next()) cut += Record(*result.packet);
       ASSERT_EQ(result.outcome, Outcome::Incomplete) << at;
     }
-    EXPECT_EQ(codes.size(), AllPackets::kSize);
-    EXPECT_EQ(codes.back(), PacketMusicStop::kCode);
-    EXPECT_EQ(cutter.GetHeldCount(), 0u);
+    EXPECT_EQ(cut, stream);
   }
 }
 
 TEST(RecordCutter, GivesUpOnlyOnBytesThatCanNeverBecomeARecord) {
-  const auto header = [](std::uint32_t magic, std::uint32_t code, std::uint32_t length) {
-    std::vector<std::uint8_t> bytes(12);
-    StoreBig32(&bytes[0], magic);
-    StoreBig32(&bytes[4], code);
-    StoreBig32(&bytes[8], length);
-    return bytes;
-  };
-  struct Case {
-    std::vector<std::uint8_t> bytes;
-    Outcome outcome;
-  };
-  const Case cases[] = {
-      {{}, Outcome::Incomplete},
+  const std::pair<std::string, Outcome> cases[] = {
+      {"", Outcome::Incomplete},
       {{0, 0, 0x7F}, Outcome::Incomplete},
       {{0, 0, 0x7E}, Outcome::Broken},
-      {{'G', 'E', 'T'}, Outcome::Broken},
-      {header(kProtocolMagic, 400, 11), Outcome::Broken},
-      {header(kProtocolMagic, 400, 16384), Outcome::Incomplete},
-      {header(kProtocolMagic, 400, 16385), Outcome::Broken},
-      {header(kProtocolMagic, 400, 0xFFFFFFFF), Outcome::Broken},
-      {header(kProtocolMagic, 400, 12), Outcome::Broken},  // whole, but no chat line fits in it
-      {header(kProtocolMagic, 405, 12), Outcome::Cut},
+      {"GET", Outcome::Broken},
+      {ForgedRecord(400, 11), Outcome::Broken},
+      {ForgedRecord(400, 16384), Outcome::Incomplete},
+      {ForgedRecord(400, 16385), Outcome::Broken},
+      {ForgedRecord(400, 0xFFFFFFFF), Outcome::Broken},
+      {ForgedRecord(400, 12), Outcome::Broken},  // whole, but no chat line fits in it
+      {ForgedRecord(405, 12), Outcome::Cut},
   };
-  for (const Case& test : cases) {
+  for (const auto& [bytes, outcome] : cases) {
     RecordCutter cutter;
-    Feed(cutter, WireRecord(PacketQuit()).bytes);
-    Feed(cutter, test.bytes);
+    Feed(cutter, Record(PacketQuit()) + bytes);
     EXPECT_EQ(cutter.Next().outcome, Outcome::Cut) << "the good record before";
-    EXPECT_EQ(cutter.Next().outcome, test.outcome) << &test - cases;
+    EXPECT_EQ(cutter.Next().outcome, outcome) << testing::PrintToString(bytes);
   }
 }
 

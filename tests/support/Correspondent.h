@@ -43,8 +43,7 @@ class Correspondent {
   }
 
  private:
-  Mailbox mOwn;
-  Mailbox mTheirs;
+  Mailbox mOwn, mTheirs;
 };
 
 }  // namespace tolva::test

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <chrono>
+#include <cerrno>
 #include <cstdint>
 #include <string>
 
 #include <arpa/inet.h>
 #include <poll.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <unistd.h>
 
 #include "support/WaitUntil.h"
@@ -18,15 +19,14 @@ namespace tolva::test {
 class LoopbackPeer {
  public:
   // Port 0 takes any free one.
-  explicit LoopbackPeer(std::uint16_t port = 0) : mListener(::socket(AF_INET, SOCK_STREAM, 0)) {
+  explicit LoopbackPeer(std::uint16_t port = 0) : mListener(::socket(AF_INET, SOCK_STREAM, 0)), mAddress(At(port)) {
     const int on = 1;
     ::setsockopt(mListener, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-    sockaddr_in address = Loopback(port);
-    ::bind(mListener, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    socklen_t size = sizeof mAddress;
+    ::bind(mListener, reinterpret_cast<sockaddr*>(&mAddress), size);
     ::listen(mListener, 4);
-    socklen_t size = sizeof address;
-    ::getsockname(mListener, reinterpret_cast<sockaddr*>(&address), &size);
-    mPort = ntohs(address.sin_port);
+    ::getsockname(mListener, reinterpret_cast<sockaddr*>(&mAddress), &size);
+    BePatient(mListener);
   }
   ~LoopbackPeer() {
     Close();
@@ -35,19 +35,23 @@ class LoopbackPeer {
   LoopbackPeer(const LoopbackPeer&) = delete;
   LoopbackPeer& operator=(const LoopbackPeer&) = delete;
 
-  std::uint16_t GetPort() const { return mPort; }
+  std::uint16_t GetPort() const { return ntohs(mAddress.sin_port); }
   // Whether somebody wants to connect now.
-  bool HasCaller() const { return IsReady(mListener, 0); }
+  bool HasCaller() const {
+    pollfd entry = {mListener, POLLIN, 0};
+    return ::poll(&entry, 1, 0) > 0;
+  }
 
   bool Accept() {
     Close();
-    if (!IsReady(mListener, kPatienceMs)) return false;
     mSocket = ::accept(mListener, nullptr, nullptr);
+    BePatient(mSocket);
     return mSocket >= 0;
   }
   bool Connect(std::uint16_t port) {
     mSocket = ::socket(AF_INET, SOCK_STREAM, 0);
-    const sockaddr_in address = Loopback(port);
+    BePatient(mSocket);
+    const sockaddr_in address = At(port);
     return ::connect(mSocket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
   }
 
@@ -57,19 +61,15 @@ class LoopbackPeer {
   // Exactly so many bytes, or what came before the stream ended.
   std::string Receive(std::size_t count) {
     std::string bytes(count, '\0');
-    std::size_t held = 0;
-    while (held < count && IsReady(mSocket, kPatienceMs)) {
-      const ssize_t got = ::recv(mSocket, bytes.data() + held, count - held, 0);
-      if (got <= 0) break;
-      held += static_cast<std::size_t>(got);
-    }
-    bytes.resize(held);
+    const ssize_t got = ::recv(mSocket, bytes.data(), count, MSG_WAITALL);
+    bytes.resize(got < 0 ? 0 : static_cast<std::size_t>(got));
     return bytes;
   }
   // Waits for the other side to close; false if it sends something instead.
   bool SeesEnd() {
     char byte;
-    return IsReady(mSocket, kPatienceMs) && ::recv(mSocket, &byte, 1, 0) <= 0;
+    const ssize_t got = ::recv(mSocket, &byte, 1, 0);
+    return got == 0 || (got < 0 && errno != EAGAIN);
   }
   void Close() {
     if (mSocket >= 0) ::close(mSocket);
@@ -77,23 +77,15 @@ class LoopbackPeer {
   }
 
  private:
-  static constexpr int kPatienceMs = std::chrono::milliseconds(kPatience).count();
-
-  static sockaddr_in Loopback(std::uint16_t port) {
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = htons(port);
-    return address;
-  }
-  static bool IsReady(int socket, int waitMs) {
-    pollfd entry = {socket, POLLIN, 0};
-    return ::poll(&entry, 1, waitMs) > 0;
+  static sockaddr_in At(std::uint16_t port) { return {AF_INET, htons(port), {htonl(INADDR_LOOPBACK)}, {}}; }
+  static void BePatient(int socket) {
+    const timeval patience = {kPatience.count(), 0};
+    ::setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
   }
 
   int mListener;
+  sockaddr_in mAddress;
   int mSocket = -1;
-  std::uint16_t mPort = 0;
 };
 
 }  // namespace tolva::test

@@ -14,8 +14,8 @@ class TempDir {
  public:
   TempDir() : mBefore(std::filesystem::current_path()) {
     std::string pattern = (std::filesystem::temp_directory_path() / "tolva-test-XXXXXX").string();
-    mPath = ::mkdtemp(pattern.data());
-    std::filesystem::current_path(mPath);
+    std::filesystem::current_path(::mkdtemp(pattern.data()));
+    mPath = pattern;
   }
   ~TempDir() {
     std::filesystem::current_path(mBefore);
@@ -24,8 +24,6 @@ class TempDir {
   }
   TempDir(const TempDir&) = delete;
   TempDir& operator=(const TempDir&) = delete;
-
-  const std::filesystem::path& GetPath() const { return mPath; }
 
  private:
   std::filesystem::path mBefore;

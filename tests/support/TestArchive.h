@@ -9,9 +9,7 @@
 namespace tolva::test {
 
 struct TestRecord {
-  std::uint32_t id;
-  std::uint32_t offset;
-  std::uint32_t size;
+  std::uint32_t id, offset, size;
 };
 
 inline std::string MakeIndex(const std::vector<TestRecord>& records) {
