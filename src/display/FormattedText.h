@@ -15,7 +15,7 @@ class FormattedText {
     va_end(values);
   }
 
-  operator const char*() const { return mText; }  // NOLINT: meant to convert
+  operator const char*() const { return mText; }  // stands in for a text
 
  private:
   char mText[256];

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "foundation/SurfacePtr.h"
 #include "media/ArchiveIndex.h"
-#include "media/Surface.h"
 
 namespace tolva {
 

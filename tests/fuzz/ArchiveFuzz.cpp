@@ -9,9 +9,9 @@
 #include <zlib.h>
 
 #include "foundation/RegularFile.h"
+#include "foundation/SurfacePtr.h"
 #include "media/ArchiveIndex.h"
 #include "media/PngCheck.h"
-#include "media/Surface.h"
 #include "protocol/WireFormat.h"
 
 namespace tolva {
