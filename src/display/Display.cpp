@@ -124,8 +124,10 @@ bool Display::CreateMainSurface() {
     Log(InfoLevel::Failure, "Creating main surface failed");
     return false;
   }
-  const SDL_VideoInfo* facts = SDL_GetVideoInfo();
-  Log(InfoLevel::Progress, FormattedText("Created surface with %d bits per pixel", facts->vfmt->BitsPerPixel));
+  // The screen's own depth, which may be another than that of the surface.
+  if (const SDL_VideoInfo* facts = SDL_GetVideoInfo()) {
+    Log(InfoLevel::Progress, FormattedText("Created surface with %d bits per pixel", facts->vfmt->BitsPerPixel));
+  }
   return true;
 }
 
@@ -152,7 +154,9 @@ void Display::GetVideoInfo() {
     SDL_VideoDriverName(driver, sizeof driver);
     Log(InfoLevel::Progress, FormattedText("VideoDriver: %s", driver));
 
-    const SDL_VideoInfo& facts = *SDL_GetVideoInfo();
+    const SDL_VideoInfo* info = SDL_GetVideoInfo();
+    if (info == nullptr) return;  // nothing to tell; whether there is a mode to set shows next
+    const SDL_VideoInfo& facts = *info;
     const struct {
       bool isSo;
       const char* what;
