@@ -36,23 +36,6 @@ TEST_F(ControlsTest, AButtonHoldsOrTogglesAndReports) {
   }
 }
 
-TEST_F(ControlsTest, AButtonShowsThePictureOrColorOfItsState) {
-  const SurfacePtr picture = MakePicture(4, 4, [](int, int) { return 0x1234; });
-  ControlButton button(7, nullptr, nullptr, nullptr);
-  button.SetSize(10, 10);
-  button.SetBackgroundColorPressed(200, 0, 0);
-  for (SDL_Surface* surface : {picture.get(), static_cast<SDL_Surface*>(nullptr)}) {
-    button.SetSurfacePressed(surface);
-    for (const Uint8 blue : {100, 200}) {
-      button.SetPressed(true);
-      button.SetBackgroundColor(0, 0, blue);
-      EXPECT_EQ(PixelAt(button.GetBaseSurface(), 5, 5), surface != nullptr ? 0x1234 : ToPixel(mVideo, 200, 0, 0));
-      button.SetPressed(false);
-      EXPECT_EQ(PixelAt(button.GetBaseSurface(), 5, 5), ToPixel(mVideo, 0, 0, blue));
-    }
-  }
-}
-
 class WindowTest : public ControlsTest {
  protected:
   WindowTest() : mWindow(*new ControlWindow(5, nullptr, &mReports, Record)) {
@@ -66,32 +49,23 @@ class WindowTest : public ControlsTest {
 };
 
 TEST_F(WindowTest, IsDraggedByItsCaptionWithTheLeftButton) {
-  const struct {
-    Uint8 buttons;
-    bool movable, moves;
-  } cases[] = {{SDL_BUTTON(1), true, true}, {SDL_BUTTON(3), true, false}, {SDL_BUTTON(1), false, false}};
-  for (const auto& each : cases) {
-    mWindow.SetPosition(50, 60);
-    mWindow.SetMovable(each.movable);
-    gMouse = {99, 99, each.buttons};
+  for (const int button : {3, 1}) {
+    gMouse = {99, 99, static_cast<Uint8>(SDL_BUTTON(button))};
     mRoot.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, 60, 70));
     gMouse.dx += 7;
     gMouse.dy -= 70;
     mRoot.HandleSdlEvent(Mouse(SDL_MOUSEMOTION, 1, 1));
-    EXPECT_EQ(mWindow.GetX(), each.moves ? 57 : 50);
-    EXPECT_EQ(mWindow.GetY(), each.moves ? -10 : 60);
+    EXPECT_EQ(mWindow.GetX(), button == 1 ? 57 : 50);
+    EXPECT_EQ(mWindow.GetY(), button == 1 ? -10 : 60);
   }
 }
 
-TEST_F(WindowTest, ClosesByItsButtonUnlessItHasNone) {
+TEST_F(WindowTest, ClosesByItsButton) {
   // Stretching a see-through caption bar refreshes the window that stretches it.
   mWindow.SetCaptionColor(255, 0, 255);
-  for (const bool controlBox : {false, true}) {
-    mWindow.SetControlBox(controlBox);
-    mWindow.SetWidth(controlBox ? 200 : 120);
-    Click(mRoot, 50 + mWindow.GetWidth() - 3, 60 + 3);
-    EXPECT_EQ(mWindow.IsVisible(), !controlBox);
-  }
+  mWindow.SetWidth(200);
+  Click(mRoot, 50 + 200 - 3, 60 + 3);
+  EXPECT_FALSE(mWindow.IsVisible());
   EXPECT_EQ(mReports, (Reports{{5, 0}}));
 }
 

@@ -35,13 +35,9 @@ class ControlsTest : public VideoTest {
   Reports mReports;
 };
 
-// With a font.
 class TextTest : public ControlsTest {
  protected:
-  TextTest() { SetFontSize(12); }
-  static void SetFontSize(int points) {
-    ControlTextBasic::LoadFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", points);
-  }
+  TextTest() { ControlTextBasic::LoadFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", 12); }
   static int WidthOf(const std::string& text) {
     int width = 0;
     TTF_SizeText(ControlTextBasic::GetFont(), text.c_str(), &width, nullptr);

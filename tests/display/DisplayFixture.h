@@ -22,7 +22,6 @@
 
 namespace tolva::test {
 
-// What the archive "Graphics" holds, by id.
 using Entries = std::map<std::uint32_t, std::string>;
 
 // As large as the island and of one colour.
@@ -93,10 +92,14 @@ class DisplayFixture : public ::testing::Test {
     mDisplay->RunPass();
   }
   void Click(int x, int y) {
-    for (const Uint8 type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) PushMouse(type, x, y);
+    for (const Uint8 type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) {
+      SDL_Event event{type};
+      event.button.x = static_cast<Uint16>(x);
+      event.button.y = static_cast<Uint16>(y);
+      EXPECT_EQ(SDL_PushEvent(&event), 0);
+    }
     mDisplay->RunPass();
   }
-  // Into the middle of a component.
   void ClickOn(std::initializer_list<std::uint32_t> way) {
     ControlBasic* control = mDisplay->GetScreen();
     int x = 0;
@@ -109,20 +112,12 @@ class DisplayFixture : public ::testing::Test {
     Click(x + control->GetWidth() / 2, y + control->GetHeight() / 2);
   }
 
-  static void PushMouse(Uint8 type, int x, int y) {
-    SDL_Event event{type};
-    event.button.x = static_cast<Uint16>(x);
-    event.button.y = static_cast<Uint16>(y);
-    EXPECT_EQ(SDL_PushEvent(&event), 0);
-  }
-
   // The codes of what was sent to the controller since the last call.
   std::vector<PacketCode> Sent() {
     std::vector<PacketCode> codes;
     while (const std::unique_ptr<Packet> packet{mController.Get()}) codes.push_back(packet->mEnmCode);
     return codes;
   }
-  // The oldest packet sent to the controller.
   template <typename T>
   const T& NextSent() {
     mNextSent.reset(mController.Get());
