@@ -34,7 +34,7 @@ class ClientBaseTest : public ::testing::Test {
  protected:
   ClientBaseTest() {
     WriteFile("client.ini", "[NETWORK]\nHost=127.0.0.1\nPort=" + std::to_string(mServer.GetPort()) + "\n");
-    WriteArchive("Sounds", 1, "tune");
+    WriteArchive("Sounds", 1, ReadFile(TOLVA_TEST_MUSIC));
     mClient = std::make_unique<ClientBase>(mDisplay.GetTheirs());
   }
   ~ClientBaseTest() override { Quit(); }
@@ -64,7 +64,7 @@ class ClientBaseTest : public ::testing::Test {
     return codes;
   }
   static bool PlaysTheTune() {
-    return WaitUntil([] { return ReadFile("Sound.tmp") == "tune"; });
+    return WaitUntil([] { return ReadFile("Sound.tmp") == ReadFile(TOLVA_TEST_MUSIC); });
   }
   void Quit() {
     mDisplay.Give(PacketQuit());
