@@ -63,7 +63,7 @@ void Area::InitFields() {
   Guard("Area", "InitFields", [&] {
     for (int fx = 0; fx < kEdge; ++fx) {
       for (int fy = 0; fy < kEdge; ++fy) {
-        Field& field = mFields[static_cast<std::size_t>(fx * kEdge + fy)];
+        Field& field = mFields[static_cast<std::size_t>(fx) * kAreaEdge + static_cast<std::size_t>(fy)];
         field.SetPlace(this, static_cast<std::uint8_t>(fx), static_cast<std::uint8_t>(fy));
         // A map has 28,224 fields and links them at each shift: those away from the border need no look-up.
         const bool isInner = IsInside(fx - 1, fy - 1) && IsInside(fx + 1, fy + 1);

@@ -61,7 +61,7 @@ class ClientMap {
   using AreaSquare = std::array<std::array<std::unique_ptr<Area>, kMapEdge>, kMapEdge>;
 
   void Initialize();
-  void Terminate();
+  void Terminate() noexcept;
   void ResetAllAreas();
   void SetAllNeighbors();
   void SetNeighborsOfBlock(int firstR, int lastR, int firstC, int lastC);

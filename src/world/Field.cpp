@@ -5,7 +5,9 @@
 
 namespace tolva {
 
-Field::~Field() { RemoveCharacter(); }
+Field::~Field() {
+  if (mCharacter != nullptr) mCharacter->SetField(nullptr);
+}
 
 bool Field::AddCharacter(Character* character) {
   return Guard("Field", "AddCharacter", [&] {
