@@ -14,6 +14,7 @@ bool WaitUntil(Predicate&& holds) {
   const auto deadline = std::chrono::steady_clock::now() + kPatience;
   while (!holds()) {
     if (std::chrono::steady_clock::now() > deadline) return false;
+    // Between two looks, so that waiting does not take the processor from what is awaited.
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
   return true;
