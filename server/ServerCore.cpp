@@ -30,12 +30,20 @@ PacketServerInfo MakeServerInfo() {
   return info;
 }
 
+// The noon before the hour of the day at which the server begins.
+TimePoint FindNoon(const ServerOptions& options, TimePoint now) {
+  constexpr int kNoon = 12;
+  constexpr int kHours = 24;
+  const int hoursSinceNoon = (options.startHour + kHours - kNoon) % kHours;
+  return now - Duration(std::chrono::minutes(options.dayMinutes)) * hoursSinceNoon / kHours;
+}
+
 }  // namespace
 
 ServerCore::ServerCore(const ServerOptions& options, ServerLog& log, TimePoint now)
     : mLog(log),
       mStart(now),
-      mDayClock(now, std::chrono::minutes(options.dayMinutes)),
+      mDayClock(FindNoon(options, now), std::chrono::minutes(options.dayMinutes)),
       mReception(options.maxUsers),
       mCommands(mReception) {}
 

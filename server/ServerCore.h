@@ -23,7 +23,7 @@ constexpr std::size_t kMaxWaitingClients = 64;
 // times passed in never go back.
 class ServerCore {
  public:
-  // The log must outlive the core. The first day begins at `now`.
+  // The log must outlive the core. At `now` it is the options' hour of the day.
   ServerCore(const ServerOptions& options, ServerLog& log, TimePoint now);
   ServerCore(const ServerCore&) = delete;
   ServerCore& operator=(const ServerCore&) = delete;

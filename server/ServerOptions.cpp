@@ -31,6 +31,9 @@ std::optional<int> ServerOptions::Read(int argc, char** argv) {
   app.add_option("--day-minutes", dayMinutes, "length of a day in minutes")
       ->check(CLI::Range(1, 24 * 60))
       ->capture_default_str();
+  app.add_option("--start-hour", startHour, "hour of the day to begin with: 12 is noon, from 18 on it gets dark")
+      ->check(CLI::Range(0, 23))
+      ->capture_default_str();
   app.add_flag("--verbose", verbose, "log every packet too");
 
   bool goOn = false;

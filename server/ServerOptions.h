@@ -19,6 +19,8 @@ struct ServerOptions {
   std::uint64_t worldSeed = 1;
   std::size_t maxUsers = 100;
   int dayMinutes = 20;
+  // When the first day begins, 0 to 23.
+  int startHour = 12;
   bool verbose = false;
 
   // Reads the command line. Anything but nothing is the status to end with at once: help or the version was asked for
