@@ -1,6 +1,7 @@
 """The one list of the pictures: id, size, whether parts of it are see-through, and its use.
 
-Painters may only write what stands here, and check_pictures.py compares the files with it.
+Painters may only write what stands here, and check_pictures.py compares the files with it. The pictures of the world
+are families: their tables below have the names and ids of server/terrain/WorldPictures.h, which places them.
 """
 from dataclasses import dataclass
 
@@ -15,6 +16,62 @@ class Entry:
 
 
 SOLID, KEYED = False, True
+
+# ---- the world ----------------------------------------------------------------------------------
+
+TILE = (76, 37)                 # the picture of a field's ground; neighbours lie (38, 18) apart
+THING = (76, 228)               # what stands on a field; drawn 191 pixels higher than its ground
+FRAME = (76, 114)               # one frame of a character; drawn 77 pixels higher than its ground
+FRAMES, DIRECTIONS = 5, 8       # a character's sheet: columns of a walking cycle, rows from north clockwise
+UNKNOWN_GROUND, CHARACTER = 100000, 50002
+VARIANTS = 4
+PIECES = range(1, 15)           # 1 north + 2 east + 4 south + 8 west: corners that have the upper kind
+
+KINDS = {"Deep": 112000, "Shallow": 112016, "Sand": 112032, "Grass": 112048, "DryGrass": 112064,
+         "ForestFloor": 112080, "Path": 112096, "Rock": 112112, "Snow": 112128, "Cobbles": 112144, "Flowers": 112160,
+         "Field": 112176}
+
+# upper kind, lower kind
+TRANSITIONS = {("Shallow", "Deep"): 112512, ("Sand", "Shallow"): 112528, ("Grass", "Sand"): 112544,
+               ("Grass", "Path"): 112560, ("Grass", "DryGrass"): 112576, ("Grass", "Rock"): 112592,
+               ("Snow", "Rock"): 112608, ("Grass", "Cobbles"): 112624}
+
+THINGS = {"Oak": 120000, "Beech": 120001, "Pine": 120002, "Palm": 120003, "Birch": 120004, "AutumnTree": 120005,
+          "DeadTree": 120006, "YoungPine": 120007,
+          "Bush": 120020, "BerryBush": 120021, "Fern": 120022, "Mushrooms": 120023, "Tuft": 120024,
+          "FlowerTuft": 120025, "Poppies": 120026, "Reeds": 120027, "WaterLilies": 120028,
+          "Rocks": 120040, "Boulder": 120041, "Pebbles": 120042, "Stump": 120043, "Logs": 120044,
+          "FenceNorthEast": 120060, "FenceSouthEast": 120061, "FenceSouthWest": 120062, "FenceNorthWest": 120063,
+          "Lantern": 120080, "Well": 120081, "Signpost": 120082, "Barrels": 120083, "FlowerBed": 120084,
+          "FruitStall": 120085, "FishStall": 120086, "Bench": 120087, "Haystack": 120088, "Cart": 120089,
+          "Campfire": 120090, "Scarecrow": 120091,
+          "PierNorthEast": 120100, "PierNorthWest": 120101, "Boat": 120102, "SailingBoat": 120103}
+
+# first id, fields along x (to the south-east), fields along y (to the north-east)
+HOUSES = {"TiledHouse": (121000, 3, 3), "ThatchedHouse": (121064, 3, 2), "Tavern": (121128, 4, 3)}
+
+
+def strips(name):
+    """(id, i, j) of each field of a house that carries a picture: those along its two front edges."""
+    first, width, depth = HOUSES[name]
+    return [(first + 8 * i + j, i, j) for i in range(width) for j in range(depth) if i == width - 1 or j == 0]
+
+
+def world():
+    """The entries of all pictures of the world by id."""
+    entries = {UNKNOWN_GROUND: Entry(*TILE, KEYED, "ground that is not known yet"),
+               CHARACTER: Entry(FRAMES * FRAME[0], DIRECTIONS * FRAME[1], KEYED, "character")}
+    for kind, first in KINDS.items():
+        entries |= {first + k: Entry(*TILE, KEYED, f"ground: {kind}") for k in range(VARIANTS)}
+    for (upper, lower), first in TRANSITIONS.items():
+        entries |= {first + k: Entry(*TILE, KEYED, f"ground: {upper} to {lower}") for k in PIECES}
+    entries |= {number: Entry(*THING, KEYED, f"thing: {name}") for name, number in THINGS.items()}
+    for name in HOUSES:
+        entries |= {number: Entry(*THING, KEYED, f"house: {name}") for number, _, _ in strips(name)}
+    return entries
+
+
+# ---- all ----------------------------------------------------------------------------------------
 
 CATALOGUE = {
     5001: Entry(32, 32, KEYED, "window icon"),
@@ -57,4 +114,4 @@ CATALOGUE = {
     6700: Entry(300, 60, SOLID, "island by day"),
     6701: Entry(300, 60, SOLID, "island at dusk"),
     6702: Entry(300, 60, SOLID, "island at night"),
-}
+} | world()
