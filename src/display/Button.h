@@ -28,7 +28,6 @@ class Button : public Widget {
   bool IsPressed() const { return mPressed; }
 
  private:
-  InfoHandler* const mInfoHandler;
   const std::unique_ptr<Archive> mArchive;
   bool mPressed = false;
 };

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "foundation/Info.h"
 #include "foundation/SurfacePtr.h"
 
 namespace tolva {
@@ -45,7 +46,9 @@ class GameDisplayRect {
 
  private:
   const Field* FindStartField() const;
-  void PaintRow(const Field* first, SDL_Surface* tile, int x, int y);
+  void PaintRow(const Field* first, SDL_Surface* tile, int y);
+  void PaintField(const Field* field, SDL_Surface* tile, int x, int y);
+  void Log(const char* text, InfoLevel level);
 
   Repository* const mRepository;
   InfoHandler* const mInfoHandler;

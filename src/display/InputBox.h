@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "display/TextBox.h"
 
@@ -35,7 +36,7 @@ class InputBox : public TextBox {
   bool MoveTo(std::uint32_t position);
   bool Erase(std::uint32_t position);
   bool Type(char character);
-  void DrawCursor(const char* shownText);
+  void DrawCursor(const std::string& textBefore);
 
   std::uint32_t mCursor = 0;
   bool mCursorVisible = false;

@@ -1,8 +1,7 @@
 #include "support/Golden.h"
 
-#include <algorithm>
 #include <cstdlib>
-#include <filesystem>
+#include <cstring>
 
 #include <SDL_image.h>
 
@@ -13,61 +12,54 @@
 namespace tolva::test {
 namespace {
 
-// One channel in 8 bits. Not SDL_GetRGB, of which each SDL library has an idea of its own.
-std::uint8_t Widen(Uint32 pixel, Uint32 mask, Uint8 shift, Uint8 loss) {
-  const Uint32 value = (pixel & mask) >> shift;
-  return static_cast<std::uint8_t>(value << loss | (loss == 0 ? 0 : value >> (8 - 2 * loss)));
+struct Color {
+  Uint8 rgb[3];
+};
+
+Uint32 PixelOf(const SDL_Surface& surface, int x, int y) {
+  const int bytes = surface.format->BytesPerPixel;
+  Uint32 pixel = 0;
+  std::memcpy(&pixel, static_cast<const Uint8*>(surface.pixels) + y * surface.pitch + x * bytes, bytes);
+  return pixel;
 }
 
-Bytes ToRgb(const SDL_Surface& surface, const SDL_Rect& part) {
-  const SDL_PixelFormat& format = *surface.format;
-  Bytes bytes;
-  for (int y = part.y; y < part.y + part.h; ++y) {
-    for (int x = part.x; x < part.x + part.w; ++x) {
-      const auto* at = static_cast<const Uint8*>(surface.pixels) + y * surface.pitch + x * format.BytesPerPixel;
-      Uint32 pixel = 0;
-      for (int byte = 0; byte < format.BytesPerPixel; ++byte) pixel |= static_cast<Uint32>(at[byte]) << 8 * byte;
-      bytes.push_back(Widen(pixel, format.Rmask, format.Rshift, format.Rloss));
-      bytes.push_back(Widen(pixel, format.Gmask, format.Gshift, format.Gloss));
-      bytes.push_back(Widen(pixel, format.Bmask, format.Bshift, format.Bloss));
-    }
+Color ColorOf(const SDL_Surface& surface, int x, int y) {
+  Color color;
+  SDL_GetRGB(PixelOf(surface, x, y), surface.format, &color.rgb[0], &color.rgb[1], &color.rgb[2]);
+  return color;
+}
+
+void Write(const std::string& path, const SDL_Surface& surface, const SDL_Rect& part) {
+  TestPicture picture{.width = part.w, .height = part.h};
+  for (int i = 0; i < part.w * part.h; ++i) {
+    const Color color = ColorOf(surface, part.x + i % part.w, part.y + i / part.w);
+    picture.samples.insert(picture.samples.end(), std::begin(color.rgb), std::end(color.rgb));
   }
-  return bytes;
+  WriteFile(path, MakePng(picture));
 }
 
-SDL_Rect WholeOf(const SDL_Surface& surface) {
-  return {0, 0, static_cast<Uint16>(surface.w), static_cast<Uint16>(surface.h)};
+// Empty when there is nothing to complain about.
+std::string Compare(const SDL_Surface* golden, const SDL_Surface& surface, const SDL_Rect& part) {
+  if (golden == nullptr || golden->w != part.w || golden->h != part.h) return "is missing or has another size";
+  for (int i = 0; i < part.w * part.h; ++i) {
+    const int x = i % part.w, y = i / part.w;
+    const Color color = ColorOf(*golden, x, y);
+    // In the surface's format, because each SDL library widens fewer bits to 24 in a way of its own.
+    const Uint32 expected = SDL_MapRGB(surface.format, color.rgb[0], color.rgb[1], color.rgb[2]);
+    if (PixelOf(surface, part.x + x, part.y + y) == expected) continue;
+    return "differs at (" + std::to_string(x) + ", " + std::to_string(y) + ")";
+  }
+  return "";
 }
 
 }  // namespace
 
-::testing::AssertionResult MatchesGolden(const SDL_Surface& surface, const std::string& name) {
-  return MatchesGolden(surface, WholeOf(surface), name);
-}
-
-::testing::AssertionResult MatchesGolden(const SDL_Surface& surface, const SDL_Rect& part, const std::string& name) {
-  const Bytes drawn = ToRgb(surface, part);
-  const auto write = [&](const std::string& path) {
-    WriteFile(path, MakePng({.width = part.w, .height = part.h, .samples = drawn}));
-  };
-  const std::string path = TOLVA_TEST_GOLDENS "/" + name + ".png";
-  if (const char* renew = std::getenv("TOLVA_RENEW_GOLDENS"); renew != nullptr && *renew == '1') {
-    std::filesystem::create_directories(TOLVA_TEST_GOLDENS);
-    write(path);
-    return ::testing::AssertionSuccess();
-  }
-  const SurfacePtr golden(IMG_Load(path.c_str()));
-  std::string problem = "cannot be read";
-  if (golden != nullptr && (golden->w != part.w || golden->h != part.h)) {
-    problem = "has another size";
-  } else if (golden != nullptr) {
-    const Bytes expected = ToRgb(*golden, WholeOf(*golden));
-    const auto at = std::mismatch(drawn.begin(), drawn.end(), expected.begin()).first - drawn.begin();
-    if (static_cast<std::size_t>(at) == drawn.size()) return ::testing::AssertionSuccess();
-    problem = "differs at " + std::to_string(at / 3 % part.w) + ", " + std::to_string(at / 3 / part.w);
-  }
-  const std::string kept = TOLVA_TEST_OUTPUT "/" + name + ".drawn.png";
-  write(kept);
+::testing::AssertionResult MatchesGolden(const std::string& name, const SDL_Surface& surface, const SDL_Rect& part) {
+  const std::string path = TOLVA_TEST_GOLDENS "/" + name + ".png", kept = TOLVA_TEST_OUTPUT "/" + name + ".drawn.png";
+  if (std::getenv("TOLVA_RENEW_GOLDENS") != nullptr) Write(path, surface, part);
+  const std::string problem = Compare(SurfacePtr(IMG_Load(path.c_str())).get(), surface, part);
+  if (problem.empty()) return ::testing::AssertionSuccess();
+  Write(kept, surface, part);
   return ::testing::AssertionFailure() << path << " " << problem << "; what was drawn is in " << kept;
 }
 
