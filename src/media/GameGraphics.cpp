@@ -1,6 +1,7 @@
 #include "media/GameGraphics.h"
 
 #include <cstddef>
+#include <cstring>
 #include <stdexcept>
 #include <utility>
 
@@ -31,11 +32,43 @@ void BlitWhole(const SurfacePtr& from, const SurfacePtr& to) {
   SDL_BlitSurface(from.get(), nullptr, to.get(), nullptr);
 }
 
-SurfacePtr MakeMask(const SurfacePtr& source) {
+bool IsSeeThrough(const SDL_Surface& surface, int x, int y) {
+  const int bytes = surface.format->BytesPerPixel;
+  Uint32 pixel = 0;
+  std::memcpy(&pixel, static_cast<const Uint8*>(surface.pixels) + std::ptrdiff_t{y} * surface.pitch + x * bytes, bytes);
+  if constexpr (SDL_BYTEORDER == SDL_BIG_ENDIAN) pixel >>= 8 * (4 - bytes);
+  return pixel == surface.format->colorkey;
+}
+
+// White where the picture is opaque, black where it is see-through, pixel by pixel.
+SurfacePtr PaintOpaquePartsWhite(const SurfacePtr& source) {
+  SurfacePtr painted = Copy(source);
+  SDL_SetColorKey(painted.get(), 0, 0);
+  SDL_FillRect(painted.get(), nullptr, SDL_MapRGB(painted->format, 255, 255, 255));
+  if ((source->flags & SDL_SRCCOLORKEY) == 0) return painted;
+  for (int y = 0; y < source->h; ++y) {
+    for (int x = 0; x < source->w; ++x) {
+      if (!IsSeeThrough(*source, x, y)) continue;
+      SDL_Rect pixel{static_cast<Sint16>(x), static_cast<Sint16>(y), 1, 1};
+      SDL_FillRect(painted.get(), &pixel, SDL_MapRGB(painted->format, 0, 0, 0));
+    }
+  }
+  return painted;
+}
+
+// The same by two conversions: what is opaque counts as opaque in the shared bits too, which makes it white.
+SurfacePtr FoldIntoOneChannel(const SurfacePtr& source) {
   const SurfacePtr folded = Own(SDL_CreateRGBSurface(SDL_SWSURFACE, source->w, source->h, 16, kMaskChannel,
                                                      kMaskChannel, kMaskChannel, kMaskChannel));
+  // The compatibility library makes an ordinary surface instead. Black parts would become holes, and others stay bright
+  // at night.
+  if (folded->format->Rmask != kMaskChannel) return PaintOpaquePartsWhite(source);
   BlitWhole(source, folded);
-  const SurfacePtr working = Copy(folded);
+  return Copy(folded);
+}
+
+SurfacePtr MakeMask(const SurfacePtr& source) {
+  const SurfacePtr working = FoldIntoOneChannel(source);
   SDL_SetColorKey(working.get(), SDL_SRCCOLORKEY, SDL_MapRGB(working->format, 0, 0, 0));
 
   SurfacePtr mask = Copy(source);
