@@ -35,6 +35,7 @@ std::optional<int> ServerOptions::Read(int argc, char** argv) {
       ->capture_default_str();
   app.add_option("--start-hour", startHour, "hour of the day to begin with: 12 is noon, from 18 on it gets dark")
       ->check(CLI::Range(0, 23))
+      ->capture_default_str();
   app.add_option("--villagers", villagers, "people who live in the village where players arrive")
       ->check(CLI::Range(std::size_t{0}, kMostVillagers))
       ->capture_default_str();
