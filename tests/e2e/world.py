@@ -13,6 +13,7 @@ AREA_GROUND, AREA_VERSION, GAME_CHAT, MOVE_REQUEST, MOVE, CHAR_POSITION, ADD_CHA
 AREA_EDGE, AREA_FIELDS, REGION_EDGE, MAP_AREAS = 24, 24 * 24, 8, 49
 # By the ids of the pictures: deep and shallow water, and what can be walked over although it stands on a field.
 WATER = {112000, 112016, 112512}
+SAND_SHALLOW, FOREST_FLOOR = 112528, 112080
 LOW_THINGS = {0, *range(120022, 120027), 120042, 120100, 120101}
 # The key and the step in x and y of each direction, from north on clockwise.
 DIRECTIONS = (("KP_8", -1, 1), ("KP_9", 0, 1), ("KP_6", 1, 1), ("KP_3", 1, 0),
