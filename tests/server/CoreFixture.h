@@ -2,6 +2,7 @@
 
 #include <list>
 #include <memory>
+#include <optional>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -56,11 +57,9 @@ struct FakeClient final : ClientLink {
 // A server for 60 users with a clock that tests move.
 class CoreFixture : public ::testing::Test {
  protected:
-  explicit CoreFixture(std::size_t villagers = 0) : mVillagers(villagers) {}
-
   FakeClient& Connect() {
     FakeClient& client = mClients.emplace_back(mClients.size() + 1);
-    mCore.Connect(client.id, client, "127.0.0.1", mNow);
+    mCore->Connect(client.id, client, "127.0.0.1", mNow);
     return client;
   }
   FakeClient& LogIn(const std::string& name, std::uint16_t bugfix = kVersionBugfix) {
@@ -75,23 +74,22 @@ class CoreFixture : public ::testing::Test {
     Deliver(client, request);
   }
   void Say(FakeClient& client, const std::string& text) { Deliver(client, PacketChatMsg("ignored", text.c_str())); }
-  void Deliver(FakeClient& client, const Packet& packet) { mCore.Receive(client.id, packet, mNow); }
-  void Leave(FakeClient& client) { mCore.Disconnect(client.id, "test", mNow); }
+  void Deliver(FakeClient& client, const Packet& packet) { mCore->Receive(client.id, packet, mNow); }
+  void Leave(FakeClient& client) { mCore->Disconnect(client.id, "test", mNow); }
   void Pass(Duration time) {
     const TimePoint end = mNow + time;
     for (int tick = 0; mNow < end; ++tick) {
       mNow += 100ms;
       for (FakeClient& client : mClients)
         if (client.isAlive && tick % 25 == 0) Deliver(client, PacketInternPing(7));
-      mCore.Tick(mNow);
+      mCore->Tick(mNow);
     }
   }
 
-  const std::size_t mVillagers;
   TimePoint mNow{};
   std::ostringstream mLogText;
   ServerLog mLog{mLogText, LogDetail::Events};
-  ServerCore mCore{{.maxUsers = 60, .villagers = mVillagers}, mLog, mNow};
+  std::optional<ServerCore> mCore{std::in_place, ServerOptions{.maxUsers = 60, .villagers = 0}, mLog, mNow};
   std::list<FakeClient> mClients;
 };
 

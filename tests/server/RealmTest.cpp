@@ -12,8 +12,7 @@ namespace {
 // What a client's map would show, made from the packets that it got. Complains of every packet that a client would
 // drop, or show as somebody who comes from nowhere.
 struct Picture {
-  explicit Picture(FakeClient& itsClient)
-      : client(itsClient), heading(static_cast<Direction>(itsClient.id % kDirectionCount)) {}
+  explicit Picture(FakeClient& its) : client(its), heading(static_cast<Direction>(its.id % kDirectionCount)) {}
   void Take(const Packet& packet, TimePoint now) {
     if (const auto* position = PacketCast<PacketCharPosition>(&packet)) {
       own = ToPoint(*position);
@@ -52,8 +51,6 @@ struct Picture {
 
 class RealmTest : public CoreFixture {
  protected:
-  using CoreFixture::CoreFixture;
-
   Picture& Enter(const std::string& name) {
     FakeClient& client = LogIn(name);
     Deliver(client, PacketEnterGameRequest());
@@ -117,7 +114,6 @@ TEST_F(RealmTest, CrowdCostsNobodyMoreThanItsShareAndIsSeenRightOnceItRests) {
   for (int i = 0; i < 60; ++i) Enter("User" + std::to_string(i));
   Walk(60, [this] {
     const auto picture = std::next(mPictures.begin(), mRandom() % mPictures.size());
-    Say(picture->client, "brb");
     Deliver(picture->client, PacketEnterChatRequest());
     Deliver(picture->client, PacketEnterGameRequest());
     if (mRandom() % 4 != 0) return Follow();
@@ -129,10 +125,10 @@ TEST_F(RealmTest, CrowdCostsNobodyMoreThanItsShareAndIsSeenRightOnceItRests) {
 }
 
 TEST_F(RealmTest, WhoLeavesVanishesAndComesBackWhereHeStood) {
-  Picture& anna = Enter("Anna");
-  Picture& bert = Enter("Bert");
+  const Picture& anna = Enter("Anna");
+  const Picture& bert = Enter("Bert");
   Walk(10, [] {});
-  const WorldPoint place = bert.own;
+  const std::set place{bert.own};
   Deliver(bert.client, PacketEnterChatRequest());
   EXPECT_EQ(bert.client.Last<PacketUserInGame>().mUintCount, 1U);
   Say(bert.client, "/who");
@@ -141,8 +137,7 @@ TEST_F(RealmTest, WhoLeavesVanishesAndComesBackWhereHeStood) {
   EXPECT_TRUE(anna.others.empty());
   Deliver(bert.client, PacketEnterGameRequest());
   Follow();
-  EXPECT_EQ(bert.own, place);
-  EXPECT_EQ(anna.others, std::set{place});
+  EXPECT_TRUE(anna.others == place && place.contains(bert.own));
 }
 
 TEST_F(RealmTest, AreasAreAnsweredInOrderEachWithItsContentOrAsCurrent) {
@@ -166,24 +161,17 @@ TEST_F(RealmTest, AreasAreAnsweredInOrderEachWithItsContentOrAsCurrent) {
   expected.emplace_back(702, 0);
   Pass(2s);
   for (const auto& packet : anna.client.received) {
-    if (const auto* version = PacketCast<PacketAreaVersion>(packet.get())) {
-      got.emplace_back(702, version->mByVersion);
-    } else if (const auto* ground = PacketCast<PacketAreaGround>(packet.get())) {
-      got.emplace_back(700, ground->mByVersion);
-      EXPECT_TRUE(ground->mUintGround == mWorld.GetArea(*ground)->ground);
-    } else if (const auto* volu = PacketCast<PacketAreaVolu>(packet.get())) {
-      got.emplace_back(701, volu->mByVersion);
-      EXPECT_EQ(volu->mUintVolu, mWorld.GetArea(*volu)->volu);
-    }
+    if (const auto* version = PacketCast<PacketAreaVersion>(packet.get())) got.emplace_back(702, version->mByVersion);
+    if (const auto* ground = PacketCast<PacketAreaGround>(packet.get()))
+      got.emplace_back(700, ground->mUintGround == mWorld.GetArea(*ground)->ground ? ground->mByVersion : -1);
+    if (const auto* volu = PacketCast<PacketAreaVolu>(packet.get()))
+      got.emplace_back(701, volu->mUintVolu == mWorld.GetArea(*volu)->volu ? volu->mByVersion : -1);
   }
   EXPECT_EQ(got, expected);
 }
 
-struct VillagersTest : RealmTest {
-  VillagersTest() : RealmTest(6) {}
-};
-
-TEST_F(VillagersTest, StrollAndTalkButDoNotStopWherePlayersArrive) {
+TEST_F(RealmTest, VillagersStrollAndTalkButDoNotStopWherePlayersArrive) {
+  mCore.emplace(ServerOptions{.villagers = 6}, mLog, mNow);
   Picture& anna = Enter("Anna");
   std::map<WorldPoint, int> stays;
   for (int i = 0; i < 3000; ++i) {
