@@ -30,7 +30,7 @@ def render(scene, size, oversampling, background="+UA", **declared):
     raw = WORK / f"{scene}{''.join(str(value) for value in declared.values())}.png"
     width, height = size
     command = ["nice", "povray", f"+I{scene}.pov", f"+O{raw.name}", f"+W{width * oversampling}",
-               f"+H{height * oversampling}", "-D", "-GA", "-A", "+FN8", background, f"+WT{os.cpu_count() or 1}"]
+               f"+H{height * oversampling}", "-D", "-GA", "-A", "+FN8", background, f"+WT{len(os.sched_getaffinity(0))}"]
     command += [f"Declare={name}={value}" for name, value in declared.items()]
     result = subprocess.run(command, cwd=WORK, capture_output=True, text=True)
     if result.returncode:

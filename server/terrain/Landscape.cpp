@@ -10,7 +10,10 @@ namespace {
 constexpr double kReach = 20;
 constexpr double kAreaSize = kAreaEdge;
 
-enum class Character { Hamlet, Glade, Summit, Crossroads };
+// Gives the summit of the arrival island a foot.
+constexpr PlanOffset kNorthCape = {-34, 40};
+
+enum class Character { Hamlet, Farm, Glade, Summit, Crossroads };
 
 bool ReachesArea(Spot low, Spot high, double radius) {
   const double reach = radius + kReach;
@@ -30,6 +33,8 @@ double DistanceToLine(Spot point, Spot from, Spot to) {
   const double part = std::clamp(along, 0.0, 1.0);
   return Distance(point, {from.x + part * line.x, from.y + part * line.y});
 }
+
+double Landscape::Mood::GetStrength(Spot spot) const { return std::max(0.0, 1 - Distance(spot, middle) / radius); }
 
 struct Landscape::Region {
   std::uint32_t rx = 0;
@@ -79,13 +84,15 @@ Landscape::Region Landscape::RegionAt(int stepX, int stepY) const {
   };
   region.middle = {middleOf(stepX, mArea.mByAx, 1), middleOf(stepY, mArea.mByAy, 2)};
   const double size = ChanceOf(MixBits(region.hash + 3));
-  region.radius = region.isHome ? 66 : 26 + 44 * size * (2 - size);
+  region.radius = region.isHome ? 60 : 22 + 36 * size * (2 - size);
   const double chance = ChanceOf(MixBits(region.hash + 4));
-  if (chance < 0.3 && region.radius > 36) {
+  if (chance < 0.25 && region.radius > 36) {
     region.character = Character::Hamlet;
-  } else if (chance < 0.55) {
+  } else if (chance < 0.45 && region.radius > 40) {
+    region.character = Character::Farm;
+  } else if (chance < 0.65) {
     region.character = Character::Glade;
-  } else if (chance < 0.75 && region.radius > 40) {
+  } else if (chance < 0.85 && region.radius > 36) {
     region.character = Character::Summit;
   }
   return region;
@@ -98,11 +105,21 @@ void Landscape::AddRegion(const Region& region) {
     AddHome(region);
     return;
   }
+  AddCapes(region);
   switch (region.character) {
     case Character::Hamlet:
       mMoods.push_back({region.middle, 34, -1.2, -0.9});
       AddSite(GetHamletPlan(), region.middle);
       break;
+    case Character::Farm: {
+      const bool isFarSide = (region.hash & 1) != 0;
+      const Spot farm = Moved(region.middle, {isFarSide ? 18 : -18, (region.hash & 2) != 0 ? 14 : -14});
+      mMoods.push_back({farm, 30, -1.2, -0.9});
+      AddSite(GetFarmPlan(), farm);
+      AddSite(GetCrossroadsPlan(), region.middle);
+      AddRoad(region.middle, Moved(farm, {isFarSide ? -kFarmGate : kFarmGate, 0}));
+      break;
+    }
     case Character::Glade:
       mMoods.push_back({region.middle, 30, -0.6, 0.9});
       AddSite(GetGladePlan(), region.middle);
@@ -117,20 +134,36 @@ void Landscape::AddRegion(const Region& region) {
   }
 }
 
+// Two smaller islands that grow together with the great one.
+void Landscape::AddCapes(const Region& region) {
+  for (std::uint64_t salt = 10; salt < 12; ++salt) {
+    const std::uint64_t hash = MixBits(region.hash + salt);
+    const auto shift = [&](std::uint64_t bits) { return std::floor(region.radius * (1.7 * ChanceOf(bits) - 0.85)); };
+    const Spot middle = {region.middle.x + shift(MixBits(hash + 1)), region.middle.y + shift(MixBits(hash + 2))};
+    mIslands.push_back({middle, region.radius * (0.4 + 0.3 * ChanceOf(hash))});
+  }
+}
+
 void Landscape::AddHome(const Region& region) {
   const auto at = [&](PlanOffset offset) { return Moved(region.middle, offset); };
   AddSite(GetVillagePlan(), region.middle);
   AddSite(GetGladePlan(), at(kGlade));
   AddSite(GetSummitPlan(), at(kSummit));
   AddSite(GetHamletPlan(), at(kFarHamlet));
+  AddSite(GetHayMeadowPlan(), at(kHayMeadow));
+  AddSite(GetFarmPlan(), at(kFarm));
+  for (const PlanOffset& cape : {kGlade, kNorthCape, kFarHamlet, kHayMeadow, kFarm}) mIslands.push_back({at(cape), 23});
   mInlets.push_back({at({38, 0}), at({100, 8}), 19});
-  mMoods.push_back({region.middle, 50, -1.6, -1.1});
+  mMoods.push_back({region.middle, 42, -1.8, -1.0});
   mMoods.push_back({at(kFarHamlet), 30, -1.2, -0.8});
   mMoods.push_back({at(kGlade), 30, -0.8, 1.1});
-  mMoods.push_back({at(kSummit), 30, 2.4, 0.3});
-  mMoods.push_back({at({26, 46}), 26, -0.8, -0.8});
+  mMoods.push_back({at(kSummit), 27, 2.5, 0.3});
+  mMoods.push_back({at(kHayMeadow), 26, -1.0, -1.0});
+  mMoods.push_back({at(kFarm), 26, -1.4, -0.8});
   AddRoad(at(kVillageNorthWestGate), at(kGlade));
   AddRoad(at(kVillageNorthEastGate), at(kSummit));
+  AddRoad(at(kVillageSouthWestGate), at({kFarm.x + kFarmGate, kFarm.y}));
+  AddRoad(at(kVillageNorthEastGate), at(kHayMeadow));
   AddRoad(at(kVillageSouthWestGate), at({kFarHamlet.x - kHamletGate, kFarHamlet.y}));
 }
 

@@ -65,10 +65,10 @@ constexpr Sign kSigns[] = {
     {'R', Surface::Grass, Thing::Rocks},
     {'%', Surface::Sand, Thing::Pebbles},
     // Boards lead along x or along y.
-    {'-', Surface::Shallow, Thing::PierNorthWest},
-    {'|', Surface::Shallow, Thing::PierNorthEast},
-    {'u', Surface::Shallow, Thing::Boat},
-    {'U', Surface::Shallow, Thing::SailingBoat},
+    {'-', Surface::Open, Thing::PierNorthWest},
+    {'|', Surface::Open, Thing::PierNorthEast},
+    {'u', Surface::Open, Thing::Boat},
+    {'U', Surface::Open, Thing::SailingBoat},
     // A house's western corner field, and the rest of it.
     {'H', Surface::Grass},
     {'T', Surface::Grass},

@@ -7,8 +7,9 @@
 
 namespace tolva {
 
-// What a plan wants the ground of one field to be. Nature leaves it to the landscape.
-enum class Surface : std::uint8_t { Nature, Shallow, Sand, Grass, DryGrass, Flowers, Field, Path, Cobbles };
+// What a plan wants the ground of one field to be. Nature leaves field and growth to the landscape; Open leaves the
+// ground to it, but not what stands there.
+enum class Surface : std::uint8_t { Nature, Open, Shallow, Sand, Grass, DryGrass, Flowers, Field, Path, Cobbles };
 
 constexpr bool IsPaved(Surface surface) { return surface == Surface::Path || surface == Surface::Cobbles; }
 

@@ -33,9 +33,10 @@ class Vegetation {
  private:
   double GetWood(const Habitat& habitat, const Landscape& landscape) const;
   bool IsFirstOf(PlanePoint place, bool withDiagonals) const;
-  Thing PickTree(PlanePoint place) const;
-  Thing PickInWood(PlanePoint place, double wood) const;
-  Thing PickOnGrass(PlanePoint place, double wood) const;
+  Thing PickTree(const Habitat& habitat, const Landscape& landscape) const;
+  Thing PickUnderTrees(PlanePoint place) const;
+  Thing PickOnGrass(PlanePoint place) const;
+  Thing PickOnRock(PlanePoint place) const;
   Thing PickOnSand(PlanePoint place, double inland) const;
   Thing PickInWater(PlanePoint place, double inland) const;
   double ChanceAt(PlanePoint place, std::uint64_t salt) const;
