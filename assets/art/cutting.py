@@ -52,7 +52,7 @@ def shadow_on_ground(render_of_it, fade):
     return darkness * np.clip(np.minimum(x + .5, width - x - .5) / fade, 0, 1)
 
 
-def cut_out_with_shadow(scene, size, fade=10, **declared):
+def cut_out_with_shadow(scene, size, fade=22, **declared):
     """Render a scene's object (Pass 0) and its shadow (Pass 1), and cut them out."""
     seen = render(scene, size, OVERSAMPLING, Pass=0, **declared)
     shade = render(scene, size, 1, background="-UA", Pass=1, **declared)

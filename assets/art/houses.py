@@ -33,6 +33,6 @@ def make(*wanted):
         if wanted and name not in wanted:
             continue
         size = ((width + depth) * TILE[0] // 2, HEIGHT)
-        whole = cut_out_with_shadow("houses", size, fade=14, Kind=SCENE_KINDS[name], LX=width, LZ=depth, Height=HEIGHT)
+        whole = cut_out_with_shadow("houses", size, Kind=SCENE_KINDS[name], LX=width, LZ=depth, Height=HEIGHT)
         for number, i, j in strips(name):
             write_picture(number, *(cut_strip(part, i, j, width, depth) for part in whole))

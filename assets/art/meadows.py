@@ -96,10 +96,10 @@ def paint_forest_floor(variant):
 def draw_leaves(brush, leaves):
     """Fallen leaves, each with its shadow: rows of (u, v, size, angle, colour)."""
     for x, y, (_, _, size, angle, colour) in placed(leaves):
-        length, angle = .9 + 1.2 * size, angle * 2 * np.pi
+        length, angle = .7 + 1.0 * size, angle * 2 * np.pi
         along = np.array((np.cos(angle), np.sin(angle) * .47)) * length
         across = np.array((-np.sin(angle), np.cos(angle) * .47)) * length * .5
-        for shift, brightness in (((.3, .4), .55), ((0, 0), .92 + .25 * size)):
+        for shift, brightness in (((.3, .4), .55), ((0, 0), .84 + .25 * size)):
             middle = np.array((x, y)) + shift
             brush.polygon([middle - along, middle + across, middle + along, middle - across],
                           tone(FALLEN[int(colour * len(FALLEN))], brightness))

@@ -29,8 +29,9 @@ def render(scene, size, oversampling, background="+UA", **declared):
     stage_scenes()
     raw = WORK / f"{scene}{''.join(str(value) for value in declared.values())}.png"
     width, height = size
+    threads = len(os.sched_getaffinity(0))
     command = ["nice", "povray", f"+I{scene}.pov", f"+O{raw.name}", f"+W{width * oversampling}",
-               f"+H{height * oversampling}", "-D", "-GA", "-A", "+FN8", background, f"+WT{len(os.sched_getaffinity(0))}"]
+               f"+H{height * oversampling}", "-D", "-GA", "-A", "+FN8", background, f"+WT{threads}"]
     command += [f"Declare={name}={value}" for name, value in declared.items()]
     result = subprocess.run(command, cwd=WORK, capture_output=True, text=True)
     if result.returncode:

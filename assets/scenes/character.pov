@@ -5,7 +5,9 @@
 #ifndef (Direction) #declare Direction = 4; #end
 
 // ---- clothes -------------------------------------------------------------------------------
-#declare Skin = texture { pigment { C8(238, 184, 144) } finish { ambient 0 diffuse .85, .1 specular .08 roughness .08 } }
+#declare Skin = texture {
+  pigment { C8(238, 184, 144) } finish { ambient 0 diffuse .85, .1 specular .08 roughness .08 }
+}
 #macro Cloth(R, G, B)
   texture { pigment { C8(R, G, B) } normal { bumps .12 scale .03 } finish { ambient 0 diffuse .88 } }
 #end
@@ -23,12 +25,12 @@
 // ---- the walk ------------------------------------------------------------------------------
 // A field takes four frames. To the four corners it is longer by half, so legs swing wider; a swing that did not let
 // the feet slide at all would look like running.
-#declare Stride = (mod(Direction, 2) = 0 ? 35 : 29);         // degrees a leg swings to either side
+#declare Stride = (mod(Direction, 2) = 0 ? 33 : 28);         // degrees a leg swings to either side
 #declare HeadScale = 1.24;                       // larger than life, or no face is left
 #declare BodyScale = .90;
 #declare Phase = 2*pi*Frame/5;
 #macro HipAngle(P) (Stride*sin(P)) #end
-#macro KneeAngle(P) (4 + Stride*1.7*pow(max(0, cos(P + .35)), 1.6)) #end
+#macro KneeAngle(P) (4 + Stride*1.4*pow(max(0, cos(P + .35)), 1.6)) #end
 // Down, swung forward (+z) by an angle.
 #macro Swung(A) <0, -cos(radians(A)), sin(radians(A))> #end
 
@@ -73,18 +75,18 @@
   sphere { 0, 1 scale <.048, .060, .052> translate W + Swung(Angle + Elbow)*.045 texture { Skin } }
 #end
 
-#declare Eye = sphere { 0, 1 scale <.019, .026, .016> pigment { C8(34, 26, 24) } finish { ambient 0 diffuse .6 } }
+#declare Eye = sphere { 0, 1 scale <.017, .024, .014> pigment { C8(34, 26, 24) } finish { ambient 0 diffuse .6 } }
 #declare Head = union {
   sphere { 0, 1 scale <.098, .122, .108> texture { Skin } }
   sphere { <0, -.05, .035>, .074 texture { Skin } }
   sphere { <0, -.018, .112>, .022 texture { Skin } }
   sphere { <.098, -.01, 0>, .026 texture { Skin } }
   sphere { <-.098, -.01, 0>, .026 texture { Skin } }
-  object { Eye translate <.040, .018, .094> }
-  object { Eye translate <-.040, .018, .094> }
+  object { Eye translate <.042, .020, .087> }
+  object { Eye translate <-.042, .020, .087> }
   difference {
     sphere { 0, 1 scale <.118, .136, .124> translate <0, .022, -.012> }
-    plane { y, 0 rotate x*-28 translate <0, .035, .03> }
+    plane { y, 0 rotate x*-32 translate <0, .058, .03> }
     texture { Hair }
   }
   sphere { 0, 1 scale <.110, .10, .075> translate <0, -.01, -.062> texture { Hair } }
@@ -105,7 +107,7 @@
   Segment(<.03, .43, -.10>, .034, <.05, .27, -.165>, .026)
   cylinder { <0, .025, 0>, <0, .075, 0>, .174 scale <1, 1, .80> texture { Strap } }
   box { <-.03, .02, .125>, <.03, .08, .148> pigment { C8(226, 190, 96) } finish { ambient 0 diffuse .7 specular .6 } }
-  torus { .225, .020 rotate x*90 scale <1, 1.15, .78> rotate y*90 rotate z*34 translate <.0, .21, 0> texture { Strap } }
+  torus { .225, .020 rotate x*90 scale <.70, 1.15, 1> rotate y*90 rotate z*34 translate <.0, .21, 0> texture { Strap } }
   union {                                        // a satchel
     superellipsoid { <.35, .35> scale <.045, .085, .105> translate <.205, -.01, -.03> }
     texture { Strap }
