@@ -168,6 +168,7 @@ class Client:
         self.quit_button, self.options_button = (width - 47, 57), (width - 47, 83)
         self.enter_game_button = width - 130, 57
         self.corner = 0, 0, 60, 60
+        self.middle = width // 2 - 60, height // 2 - 30, width // 2 + 60, height // 2 + 30
         # Where a line stands that the player's own character says.
         self.over_head = width // 2 - 150, height // 2 - 95, width // 2 + 150, height // 2 - 80
         self.world_input = 20, height - 31, width, height - 11
@@ -305,9 +306,10 @@ class Client:
             self.key("Return")
 
     def enter_world(self):
-        """From the lobby, until the map begins to synchronise; the picture of that leaves the corners black."""
+        """From the lobby, until the map begins to synchronise: there is a picture of that in the middle of the black."""
         self.click(*self.enter_game_button)
-        self.wait("the progress shows", lambda: not self.grab(self.corner).getbbox())
+        self.wait("the progress shows",
+                  lambda: self.grab(self.middle).getbbox() and not self.grab(self.corner).getbbox())
 
     def wait_world(self):
         """Until the synchronisation is over."""
