@@ -168,6 +168,7 @@ class Client:
         self.quit_button, self.options_button = (width - 47, 57), (width - 47, 83)
         self.enter_game_button = width - 130, 57
         self.bottom = 0, height - 30, width, height
+        self.history = 0, height - 54, width - 20, height - 36
         # Where a line stands that the player's own character says.
         self.over_head = width // 2 - 150, height // 2 - 95, width // 2 + 150, height // 2 - 80
         self.world_input = 20, height - 31, width, height - 11
