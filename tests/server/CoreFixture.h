@@ -3,8 +3,6 @@
 #include <list>
 #include <memory>
 #include <sstream>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
