@@ -59,13 +59,11 @@ struct Landscape::Region {
 
 Landscape::Landscape(std::uint64_t seed, const AreaPosition& area)
     : mSeed(MixBits(seed)), mArea(area), mFirstField(FirstFieldOf(area)), mBend(mSeed + 1, 48, 2) {
-  // An island stays within its own region and the next; so does a road between two.
+  // Islands, and roads from one to the next, stay within their own regions and those beside them.
   for (int x = -1; x <= 1; ++x) {
-    for (int y = -1; y <= 1; ++y) AddRegion(RegionAt(x, y));
-  }
-  for (int x = -2; x <= 1; ++x) {
-    for (int y = -2; y <= 1; ++y) {
+    for (int y = -1; y <= 1; ++y) {
       const Region region = RegionAt(x, y);
+      AddRegion(region);
       AddLink(region, RegionAt(x + 1, y), true);
       AddLink(region, RegionAt(x, y + 1), false);
     }
