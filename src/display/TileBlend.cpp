@@ -153,7 +153,7 @@ void BlendLine(SDL_Surface& tile, const SDL_Surface& picture, const Mixer& mixer
   int y = line.y1;
   for (int i = 0, x = line.x1; i < length; ++i, x += xStep) {
     if (isAllInside || isInside(x, y)) {
-      const std::ptrdiff_t at = std::ptrdiff_t{y} * tile.pitch + x * kBytes;
+      const std::ptrdiff_t at = std::ptrdiff_t{y} * tile.pitch + std::ptrdiff_t{x} * kBytes;
       Uint8* to = static_cast<Uint8*>(tile.pixels) + at;
       const Uint8* from = static_cast<const Uint8*>(picture.pixels) + at;
       Store<kBytes>(to, mixer(Load<kBytes>(to), Load<kBytes>(from), own));
