@@ -75,6 +75,15 @@ TEST_F(WidgetsTest, KeysEditTheTextOfAnInputBox) {
   }
 }
 
+TEST_F(WidgetsTest, ATextWiderThanItsBoxMovesWithTheCursor) {
+  InputBox box(0, 0, 40, 20, 255, 255, 255, 99, "a rather long line of text", &mLog);
+  box.SetActive(true);
+  for (const auto& [keys, isAtEnd] : {std::pair{"", false}, {"E", true}, {"L", true}, {"H", false}, {"E\b", true}}) {
+    Press(box, keys);
+    EXPECT_EQ(box.GetSourceX(), isAtEnd ? box.GetTextWidth() - 40 : 0) << keys;
+  }
+}
+
 TEST_F(WidgetsTest, AnInputBoxShowsItsCursorOnlyWhileActiveAndHidesPasswords) {
   InputBox box(0, 0, 800, 20, 255, 255, 255, 9, "   ", &mLog);
   const int x = box.GetTextWidth() - 1;
