@@ -264,7 +264,7 @@ Thing Painting::NaturalThingAt(int x, int y) {
   const Vegetation::Habitat habitat = HabitatOf(x, y);
   if (!tile.IsPiece()) return mVegetation.GetThing(habitat, tile.kind, mLandscape);
   const bool isPathRim = tile.first == static_cast<std::uint32_t>(Transition::GrassPath);
-  return isPathRim || tile.isWater ? Thing::None : mVegetation.GetThingOnRim(habitat.place, tile.upper);
+  return isPathRim || tile.isWater ? Thing::None : mVegetation.GetThingOnRim(habitat, tile.upper);
 }
 
 std::uint32_t Painting::PlaceThing(int x, int y, bool& isBlocked) {

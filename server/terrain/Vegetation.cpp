@@ -6,6 +6,8 @@ namespace tolva {
 namespace {
 
 constexpr double kWoodBegins = 0.24;
+// How far from the coast the last palms stand: none by ponds.
+constexpr double kPalmsEnd = 13;
 
 }  // namespace
 
@@ -82,11 +84,13 @@ Thing Vegetation::GetThing(const Habitat& habitat, Ground ground, const Landscap
   return PickOnGrass(place);
 }
 
-Thing Vegetation::GetThingOnRim(PlanePoint place, Level upper) const {
+Thing Vegetation::GetThingOnRim(const Habitat& habitat, Level upper) const {
+  const PlanePoint place = habitat.place;
   const double chance = ChanceAt(place, 3);
   if (upper == Level::Sand) return chance < 0.04 ? Thing::Pebbles : Thing::None;
   if (upper == Level::Grass) {
     if (!IsFirstOf(place, true)) return chance < 0.1 ? Thing::Tuft : Thing::None;
+    if (habitat.inland > kPalmsEnd) return chance < 0.3 ? Thing::Bush : Thing::None;
     return mThickets.At(place) > 0.2 ? Thing::Palm : Thing::None;
   }
   if (!IsFirstOf(place, true)) return Thing::None;
@@ -144,7 +148,7 @@ Thing Vegetation::PickOnRock(PlanePoint place) const {
 Thing Vegetation::PickOnSand(PlanePoint place, double inland) const {
   const double chance = ChanceAt(place, 3);
   const double thicket = mThickets.At(place);
-  if (IsFirstOf(place, true) && inland > 1 && thicket > -0.1 && chance < 0.7) return Thing::Palm;
+  if (IsFirstOf(place, true) && inland > 1 && inland < kPalmsEnd && thicket > -0.1 && chance < 0.7) return Thing::Palm;
   if (chance < 0.02) return Thing::Rocks;
   return thicket < -0.3 && chance < 0.12 ? Thing::Pebbles : Thing::None;
 }
