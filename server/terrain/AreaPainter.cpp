@@ -122,7 +122,9 @@ class Painting {
     bool IsPlainGrass() const { return first == static_cast<std::uint32_t>(Ground::Grass); }
   };
 
-  Tile& At(int x, int y) { return mTiles[static_cast<std::size_t>((x + kPieceMargin) * kSide + y + kPieceMargin)]; }
+  Tile& At(int x, int y) {
+    return mTiles[static_cast<std::size_t>(x + kPieceMargin) * kSide + static_cast<std::size_t>(y + kPieceMargin)];
+  }
   bool IsPaved(int x, int y) const;
   bool HasCobblesBy(int x, int y) const;
   Tile MakeTile(int x, int y) const;
@@ -258,11 +260,11 @@ std::uint32_t Painting::PictureAt(int x, int y) {
 
 Thing Painting::NaturalThingAt(int x, int y) {
   const Tile& tile = At(x, y);
+  if (tile.onRoad) return Thing::None;
   const Vegetation::Habitat habitat = HabitatOf(x, y);
   if (!tile.IsPiece()) return mVegetation.GetThing(habitat, tile.kind, mLandscape);
-  if (tile.onRoad) return Thing::None;
   const bool isPathRim = tile.first == static_cast<std::uint32_t>(Transition::GrassPath);
-  return isPathRim || tile.isWater ? Thing::None : mVegetation.GetThingOnRim(habitat.place, tile.upper);
+  return isPathRim || tile.isWater ? Thing::None : mVegetation.GetThingOnRim(habitat, tile.upper);
 }
 
 std::uint32_t Painting::PlaceThing(int x, int y, bool& isBlocked) {
@@ -275,6 +277,8 @@ std::uint32_t Painting::PlaceThing(int x, int y, bool& isBlocked) {
   }
   Thing thing = planned.thing;
   if (planned.surface == Surface::Nature) thing = NaturalThingAt(x, y);
+  const bool isWorn = tile.first == static_cast<std::uint32_t>(Transition::GrassPath);
+  if (isWorn && IsPassable(thing)) thing = Thing::None;  // grows under nobody's feet
   isBlocked = (tile.isWater && !IsPier(thing)) || !IsPassable(thing);
   return static_cast<std::uint32_t>(thing);
 }

@@ -9,6 +9,7 @@ namespace {
 // As far as anything composed reaches into an area: what is farther from it is left out.
 constexpr double kReach = 20;
 constexpr double kAreaSize = kAreaEdge;
+constexpr double kRegionSize = kRegionFields;
 
 // Gives the summit of the arrival island a foot.
 constexpr PlanOffset kNorthCape = {-34, 40};
@@ -78,17 +79,17 @@ Landscape::Region Landscape::RegionAt(int stepX, int stepY) const {
   region.isHome = region.rx == kHomeRegion && region.ry == kHomeRegion;
   const auto middleOf = [&](int step, std::uint8_t areaNumber, std::uint64_t salt) {
     const double jitter = region.isHome ? 0 : std::floor(80 * ChanceOf(MixBits(region.hash + salt)) - 40);
-    return step * kRegionFields + kRegionFields / 2 - areaNumber * kAreaSize + jitter;
+    return (step + 0.5) * kRegionSize - areaNumber * kAreaSize + jitter;
   };
   region.middle = {middleOf(stepX, mArea.mByAx, 1), middleOf(stepY, mArea.mByAy, 2)};
   const double size = ChanceOf(MixBits(region.hash + 3));
-  region.radius = region.isHome ? 60 : 22 + 36 * size * (2 - size);
+  region.radius = region.isHome ? 60 : 20 + 44 * size;
   const double chance = ChanceOf(MixBits(region.hash + 4));
-  if (chance < 0.25 && region.radius > 36) {
+  if (chance < 0.3 && region.radius > 34) {
     region.character = Character::Hamlet;
-  } else if (chance < 0.45 && region.radius > 40) {
+  } else if (chance < 0.5 && region.radius > 38) {
     region.character = Character::Farm;
-  } else if (chance < 0.65) {
+  } else if (chance < 0.7) {
     region.character = Character::Glade;
   } else if (chance < 0.85 && region.radius > 36) {
     region.character = Character::Summit;
@@ -106,7 +107,7 @@ void Landscape::AddRegion(const Region& region) {
   AddCapes(region);
   switch (region.character) {
     case Character::Hamlet:
-      mMoods.push_back({region.middle, 34, -1.2, -0.9});
+      mMoods.push_back({region.middle, 30, -1.2, -0.7});
       AddSite(GetHamletPlan(), region.middle);
       break;
     case Character::Farm: {
@@ -152,8 +153,8 @@ void Landscape::AddHome(const Region& region) {
   AddSite(GetFarmPlan(), at(kFarm));
   for (const PlanOffset& cape : {kGlade, kNorthCape, kFarHamlet, kHayMeadow, kFarm}) mIslands.push_back({at(cape), 23});
   mInlets.push_back({at({38, 0}), at({100, 8}), 19});
-  mMoods.push_back({region.middle, 42, -1.8, -1.0});
-  mMoods.push_back({at(kFarHamlet), 30, -1.2, -0.8});
+  mMoods.push_back({region.middle, 42, -1.8, -0.9});
+  mMoods.push_back({at(kFarHamlet), 28, -1.2, -0.6});
   mMoods.push_back({at(kGlade), 30, -0.8, 1.1});
   mMoods.push_back({at(kSummit), 27, 2.5, 0.3});
   mMoods.push_back({at(kHayMeadow), 26, -1.0, -1.0});

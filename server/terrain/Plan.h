@@ -39,7 +39,10 @@ class Plan {
   const Cell& At(int x, int y) const;
 
  private:
-  Cell& CellAt(int column, int row) { return mCells[static_cast<std::size_t>(row * mWidth + column)]; }
+  std::size_t IndexOf(int column, int row) const {
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(mWidth) + static_cast<std::size_t>(column);
+  }
+  Cell& CellAt(int column, int row) { return mCells[IndexOf(column, row)]; }
   void Build(const House& house, int column, int row);
 
   int mOriginX;

@@ -5,7 +5,9 @@
 namespace tolva {
 namespace {
 
-constexpr double kWoodBegins = 0.3;
+constexpr double kWoodBegins = 0.24;
+// How far from the coast the last palms stand: none by ponds.
+constexpr double kPalmsEnd = 13;
 
 }  // namespace
 
@@ -71,8 +73,8 @@ Thing Vegetation::GetThing(const Habitat& habitat, Ground ground, const Landscap
     return isTree ? PickTree(habitat, landscape) : PickUnderTrees(place);
   }
   if (ground == Ground::Grass && IsFirstOf(place, true)) {
-    const bool isCopse = mThickets.At(place) + 0.5 * mMeadows.At(place) > 0.5;
-    if (ChanceAt(place, 7) < (isCopse ? 0.8 : wood > 0 ? 0.3 : 0.06)) return PickTree(habitat, landscape);
+    const bool isCopse = mThickets.At(place) + 0.5 * mMeadows.At(place) > 0.38;
+    if (ChanceAt(place, 7) < (isCopse ? 0.8 : wood > 0 ? 0.35 : 0.1)) return PickTree(habitat, landscape);
   }
   if (ground == Ground::Flowers) {
     const double chance = ChanceAt(place, 3);
@@ -82,15 +84,17 @@ Thing Vegetation::GetThing(const Habitat& habitat, Ground ground, const Landscap
   return PickOnGrass(place);
 }
 
-Thing Vegetation::GetThingOnRim(PlanePoint place, Level upper) const {
+Thing Vegetation::GetThingOnRim(const Habitat& habitat, Level upper) const {
+  const PlanePoint place = habitat.place;
   const double chance = ChanceAt(place, 3);
   if (upper == Level::Sand) return chance < 0.04 ? Thing::Pebbles : Thing::None;
   if (upper == Level::Grass) {
     if (!IsFirstOf(place, true)) return chance < 0.1 ? Thing::Tuft : Thing::None;
+    if (habitat.inland > kPalmsEnd) return chance < 0.3 ? Thing::Bush : Thing::None;
     return mThickets.At(place) > 0.2 ? Thing::Palm : Thing::None;
   }
   if (!IsFirstOf(place, true)) return Thing::None;
-  return chance < 0.3 ? Thing::Rocks : chance < 0.4 ? Thing::Boulder : Thing::None;
+  return chance < 0.4 ? Thing::Rocks : chance < 0.55 ? Thing::Boulder : Thing::None;
 }
 
 Thing Vegetation::PickTree(const Habitat& habitat, const Landscape& landscape) const {
@@ -132,8 +136,8 @@ Thing Vegetation::PickOnGrass(PlanePoint place) const {
 Thing Vegetation::PickOnRock(PlanePoint place) const {
   const double chance = ChanceAt(place, 3);
   const double thicket = mThickets.At(place);
-  if (thicket > 0.15 && IsFirstOf(place, false)) return chance < 0.45 ? Thing::Boulder : Thing::Rocks;
-  if (thicket < -0.1 && IsFirstOf(place, true)) {
+  if (thicket > -0.05 && IsFirstOf(place, thicket < 0.25)) return chance < 0.45 ? Thing::Boulder : Thing::Rocks;
+  if (thicket < -0.05 && IsFirstOf(place, true)) {
     if (chance < 0.75) return chance < 0.35 ? Thing::Pine : Thing::YoungPine;
     return chance < 0.85 ? Thing::DeadTree : Thing::None;
   }
@@ -144,7 +148,7 @@ Thing Vegetation::PickOnRock(PlanePoint place) const {
 Thing Vegetation::PickOnSand(PlanePoint place, double inland) const {
   const double chance = ChanceAt(place, 3);
   const double thicket = mThickets.At(place);
-  if (IsFirstOf(place, true) && inland > 1 && thicket > -0.1 && chance < 0.7) return Thing::Palm;
+  if (IsFirstOf(place, true) && inland > 1 && inland < kPalmsEnd && thicket > -0.1 && chance < 0.7) return Thing::Palm;
   if (chance < 0.02) return Thing::Rocks;
   return thicket < -0.3 && chance < 0.12 ? Thing::Pebbles : Thing::None;
 }

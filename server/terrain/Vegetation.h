@@ -27,8 +27,8 @@ class Vegetation {
   Ground GetGround(const Habitat& habitat, const Landscape& landscape) const;
   // What stands there; `ground` is the ground of the field.
   Thing GetThing(const Habitat& habitat, Ground ground, const Landscape& landscape) const;
-  // What stands on a field between the given level and the one below it, on the rim of another ground.
-  Thing GetThingOnRim(PlanePoint place, Level upper) const;
+  // What stands on a field between two levels, of which `upper` is the higher.
+  Thing GetThingOnRim(const Habitat& habitat, Level upper) const;
 
  private:
   double GetWood(const Habitat& habitat, const Landscape& landscape) const;
