@@ -1,7 +1,9 @@
 #include "server/ChatCommands.h"
 
+#include <algorithm>
+
 #include "server/ChatText.h"
-#include "server/Place.h"
+#include "server/Realm.h"
 #include "server/Session.h"
 
 namespace tolva {
@@ -9,6 +11,18 @@ namespace {
 
 constexpr std::size_t kLongestAnswer = 900;
 constexpr std::size_t kEchoedAtMost = 20;
+
+// In as many lines as it takes.
+void TellNames(Session& session, std::string answer, const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
+    if (answer.size() > kLongestAnswer) {
+      session.Tell(answer);
+      answer = "...";
+    }
+    answer += ' ' + name + (&name == &names.back() ? "" : ",");
+  }
+  session.Tell(answer);
+}
 
 }  // namespace
 
@@ -20,7 +34,7 @@ struct ChatCommands::Command {
 
 const ChatCommands::Command ChatCommands::kCommands[] = {
     {"/help", "/help lists the commands", &ChatCommands::Help},
-    {"/who", "/who names everybody who is here", &ChatCommands::Who},
+    {"/who", "/who names everybody who is here, and who of them is in the world", &ChatCommands::Who},
     {"/me", "/me waves tells all that you wave", &ChatCommands::Me},
 };
 
@@ -40,15 +54,12 @@ void ChatCommands::Help(Session& session, const std::string&, TimePoint) const {
 
 void ChatCommands::Who(Session& session, const std::string&, TimePoint) const {
   const auto names = mReception.GetNames();
-  std::string answer = std::to_string(names.size()) + (names.size() == 1 ? " player is here:" : " players are here:");
-  for (const std::string& name : names) {
-    if (answer.size() > kLongestAnswer) {
-      session.Tell(answer);
-      answer = "...";
-    }
-    answer += ' ' + name + (&name == &names.back() ? "" : ",");
-  }
-  session.Tell(answer);
+  TellNames(session, std::to_string(names.size()) + (names.size() == 1 ? " player is here:" : " players are here:"),
+            names);
+  auto inWorld = mRealm.GetPlayerNames();
+  std::sort(inWorld.begin(), inWorld.end(),
+            [](const std::string& left, const std::string& right) { return FoldCase(left) < FoldCase(right); });
+  if (!inWorld.empty()) TellNames(session, "In the world:", inWorld);
 }
 
 void ChatCommands::Me(Session& session, const std::string& rest, TimePoint now) const {

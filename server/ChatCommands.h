@@ -7,13 +7,14 @@
 
 namespace tolva {
 
+class Realm;
 class Session;
 
 // The lines that begin with a slash.
 class ChatCommands {
  public:
-  // `reception` must outlive the commands.
-  explicit ChatCommands(const Reception& reception) : mReception(reception) {}
+  // Both must outlive the commands.
+  ChatCommands(const Reception& reception, const Realm& realm) : mReception(reception), mRealm(realm) {}
 
   static bool IsCommand(const std::string& line) { return line.starts_with('/'); }
   // Carries out a command line of a logged-in session. What it answers, that session alone sees.
@@ -28,6 +29,7 @@ class ChatCommands {
   void Me(Session& session, const std::string& rest, TimePoint now) const;
 
   const Reception& mReception;
+  const Realm& mRealm;
 };
 
 }  // namespace tolva

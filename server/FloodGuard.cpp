@@ -15,4 +15,12 @@ bool FloodGuard::Allow(TimePoint now) {
   return true;
 }
 
+bool FloodGuard::HasRoomFor(std::size_t count, TimePoint now) const {
+  if (mPassed.size() + count <= mLimit) return true;
+  if (count > mLimit) return false;
+  // The newest of those that would have to make room.
+  const std::size_t last = mPassed.size() + count - mLimit - 1;
+  return now - mPassed[(mNext + last) % mLimit] >= mWindow;
+}
+
 }  // namespace tolva

@@ -14,6 +14,8 @@ class FloodGuard {
 
   // Whether one more event may pass now. One that may not does not count.
   bool Allow(TimePoint now);
+  // Whether so many more, at least 1, may pass now.
+  bool HasRoomFor(std::size_t count, TimePoint now) const;
 
  private:
   // When the last events passed: a ring as long as the limit, `mNext` being the oldest once it is full.

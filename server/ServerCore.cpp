@@ -30,14 +30,23 @@ PacketServerInfo MakeServerInfo() {
   return info;
 }
 
+// The noon before the hour of the day at which the server begins.
+TimePoint FindNoon(const ServerOptions& options, TimePoint now) {
+  constexpr int kNoon = 12;
+  constexpr int kHours = 24;
+  const int hoursSinceNoon = (options.startHour + kHours - kNoon) % kHours;
+  return now - Duration(std::chrono::minutes(options.dayMinutes)) * hoursSinceNoon / kHours;
+}
+
 }  // namespace
 
 ServerCore::ServerCore(const ServerOptions& options, ServerLog& log, TimePoint now)
     : mLog(log),
       mStart(now),
-      mDayClock(now, std::chrono::minutes(options.dayMinutes)),
+      mDayClock(FindNoon(options, now), std::chrono::minutes(options.dayMinutes)),
       mReception(options.maxUsers),
-      mCommands(mReception) {}
+      mRealm(options.worldSeed, options.villagers, now),
+      mCommands(mReception, mRealm) {}
 
 void ServerCore::Connect(ClientId id, ClientLink& link, const std::string& address, TimePoint now) {
   MakeRoomForNewcomer(now);
@@ -72,8 +81,10 @@ void ServerCore::Tick(TimePoint now) {
   if (const std::uint8_t darkness = mDayClock.GetDarkness(now); darkness != mDarkness) {
     mDarkness = darkness;
     mLobby.SetDarkness(darkness);
+    mRealm.SetDarkness(darkness);
   }
   mLobby.Tick(now);
+  mRealm.Tick(now);
 }
 
 void ServerCore::Shutdown(TimePoint now) {
@@ -92,7 +103,7 @@ void ServerCore::Dispatch(Session& session, const Packet& packet, TimePoint now)
 
   if (const auto* chat = PacketCast<PacketChatMsg>(&packet)) return HandleChatLine(session, chat->mStrMsg, now);
   if (Is<PacketServerInfo>(packet)) return session.Send(MakeServerInfo());
-  if (Is<PacketEnterGameRequest>(packet)) return session.Tell("The way into the world is not open yet.");
+  if (Is<PacketEnterGameRequest>(packet)) return EnterGame(session, now);
   if (Is<PacketEnterChatRequest>(packet)) return Move(session, mLobby, now);
   session.GetPlace()->Handle(session, packet, now);
 }
@@ -132,11 +143,22 @@ void ServerCore::HandleChatLine(Session& session, const char* text, TimePoint no
   session.GetPlace()->Say(session, line, now);
 }
 
+void ServerCore::EnterGame(Session& session, TimePoint now) {
+  if (session.GetPlace() == &mRealm) return;
+  if (!mRealm.HasRoom()) return session.Tell("The village is full of people. Please try again later.");
+  Move(session, mRealm, now);
+}
+
 void ServerCore::Move(Session& session, Place& place, TimePoint now) {
   if (session.GetPlace() == &place) return;
   if (session.GetPlace() != nullptr) session.GetPlace()->Leave(session, now);
+  // Before the lobby is entered, which shows the number to whoever enters.
+  mLobby.SetUsersInGame(static_cast<std::uint32_t>(mRealm.GetPlayerCount()), now);
+  if (session.GetPlace() != nullptr)
+    Log(session, &place == &mRealm ? "entered the world" : "returned to the lobby", now);
   session.SetPlace(&place);
   place.Enter(session, now);
+  mLobby.SetUsersInGame(static_cast<std::uint32_t>(mRealm.GetPlayerCount()), now);
 }
 
 void ServerCore::CheckPatience(Session& session, TimePoint now) {
@@ -189,6 +211,7 @@ void ServerCore::RemoveGone(TimePoint now) {
     if (session.IsLoggedIn()) mReception.Release(session.GetName());
     entry = mSessions.erase(entry);
   }
+  mLobby.SetUsersInGame(static_cast<std::uint32_t>(mRealm.GetPlayerCount()), now);
 }
 
 }  // namespace tolva

@@ -9,6 +9,7 @@
 #include "server/ChatCommands.h"
 #include "server/DayClock.h"
 #include "server/Lobby.h"
+#include "server/Realm.h"
 #include "server/Reception.h"
 #include "server/ServerLog.h"
 #include "server/ServerOptions.h"
@@ -23,7 +24,7 @@ constexpr std::size_t kMaxWaitingClients = 64;
 // times passed in never go back.
 class ServerCore {
  public:
-  // The log must outlive the core. The first day begins at `now`.
+  // The log must outlive the core. At `now` it is the options' hour of the day.
   ServerCore(const ServerOptions& options, ServerLog& log, TimePoint now);
   ServerCore(const ServerCore&) = delete;
   ServerCore& operator=(const ServerCore&) = delete;
@@ -45,6 +46,7 @@ class ServerCore {
   void Dispatch(Session& session, const Packet& packet, TimePoint now);
   void HandleLogin(Session& session, const PacketLoginRequest& request, TimePoint now);
   void HandleChatLine(Session& session, const char* text, TimePoint now);
+  void EnterGame(Session& session, TimePoint now);
   void Move(Session& session, Place& place, TimePoint now);
 
   void CheckPatience(Session& session, TimePoint now);
@@ -60,6 +62,7 @@ class ServerCore {
   DayClock mDayClock;
   std::uint8_t mDarkness = kDarknessDay;
   Reception mReception;
+  Realm mRealm;
   ChatCommands mCommands;
   Lobby mLobby;
   std::map<ClientId, std::unique_ptr<Session>> mSessions;

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "protocol/VersionNumbers.h"
+#include "server/realm/Villagers.h"
 
 namespace tolva {
 namespace {
@@ -17,7 +18,8 @@ int Parse(CLI::App& app, int argc, char** argv, bool& goOn) {
 }  // namespace
 
 std::optional<int> ServerOptions::Read(int argc, char** argv) {
-  CLI::App app("The server of Tolva: lets clients of the same version log in and chat.", "tolva-server");
+  CLI::App app("The server of Tolva: lets clients of the same version log in, chat and walk in the world.",
+               "tolva-server");
   app.set_version_flag("--version", "tolva-server " + std::to_string(kVersionMajor) + '.' +
                                         std::to_string(kVersionMinor) + '.' + std::to_string(kVersionBugfix));
   app.add_option("--port", port, "TCP port to listen on; 0 picks a free one")->capture_default_str();
@@ -30,6 +32,12 @@ std::optional<int> ServerOptions::Read(int argc, char** argv) {
       ->capture_default_str();
   app.add_option("--day-minutes", dayMinutes, "length of a day in minutes")
       ->check(CLI::Range(1, 24 * 60))
+      ->capture_default_str();
+  app.add_option("--start-hour", startHour, "hour of the day to begin with: 12 is noon, from 18 on it gets dark")
+      ->check(CLI::Range(0, 23))
+      ->capture_default_str();
+  app.add_option("--villagers", villagers, "people who live in the village where players arrive")
+      ->check(CLI::Range(std::size_t{0}, kMostVillagers))
       ->capture_default_str();
   app.add_flag("--verbose", verbose, "log every packet too");
 

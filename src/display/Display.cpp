@@ -7,6 +7,7 @@
 #include "display/FormattedText.h"
 #include "display/PictureIds.h"
 #include "display/ScreenChat.h"
+#include "display/ScreenGame.h"
 #include "display/ScreenLogin.h"
 #include "display/ScreenStart.h"
 #include "foundation/Guard.h"
@@ -262,7 +263,7 @@ void Display::HandleScreenPacket(std::unique_ptr<Packet> packet) {
   if (PacketCast<PacketEnterChatAccept>(packet.get()) != nullptr) {
     EnterChat();
   } else if (PacketCast<PacketEnterGameAccept>(packet.get()) != nullptr) {
-    return;  // there is no game screen yet: the lobby stays
+    EnterGame();
   } else {
     mScreen->HandlePacket(packet.release());
   }
@@ -272,6 +273,11 @@ void Display::EnterChat() {
   ShowScreen<ScreenChat>("build the chat screen");
   // Without numbers it asks for the server's version.
   Send(mControllerMailbox, std::make_unique<PacketServerInfo>());
+}
+
+void Display::EnterGame() {
+  // The controller announces the world before it can have any news of the server.
+  if (mRepository != nullptr) ShowScreen<ScreenGame>("build the game screen", mRepository);
 }
 
 void Display::HandleEvents() {

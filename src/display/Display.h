@@ -69,6 +69,7 @@ class Display : public ManagerThread {
   void SendScreenPackets();
   void HandleScreenPacket(std::unique_ptr<Packet> packet);
   void EnterChat();
+  void EnterGame();
   void DrawFrame();
   void UpdateFps();
 

@@ -4,8 +4,8 @@
 
 namespace tolva {
 
-// The entries of the archive "Graphics" that the screens use, by meaning. Ground, volu and character pictures bear ids
-// that the server sends and have no names here.
+// The entries of the archive "Graphics" that the screens use, by meaning. Ground and volu pictures bear ids that the
+// server sends and have no names here.
 using PictureId = std::uint32_t;
 
 constexpr PictureId kNoPicture = 0;
@@ -13,7 +13,24 @@ constexpr PictureId kNoPicture = 0;
 constexpr PictureId kPictureWindowIcon = 5001;
 constexpr PictureId kPicturePointer = 5050;  // its top left corner is the point it shows
 
+// Buttons with two looks: released above pressed.
+constexpr PictureId kPictureHistoryBack = 5300;
+constexpr PictureId kPictureHistoryForward = 5301;
+constexpr PictureId kPictureHistoryEnlarge = 5302;
+constexpr PictureId kPictureHistoryShrink = 5303;
+constexpr PictureId kPictureHistoryTop = 5320;   // tiled along the panel's upper edge
+constexpr PictureId kPictureHistorySide = 5321;  // tiled down its upright lines
+
 constexpr PictureId kPictureTitle = 6101;
+
+constexpr PictureId kPictureBarLeft = 6401;
+constexpr PictureId kPictureBarTile = 6402;
+constexpr PictureId kPictureBarRight = 6403;
+constexpr PictureId kPictureStripLeft = 6411;  // the strips' frames are see-through in the middle
+constexpr PictureId kPictureStripTile = 6412;
+constexpr PictureId kPictureStripRight = 6413;
+constexpr PictureId kPictureProgressBar = 6500;
+constexpr PictureId kPictureProgressFrame = 6501;
 
 constexpr PictureId kPictureFrame = 6600;  // 32 by 32; all frames are cut from it
 constexpr PictureId kPictureDecrement = 6601;
@@ -34,5 +51,8 @@ constexpr PictureId kPicturePanel = 6613;
 constexpr PictureId kPictureIslandDay = 6700;
 constexpr PictureId kPictureIslandDusk = 6701;
 constexpr PictureId kPictureIslandNight = 6702;
+
+// All characters: a column for each walking frame, a row for each direction.
+constexpr PictureId kPictureCharacters = 50002;
 
 }  // namespace tolva

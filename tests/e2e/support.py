@@ -9,6 +9,7 @@ import contextlib
 import ctypes
 import os
 import re
+import shutil
 import signal
 import socket
 import struct
@@ -29,12 +30,12 @@ class Failure(Exception):
     pass
 
 
-def wait_until(what, condition):
+def wait_until(what, condition, seconds=PATIENCE):
     """Returns the first true value of condition(); raises Failure when there is none in time."""
-    deadline = time.monotonic() + PATIENCE
+    deadline = time.monotonic() + seconds
     while not (value := condition()):
         if time.monotonic() > deadline:
-            raise Failure(f"not within {PATIENCE} s: {what}")
+            raise Failure(f"not within {seconds} s: {what}")
         time.sleep(0.02)
     return value
 
@@ -77,11 +78,11 @@ class Xvfb:
 class Server:
     """The real server on a free port."""
 
-    def __init__(self, args, folder):
+    def __init__(self, args, folder, *options):
         folder.mkdir(parents=True, exist_ok=True)
         self.log_path = folder / "server.log"
         with open(self.log_path, "w") as log:
-            self.process = spawn([args.bin / "tolva-server", "--port", "0"], cwd=folder, stdout=log, stderr=log)
+            self.process = spawn([args.bin / "tolva-server", "--port", "0", *options], cwd=folder, stdout=log, stderr=log)
         self.port = int(self.wait_log(r"listening on \S*?:(\d+)").group(1))
 
     def wait_log(self, pattern):
@@ -123,7 +124,8 @@ class Client:
         self.environment = environment or {}
         self.process = None
         self.screen = Xvfb(args.display)
-        (folder / "area").mkdir(parents=True, exist_ok=True)
+        shutil.rmtree(folder / "area", ignore_errors=True)
+        (folder / "area").mkdir(parents=True)
         for archive in args.data.glob("*.cc?"):
             (folder / archive.name).unlink(missing_ok=True)
             (folder / archive.name).symlink_to(archive)
@@ -164,6 +166,12 @@ class Client:
         options_x, options_y = (width - 300) // 2, (height - 210) // 2
         self.options_window = options_x, options_y, options_x + 300, options_y + 210
         self.quit_button, self.options_button = (width - 47, 57), (width - 47, 83)
+        self.enter_game_button = width - 130, 57
+        self.bottom = 0, height - 30, width, height
+        self.history = 0, height - 54, width - 20, height - 36
+        # Where a line stands that the player's own character says.
+        self.over_head = width // 2 - 150, height // 2 - 95, width // 2 + 150, height // 2 - 80
+        self.world_input = 20, height - 31, width, height - 11
         self.point(width - 1, height - 1)
         self.wait("the start screen shows", lambda: self.grab().getbbox())
 
@@ -242,8 +250,10 @@ class Client:
 
     def wait_colour(self, what, region, colour):
         """Waits until some pixel of the region has about this colour (screens have fewer shades than we name)."""
-        self.wait(what, lambda: any(all(abs(a - b) <= 12 for a, b in zip(seen, colour))
-                                    for _, seen in self.grab(region).getcolors(1 << 20)))
+        self.wait(what, lambda: self.shows(region, colour))
+
+    def shows(self, region, colour):
+        return any(all(abs(a - b) <= 12 for a, b in zip(seen, colour)) for _, seen in self.grab(region).getcolors(1 << 20))
 
     def wait_answer(self):
         """Waits for the reason why a login failed: a longer text on the status line than that it is connecting."""
@@ -288,12 +298,25 @@ class Client:
     def wait_loss(self):
         self.wait_colour("the lobby says that the connection is lost", self.connection_label, (168, 36, 30))
 
-    def say(self, text):
-        """Types a chat line and waits until it has left the input line."""
-        with self.changing("the line shows while it is typed", self.input_box):
+    def say(self, text, input_box=None):
+        """Types a chat line and waits until it has left the input line: the lobby's, or the given one."""
+        with self.changing("the line shows while it is typed", input_box or self.input_box):
             self.type(text)
-        with self.changing("the input line is emptied", self.input_box):
+        with self.changing("the input line is emptied", input_box or self.input_box):
             self.key("Return")
+
+    def enter_world(self):
+        """From the lobby, until the map begins to synchronise: only the picture of that leaves the bottom black."""
+        self.click(*self.enter_game_button)
+        self.wait("the progress shows", lambda: not self.grab(self.bottom).getbbox())
+
+    def wait_world(self):
+        """Until the synchronisation is over."""
+        self.wait("the world shows", lambda: self.grab(self.bottom).getbbox())
+
+    def return_to_lobby(self):
+        self.key("Escape")
+        self.wait_lobby()
 
     def quit(self, seconds=QUIT_SECONDS):
         """By the lobby's button, or by Escape before."""
@@ -312,8 +335,8 @@ class Stage(contextlib.ExitStack):
         super().__init__()
         self.args = args
 
-    def server(self):
-        server = Server(self.args, self.args.out / "run-server")
+    def server(self, *options):
+        server = Server(self.args, self.args.out / "run-server", *options)
         self.callback(end, server.process)
         return server
 

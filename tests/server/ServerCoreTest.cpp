@@ -1,97 +1,12 @@
 #include <algorithm>
-#include <list>
-#include <memory>
-#include <sstream>
 
-#include <gtest/gtest.h>
-
-#include "protocol/PacketList.h"
+#include "CoreFixture.h"
 #include "server/ChatText.h"
-#include "server/ServerCore.h"
 
 namespace tolva::test {
 namespace {
 
-using namespace std::chrono_literals;
-using Names = std::vector<std::string>;
-
-// A client without a socket: keeps what it is sent.
-struct FakeClient final : ClientLink {
-  explicit FakeClient(ClientId number) : id(number) {}
-  void Send(const Packet& packet) override {
-    if (!isClosed) received.emplace_back(packet.Clone());
-  }
-  void CloseAfterSending() override { isClosed = true; }
-
-  template <typename T>
-  std::vector<const T*> All() const {
-    std::vector<const T*> found;
-    for (const auto& packet : received)
-      if (const T* typed = PacketCast<T>(packet.get())) found.push_back(typed);
-    return found;
-  }
-  template <typename T>
-  const T& Last() const {
-    static const T kNone;
-    const auto found = All<T>();
-    return found.empty() ? kNone : *found.back();
-  }
-  std::string LastLine() const {
-    return Last<PacketChatMsg>().mStrUser + std::string("|") + Last<PacketChatMsg>().mStrMsg;
-  }
-  std::string GetDenial() const { return Last<PacketLoginDeny>().mStrReason; }
-  Names GetList() const {
-    Names names;
-    for (const auto& name : Last<PacketChatUsers>().mStrUsers)
-      if (*name != '\0') names.emplace_back(name);
-    return names;
-  }
-
-  const ClientId id;
-  bool isClosed = false;
-  // Whether the client still answers to the time that passes.
-  bool isAlive = true;
-  std::vector<std::unique_ptr<Packet>> received;
-};
-
-// A server for 60 users with a clock that tests move.
-class ServerCoreTest : public ::testing::Test {
- protected:
-  FakeClient& Connect() {
-    FakeClient& client = mClients.emplace_back(mClients.size() + 1);
-    mCore.Connect(client.id, client, "127.0.0.1", mNow);
-    return client;
-  }
-  FakeClient& LogIn(const std::string& name, std::uint16_t bugfix = kVersionBugfix) {
-    FakeClient& client = Connect();
-    Request(client, name, bugfix);
-    return client;
-  }
-  void Request(FakeClient& client, const std::string& name, std::uint16_t bugfix = kVersionBugfix) {
-    PacketLoginRequest request;
-    CopyText(request.mStrLogin, name.c_str());
-    static_cast<VersionNumbers&>(request) = {kVersionMajor, kVersionMinor, bugfix};
-    Deliver(client, request);
-  }
-  void Say(FakeClient& client, const std::string& text) { Deliver(client, PacketChatMsg("ignored", text.c_str())); }
-  void Deliver(FakeClient& client, const Packet& packet) { mCore.Receive(client.id, packet, mNow); }
-  void Leave(FakeClient& client) { mCore.Disconnect(client.id, "test", mNow); }
-  void Pass(Duration time) {
-    const TimePoint end = mNow + time;
-    for (int tick = 0; mNow < end; ++tick) {
-      mNow += 100ms;
-      for (FakeClient& client : mClients)
-        if (client.isAlive && tick % 25 == 0) Deliver(client, PacketInternPing(7));
-      mCore.Tick(mNow);
-    }
-  }
-
-  TimePoint mNow{};
-  std::ostringstream mLogText;
-  ServerLog mLog{mLogText, LogDetail::Events};
-  ServerCore mCore{{.maxUsers = 60}, mLog, mNow};
-  std::list<FakeClient> mClients;
-};
+class ServerCoreTest : public CoreFixture {};
 
 TEST_F(ServerCoreTest, LoginBringsTheLobbyAndTheWelcome) {
   const FakeClient& anna = LogIn("Anna");
@@ -179,8 +94,6 @@ TEST_F(ServerCoreTest, CommandsAnswerTheOneWhoAsked) {
     Say(anna, line);
     EXPECT_EQ(anna.LastLine(), answer);
   }
-  Deliver(anna, PacketEnterGameRequest());
-  EXPECT_EQ(anna.LastLine(), "*** |The way into the world is not open yet.");
   EXPECT_TRUE(bert.received.empty());
   Say(anna, "/me  waves");
   EXPECT_EQ(bert.LastLine(), "Anna|* waves");

@@ -1,0 +1,72 @@
+#include "server/realm/CharacterIndex.h"
+
+#include <algorithm>
+
+namespace tolva {
+namespace {
+
+// About as far as people see. Squares fill the world evenly, also where it wraps around.
+constexpr std::uint64_t kSquareEdge = 32;
+constexpr std::uint64_t kSquaresAcross = kWorldEdge / kSquareEdge;
+static_assert(kWorldEdge % kSquareEdge == 0);
+
+}  // namespace
+
+void CharacterIndex::Add(WorldCharacter& character) {
+  mCharacters[character.id] = &character;
+  Enter(character);
+}
+
+void CharacterIndex::Remove(const WorldCharacter& character) {
+  Leave(character);
+  mCharacters.erase(character.id);
+}
+
+void CharacterIndex::Move(WorldCharacter& character, WorldPoint to) {
+  Leave(character);
+  character.point = to;
+  Enter(character);
+}
+
+const WorldCharacter* CharacterIndex::Find(CharacterId id) const {
+  const auto found = mCharacters.find(id);
+  return found == mCharacters.end() ? nullptr : found->second;
+}
+
+const WorldCharacter* CharacterIndex::FindAt(WorldPoint point) const {
+  const auto square = mSquares.find(SquareOf(point));
+  if (square == mSquares.end()) return nullptr;
+  const auto found = std::find_if(square->second.begin(), square->second.end(),
+                                  [&](const WorldCharacter* character) { return character->point == point; });
+  return found == square->second.end() ? nullptr : *found;
+}
+
+std::vector<WorldCharacter*> CharacterIndex::FindNear(WorldPoint point, std::uint64_t distance) const {
+  std::vector<WorldCharacter*> near;
+  const auto back = -static_cast<std::int64_t>(distance);
+  const WorldPoint corner = Moved(point, back, back);
+  const WorldPoint first = SquareOf(corner);
+  const std::uint64_t columns = (corner.x % kSquareEdge + 2 * distance) / kSquareEdge;
+  const std::uint64_t rows = (corner.y % kSquareEdge + 2 * distance) / kSquareEdge;
+  for (std::uint64_t i = 0; i <= columns; ++i) {
+    for (std::uint64_t j = 0; j <= rows; ++j) {
+      const auto square = mSquares.find({(first.x + i) % kSquaresAcross, (first.y + j) % kSquaresAcross});
+      if (square == mSquares.end()) continue;
+      std::copy_if(square->second.begin(), square->second.end(), std::back_inserter(near),
+                   [&](const WorldCharacter* character) { return Distance(point, character->point) <= distance; });
+    }
+  }
+  return near;
+}
+
+WorldPoint CharacterIndex::SquareOf(WorldPoint point) { return {point.x / kSquareEdge, point.y / kSquareEdge}; }
+
+void CharacterIndex::Enter(WorldCharacter& character) { mSquares[SquareOf(character.point)].push_back(&character); }
+
+void CharacterIndex::Leave(const WorldCharacter& character) {
+  const auto square = mSquares.find(SquareOf(character.point));
+  std::erase(square->second, &character);
+  if (square->second.empty()) mSquares.erase(square);
+}
+
+}  // namespace tolva

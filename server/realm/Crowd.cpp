@@ -1,0 +1,61 @@
+#include "server/realm/Crowd.h"
+
+#include <algorithm>
+
+#include "server/realm/CharacterView.h"
+#include "world/Steps.h"
+
+namespace tolva {
+
+void Crowd::Join(WorldCharacter& character, TimePoint now) {
+  character.id = ++mLastId;
+  mIndex.Add(character);
+  Notify(character, now);
+  if (character.view != nullptr) character.view->LookAround(now);
+}
+
+void Crowd::Leave(WorldCharacter& character, TimePoint now) {
+  mIndex.Remove(character);
+  Notify(character, now);
+}
+
+bool Crowd::Step(WorldCharacter& character, Direction direction, TimePoint now) {
+  if (!IsWay(character.point, direction)) return false;
+  const WorldPoint to = Next(character.point, direction);
+  if (IsTaken(to)) return false;
+  if (character.view != nullptr) character.view->ShowOwnStep(direction, now);
+  mIndex.Move(character, to);
+  Notify(character, now);
+  if (character.view != nullptr) character.view->LookAround(now);
+  return true;
+}
+
+bool Crowd::Say(WorldCharacter& speaker, const std::string& line, TimePoint now) {
+  // Whoever is too far into a din to hear himself would not be heard by those beside him either.
+  if (speaker.view != nullptr && !speaker.view->Hear(speaker, line, now)) return false;
+  for (const WorldCharacter* listener : mIndex.FindNear(speaker.point, kSight))
+    if (listener != &speaker && listener->view != nullptr) listener->view->Hear(speaker, line, now);
+  return true;
+}
+
+bool Crowd::IsWay(WorldPoint from, Direction direction) {
+  const auto isWalkable = [this](WorldPoint point) { return mWorld.IsWalkable(ToPosition(point)); };
+  if (!IsDirection(direction) || !isWalkable(Next(from, direction))) return false;
+  // Nobody squeezes through where two corners meet.
+  const auto step = StepIn(direction);
+  return step.x == 0 || step.y == 0 || isWalkable(Moved(from, step.x, 0)) || isWalkable(Moved(from, 0, step.y));
+}
+
+bool Crowd::IsPlayerNear(WorldPoint point, std::uint64_t distance) const {
+  const auto near = mIndex.FindNear(point, distance);
+  return std::any_of(near.begin(), near.end(), [](const WorldCharacter* other) { return other->view != nullptr; });
+}
+
+void Crowd::Notify(const WorldCharacter& character, TimePoint now) {
+  // One field more than people see: whoever it steps away from must know too. Who still shows it beyond that has it
+  // waiting anyway.
+  for (const WorldCharacter* viewer : mIndex.FindNear(character.point, kSight + 1))
+    if (viewer != &character && viewer->view != nullptr) viewer->view->Notice(character.id, now);
+}
+
+}  // namespace tolva

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+#include "server/realm/WorldPoint.h"
+
+namespace tolva {
+
+// Where players stood when they left the world, by name, until the server ends. Of very many names the oldest are
+// forgotten.
+class LastPlaces {
+ public:
+  void Remember(const std::string& name, WorldPoint point);
+  std::optional<WorldPoint> Find(const std::string& name) const;
+
+ private:
+  std::unordered_map<std::string, WorldPoint> mPlaces;
+  // In the order in which they first came.
+  std::deque<std::string> mNames;
+};
+
+}  // namespace tolva

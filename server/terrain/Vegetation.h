@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+
+#include "server/terrain/Landscape.h"
+#include "server/terrain/LatticeNoise.h"
+#include "server/terrain/TerrainLevels.h"
+#include "server/terrain/WorldPictures.h"
+
+namespace tolva {
+
+// What grows where nobody has built: woods, meadows and shores that change over dozens of fields, and within them trees
+// that keep their distance, thickets and clearings.
+class Vegetation {
+ public:
+  explicit Vegetation(std::uint64_t seed);
+
+  // A field that is no transition.
+  struct Habitat {
+    PlanePoint place;
+    Spot spot;
+    Level level;
+    double inland;
+  };
+
+  // The ground on a grass field: Grass itself or one of the soft kinds that lie inside it.
+  Ground GetGround(const Habitat& habitat, const Landscape& landscape) const;
+  // What stands there; `ground` is the ground of the field.
+  Thing GetThing(const Habitat& habitat, Ground ground, const Landscape& landscape) const;
+  // What stands on a field between the given level and the one below it, on the rim of another ground.
+  Thing GetThingOnRim(PlanePoint place, Level upper) const;
+
+ private:
+  double GetWood(const Habitat& habitat, const Landscape& landscape) const;
+  bool IsFirstOf(PlanePoint place, bool withDiagonals) const;
+  Thing PickTree(const Habitat& habitat, const Landscape& landscape) const;
+  Thing PickUnderTrees(PlanePoint place) const;
+  Thing PickOnGrass(PlanePoint place) const;
+  Thing PickOnRock(PlanePoint place) const;
+  Thing PickOnSand(PlanePoint place, double inland) const;
+  Thing PickInWater(PlanePoint place, double inland) const;
+  double ChanceAt(PlanePoint place, std::uint64_t salt) const;
+
+  std::uint64_t mSeed;
+  LatticeNoise mWoods;
+  LatticeNoise mKinds;
+  LatticeNoise mMeadows;
+  LatticeNoise mThickets;
+};
+
+}  // namespace tolva

@@ -1,0 +1,140 @@
+#include "display/GameDisplayRect.h"
+
+#include "controls/SdlCalls.h"
+#include "display/TileBlend.h"
+#include "foundation/Guard.h"
+#include "foundation/InfoHandler.h"
+#include "media/GameGraphics.h"
+#include "world/Repository.h"
+
+namespace tolva {
+namespace {
+
+constexpr char kModule[] = "GameDisplayRect";
+
+constexpr int kTileWidth = 76;
+constexpr int kTileHeight = 36;
+
+// One more than fits each way, because the outermost tiles lie half outside.
+constexpr int kRows = GameDisplayRect::kHeight / kTileHeight + 1;
+constexpr int kColumns = GameDisplayRect::kWidth / kTileWidth + 1;
+
+// What a field without a neighbour hands on: the walk goes on over the map's edge and finds nothing there.
+const Field* Next(const Field* field, Direction direction) {
+  return field == nullptr ? nullptr : field->GetNeighbor(direction);
+}
+
+// Grounds that differ only in these bits are variants of one.
+bool IsSameGround(const Field& a, const Field& b) { return a.GetGroundId() >> 4 == b.GetGroundId() >> 4; }
+
+// Holds a surface's pixels where SDL wants them held.
+class PixelLock {
+ public:
+  PixelLock(SDL_Surface* surface, const char* failure) : mSurface(SDL_MUSTLOCK(surface) ? surface : nullptr) {
+    if (mSurface != nullptr && SDL_LockSurface(mSurface) < 0) throw new Error("ScreenGame", failure);
+  }
+  ~PixelLock() {
+    if (mSurface != nullptr) SDL_UnlockSurface(mSurface);
+  }
+  PixelLock(const PixelLock&) = delete;
+  PixelLock& operator=(const PixelLock&) = delete;
+
+ private:
+  SDL_Surface* const mSurface;
+};
+
+// A missing picture leaves what was there.
+void LayOver(SDL_Surface* picture, SDL_Surface* target, int x, int y) {
+  if (picture != nullptr) CheckSdl(CopyWhole(picture, target, x, y), kModule, "RebuildGroundSurface");
+}
+
+}  // namespace
+
+GameDisplayRect::GameDisplayRect(GameGraphics* graphics, Repository* repository, InfoHandler* infoHandler)
+    : mRepository(repository), mInfoHandler(infoHandler), mGraphics(graphics) {
+  Guard(kModule, "GameDisplayRect", [&] {
+    mGroundSurface.reset(MakeDisplaySurface(kWidth, kHeight, *SDL_GetVideoSurface()));
+    CheckSdl(mGroundSurface != nullptr && SDL_FillRect(mGroundSurface.get(), nullptr, 0) == 0, kModule, kModule);
+  });
+}
+
+void GameDisplayRect::SetStartField(std::uint8_t r, std::uint8_t c, std::uint8_t fx, std::uint8_t fy) {
+  mStartR = r;
+  mStartC = c;
+  mStartFx = fx;
+  mStartFy = fy;
+  mStartFieldSet = true;
+}
+
+void GameDisplayRect::Update() {
+  Guard(kModule, "Update", [&] { RebuildGroundSurface(); });
+}
+
+void GameDisplayRect::RebuildGroundSurface() {
+  Guard(kModule, "RebuildGroundSurface", [&] {
+    Log("Updating ground surface", InfoLevel::Detail);
+    if (!mStartFieldSet) return Log("Startfield not set (GameDisplayRect - RebuildGroundSurface)", InfoLevel::Failure);
+    const Field* first = FindStartField();
+    if (first == nullptr) {
+      return Log("Startfield is NULL (GameDisplayRect - RebuildGroundSurface)", InfoLevel::Failure);
+    }
+    SDL_Surface* frame = mGraphics->FindGraphic(kDefaultGroundId);
+    if (frame == nullptr) return;
+    const SurfacePtr tile(SDL_DisplayFormat(frame));
+    CheckSdl(tile != nullptr, kModule, "RebuildGroundSurface");
+    for (int row = 0; row < kRows; ++row, first = Next(first, Direction::South)) {
+      PaintRow(first, tile.get(), kTileHeight * row);
+    }
+  });
+}
+
+// Fields lie in two rows that interlock: `first` and its way East, and half a tile lower those to their SouthWest.
+void GameDisplayRect::PaintRow(const Field* first, SDL_Surface* tile, int y) {
+  const Field* upper = first;
+  const Field* lower = Next(first, Direction::SouthWest);
+  for (int column = 0; column < kColumns; ++column) {
+    const int x = kTileWidth * column;
+    PaintField(upper, tile, x, y - kTileHeight / 2);
+    PaintField(lower, tile, x - kTileWidth / 2, y);
+    upper = Next(upper, Direction::East);
+    lower = Next(lower, Direction::East);
+  }
+}
+
+void GameDisplayRect::PaintField(const Field* field, SDL_Surface* tile, int x, int y) {
+  if (field == nullptr) return;
+  LayOver(mGraphics->FindGraphic(field->GetGroundId()), tile, 0, 0);
+  LayOver(mGraphics->FindMask(field->GetGroundId()), tile, 0, 0);
+  SmoothTrans(*field, tile);
+  LayOver(tile, mGroundSurface.get(), x, y);
+}
+
+void GameDisplayRect::SmoothTrans(const Field& field, SDL_Surface* tile) {
+  Guard(kModule, "SmoothTrans", [&] {
+    for (const Direction direction :
+         {Direction::NorthEast, Direction::SouthEast, Direction::SouthWest, Direction::NorthWest}) {
+      const Field* neighbor = field.GetNeighbor(direction);
+      if (neighbor == nullptr || IsSameGround(field, *neighbor)) continue;
+      const auto width = static_cast<std::uint8_t>((field.GetSmoothness() + neighbor->GetSmoothness()) / 2);
+      if (width == 0) continue;
+      SDL_Surface* picture = mGraphics->FindGraphic(neighbor->GetGroundId());
+      if (picture == nullptr || !tile_blend::HaveSameShape(*tile, *picture)) continue;
+      const PixelLock lockedTile(tile, "SmoothTrans: failed to lock result surface");
+      const PixelLock lockedPicture(picture, "SmoothTrans: failed to lock temporary surface");
+      tile_blend::BlendEdge(*tile, *picture, direction, width);
+    }
+  });
+}
+
+void GameDisplayRect::Blit(SDL_Surface* target, std::int16_t x, std::int16_t y) {
+  Guard(kModule, "Blit", [&] { CheckSdl(CopyWhole(mGroundSurface.get(), target, x, y), kModule, "Blit"); });
+}
+
+const Field* GameDisplayRect::FindStartField() const {
+  const Area* area = mRepository->GetMap().GetAreaAt(mStartR, mStartC);
+  return area == nullptr ? nullptr : area->GetField(mStartFx, mStartFy);
+}
+
+void GameDisplayRect::Log(const char* text, InfoLevel level) { mInfoHandler->HandleInfo(new Info(text, level)); }
+
+}  // namespace tolva

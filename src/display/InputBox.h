@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "display/TextBox.h"
+
+namespace tolva {
+
+// A text box that the player types into while it is active, with a blinking cursor. Needs SDL's unicode translation of
+// keys.
+class InputBox : public TextBox {
+ public:
+  // The cursor starts at 0. `maxLength` bounds what is typed and set later, not `text`.
+  InputBox(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height, std::uint8_t r, std::uint8_t g,
+           std::uint8_t b, std::uint32_t maxLength, const char* text, InfoHandler* infoHandler);
+  ~InputBox() override = default;
+
+  // Makes the cursor blink, too: to be called every frame.
+  void Blit(SDL_Surface* target) override;
+  // Keys that go down, while the box is active.
+  void HandleEvent(SDL_Event event) override;
+  void CreateSurface() override;
+
+  // A cursor beyond the new text moves to its end.
+  void SetText(const char* text);
+  // Shows every character as '*'.
+  void SetPassword(bool password);
+
+ private:
+  std::uint32_t GetLength() const;
+  // Each of these tells whether it changed anything.
+  bool HandleKey(const SDL_keysym& key);
+  bool MoveLeft(bool byWord);
+  bool MoveRight(bool byWord);
+  bool MoveTo(std::uint32_t position);
+  bool Erase(std::uint32_t position);
+  bool Type(char character);
+  void DrawCursor(const std::string& textBefore);
+
+  std::uint32_t mCursor = 0;
+  bool mCursorVisible = false;
+  std::uint32_t mBlinkTick;
+  bool mPassword = false;
+};
+
+}  // namespace tolva

@@ -1,0 +1,553 @@
+#include "display/ScreenGame.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+#include "controls/FlagScope.h"
+#include "controls/SdlCalls.h"
+#include "display/Component.h"
+#include "display/PictureIds.h"
+#include "foundation/Guard.h"
+#include "world/Steps.h"
+
+namespace tolva {
+namespace {
+
+constexpr char kModule[] = "ScreenGame";
+
+// The tile of a field is a diamond; one step east or south leads one tile on.
+constexpr int kTileWidth = 76;
+constexpr int kTileHeight = 36;
+// One picture in the sheet of characters, and how far it reaches above its tile.
+constexpr int kSpriteWidth = 76;
+constexpr int kSpriteHeight = 114;
+constexpr int kSpriteRise = 77;
+constexpr int kVoluRise = 191;
+
+// Half an area: the rectangles' corners lie in the middle of the areas' edges.
+constexpr int kHalfArea = static_cast<int>(kAreaEdge) / 2;
+
+constexpr std::uint32_t kMessageMs = 10000;
+constexpr Rgb kNameColor{247, 231, 135};
+
+// For each direction in which the ground moves: where in the grid a rectangle's new place gets its content from.
+struct GridStep {
+  int columns;
+  int rows;
+};
+constexpr GridStep kGridSteps[kDirectionCount] = {{0, 2}, {-1, 1}, {-2, 0}, {-1, -1}, {0, -2}, {1, -1}, {2, 0}, {1, 1}};
+
+std::int16_t Narrow(int value) {
+  using Limits = std::numeric_limits<std::int16_t>;
+  return static_cast<std::int16_t>(std::clamp<int>(value, Limits::min(), Limits::max()));
+}
+
+// The neighbour, or null where the map ends: nothing lies beyond.
+const Field* Next(const Field* field, Direction direction) {
+  return field == nullptr ? nullptr : field->GetNeighbor(direction);
+}
+
+const Field* Walk(const Field* field, Direction direction, int steps) {
+  for (int step = 0; step < steps; ++step) field = Next(field, direction);
+  return field;
+}
+
+bool IsSameArea(const AreaPosition& one, const AreaPosition& other) {
+  return one.mUintRx == other.mUintRx && one.mUintRy == other.mUintRy && one.mByAx == other.mByAx &&
+         one.mByAy == other.mByAy;
+}
+
+}  // namespace
+
+// Holds the repository for a scope; inside another one it goes along with that.
+class ScreenGame::RepositoryHold {
+ public:
+  explicit RepositoryHold(ScreenGame& screen) : mScreen(screen), mIsFirst(!screen.mLocked) { mScreen.LockRepository(); }
+  ~RepositoryHold() {
+    if (mIsFirst) mScreen.UnlockRepository();
+  }
+  RepositoryHold(const RepositoryHold&) = delete;
+  RepositoryHold& operator=(const RepositoryHold&) = delete;
+
+ private:
+  ScreenGame& mScreen;
+  const bool mIsFirst;
+};
+
+ScreenGame::ScreenGame(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback,
+                       InfoHandler* logger, Repository* repository)
+    : Screen(id, videoSurface, context, callback, logger),
+      mRepository(repository),
+      mGraphics(std::make_unique<GameGraphics>(mArchive.get())) {
+  Guard(kModule, kModule, [&] {
+    SDL_EnableUNICODE(1);
+    ScreenGame::InitializeComponents();
+  });
+}
+
+ScreenGame::~ScreenGame() { ScreenGame::TerminateComponents(); }
+
+void ScreenGame::InitializeComponents() {
+  Guard(kModule, "InitializeComponents", [&] {
+    SDL_Surface& window = *mVideoSurface;
+    mBottomStrip = std::make_unique<BottomStrip>(*mArchive, window);
+    mInputLine = std::make_unique<InputBox>(20, Narrow(window.h - 31), static_cast<std::uint16_t>(window.w - 20), 20,
+                                            255, 255, 255, 256, "", mLogger);
+    mInputLine->SetActive(true);
+    for (auto& column : mRects) {
+      for (auto& rect : column) rect = MakeDisplayRect();
+    }
+    mProgressFrame.reset(mArchive->LoadImage(kPictureProgressFrame));
+    mProgressBar.reset(mArchive->LoadImage(kPictureProgressBar));
+    InitDisplayRects(2, 2, kMapCenter, kMapCenter, 0, kHalfArea);
+    mHistory = std::make_unique<MessageHistory>(*mArchive, window, mLogger);
+    BuildMsgHistory(0);
+  });
+}
+
+void ScreenGame::TerminateComponents() {
+  for (auto& column : mRects) {
+    for (auto& rect : column) rect.reset();
+  }
+  mInputLine.reset();
+  mHistory.reset();
+  mBottomStrip.reset();
+  mProgressFrame.reset();
+  mProgressBar.reset();
+}
+
+// ---- The repository's lock ----
+
+void ScreenGame::LockRepository() {
+  Guard(kModule, "LockRepository", [&] {
+    if (mLocked) return;
+    CheckSdl(mRepository->Wait() == 0, kModule, "LockRepository");
+    mLocked = true;
+  });
+}
+
+void ScreenGame::UnlockRepository() noexcept {
+  if (mDrawing || !mLocked) return;
+  mRepository->Post();
+  mLocked = false;
+}
+
+// ---- The ground ----
+
+std::unique_ptr<GameDisplayRect> ScreenGame::MakeDisplayRect() {
+  return std::make_unique<GameDisplayRect>(mGraphics.get(), mRepository, mLogger);
+}
+
+void ScreenGame::InitDisplayRects(int i, int j, int r, int c, int fx, int fy) {
+  Guard(kModule, "InitDisplayRects", [&] {
+    const auto byte = [](int number) { return static_cast<std::uint8_t>(number); };
+    mRects[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)]->SetStartField(byte(r), byte(c), byte(fx),
+                                                                                    byte(fy));
+    // A rectangle is half an area to the south-east and half an area to the north-east wide, so half of the steps cross
+    // an edge of the area, in x or in y.
+    const bool isFirstHalf = fx == 0;
+    const struct {
+      int i, j, r, c;
+    } neighbors[] = {
+        {i - 1, j, isFirstHalf ? r - 1 : r, isFirstHalf ? c : c - 1},
+        {i + 1, j, isFirstHalf ? r : r + 1, isFirstHalf ? c + 1 : c},
+        {i, j + 1, isFirstHalf ? r : r + 1, isFirstHalf ? c : c - 1},
+        {i, j - 1, isFirstHalf ? r - 1 : r, isFirstHalf ? c + 1 : c},
+    };
+    for (const auto& next : neighbors) {
+      if (next.i < 0 || next.i >= kGridEdge || next.j < 0 || next.j >= kGridEdge) continue;
+      if (mRects[static_cast<std::size_t>(next.i)][static_cast<std::size_t>(next.j)]->IsStartFieldSet()) continue;
+      InitDisplayRects(next.i, next.j, next.r, next.c, fy, fx);
+    }
+  });
+}
+
+void ScreenGame::UpdateAllDisplayRects() {
+  Guard(kModule, "UpdateAllDisplayRects", [&] {
+    const RepositoryHold hold(*this);
+    for (const auto& column : mRects) {
+      for (const auto& rect : column) rect->Update();
+    }
+  });
+}
+
+void ScreenGame::InvalidateAllDisplayRects() {
+  Guard(kModule, "InvalidateAllDisplayRects", [&] {
+    for (const auto& column : mRects) {
+      for (const auto& rect : column) rect->ClearStartField();
+    }
+  });
+}
+
+void ScreenGame::CheckAreaChange() {
+  Guard(kModule, "CheckAreaChange", [&] {
+    const RepositoryHold hold(*this);
+    const AreaPosition center = mRepository->GetMap().GetCenterArea()->GetPosition();
+    if (IsSameArea(center, mLastCenter)) return;
+    // The player went one step; the ground goes the other way.
+    for (const Step step : kSteps) {
+      if (!IsSameArea(center, NextArea(mLastCenter, step))) continue;
+      return UpdateDisplayRectsAfterMove(DirectionOf({-step.x, -step.y}));
+    }
+  });
+}
+
+void ScreenGame::UpdateDisplayRectsAfterMove(Direction direction) {
+  Guard(kModule, "UpdateDisplayRectsAfterMove", [&] {
+    const RepositoryHold hold(*this);
+    mLastCenter = mRepository->GetMap().GetCenterArea()->GetPosition();
+    InvalidateAllDisplayRects();
+    switch (direction) {
+      case Direction::North:
+        return ShiftDisplayRectsToNorth();
+      case Direction::NorthEast:
+        return ShiftDisplayRectsToNorthEast();
+      case Direction::East:
+        return ShiftDisplayRectsToEast();
+      case Direction::SouthEast:
+        return ShiftDisplayRectsToSouthEast();
+      case Direction::South:
+        return ShiftDisplayRectsToSouth();
+      case Direction::SouthWest:
+        return ShiftDisplayRectsToSouthWest();
+      case Direction::West:
+        return ShiftDisplayRectsToWest();
+      case Direction::NorthWest:
+        return ShiftDisplayRectsToNorthWest();
+      case Direction::None:
+        return;
+    }
+  });
+}
+
+void ScreenGame::ShiftDisplayRectsToNorth() {
+  Guard(kModule, "ShiftDisplayRectsToNorth", [&] { ShiftDisplayRects(Direction::North); });
+}
+
+void ScreenGame::ShiftDisplayRectsToNorthEast() {
+  Guard(kModule, "ShiftDisplayRectsToNorthEast", [&] { ShiftDisplayRects(Direction::NorthEast); });
+}
+
+void ScreenGame::ShiftDisplayRectsToEast() {
+  Guard(kModule, "ShiftDisplayRectsToEast", [&] { ShiftDisplayRects(Direction::East); });
+}
+
+void ScreenGame::ShiftDisplayRectsToSouthEast() {
+  Guard(kModule, "ShiftDisplayRectsToSouthEast", [&] { ShiftDisplayRects(Direction::SouthEast); });
+}
+
+void ScreenGame::ShiftDisplayRectsToSouth() {
+  Guard(kModule, "ShiftDisplayRectsToSouth", [&] { ShiftDisplayRects(Direction::South); });
+}
+
+void ScreenGame::ShiftDisplayRectsToSouthWest() {
+  Guard(kModule, "ShiftDisplayRectsToSouthWest", [&] { ShiftDisplayRects(Direction::SouthWest); });
+}
+
+void ScreenGame::ShiftDisplayRectsToWest() {
+  Guard(kModule, "ShiftDisplayRectsToWest", [&] { ShiftDisplayRects(Direction::West); });
+}
+
+void ScreenGame::ShiftDisplayRectsToNorthWest() {
+  Guard(kModule, "ShiftDisplayRectsToNorthWest", [&] { ShiftDisplayRects(Direction::NorthWest); });
+}
+
+// What is kept moves with its picture. New rectangles show areas that the map held already before it followed the
+// player, so their ground is known.
+void ScreenGame::ShiftDisplayRects(Direction direction) {
+  const RepositoryHold hold(*this);
+  const GridStep step = kGridSteps[static_cast<std::uint32_t>(direction)];
+  const auto findSource = [&](int i, int j) -> std::unique_ptr<GameDisplayRect>* {
+    const int column = i + step.columns;
+    const int row = j + step.rows;
+    if (column < 0 || column >= kGridEdge || row < 0 || row >= kGridEdge) return nullptr;
+    return &mRects[static_cast<std::size_t>(column)][static_cast<std::size_t>(row)];
+  };
+  // Making them can fail and comes before the first one is moved, so the grid is never left with holes.
+  RectGrid shifted;
+  std::vector<GameDisplayRect*> added;
+  for (int place = 0; place < kGridEdge * kGridEdge; ++place) {
+    const int i = place / kGridEdge;
+    const int j = place % kGridEdge;
+    if (findSource(i, j) != nullptr) continue;
+    auto& rect = shifted[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)];
+    rect = MakeDisplayRect();
+    added.push_back(rect.get());
+  }
+  for (int place = 0; place < kGridEdge * kGridEdge; ++place) {
+    const int i = place / kGridEdge;
+    const int j = place % kGridEdge;
+    auto& rect = shifted[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)];
+    if (auto* source = findSource(i, j)) rect = std::move(*source);
+  }
+  mRects.swap(shifted);
+  InitDisplayRects(2, 2, kMapCenter, kMapCenter, 0, kHalfArea);
+  for (GameDisplayRect* rect : added) rect->Update();
+}
+
+std::int32_t ScreenGame::GetBlitOffsetX() {
+  return Guard(kModule, "GetBlitOffsetX", [&] {
+    const RepositoryHold hold(*this);
+    const ClientCharacter& player = mRepository->GetPlayer();
+    const Field* field = player.GetField();
+    return field == nullptr ? 0 : 874 - kTileWidth / 2 * (field->GetFx() + field->GetFy()) - player.GetOffsetX();
+  });
+}
+
+std::int32_t ScreenGame::GetBlitOffsetY() {
+  return Guard(kModule, "GetBlitOffsetY", [&] {
+    const RepositoryHold hold(*this);
+    const ClientCharacter& player = mRepository->GetPlayer();
+    const Field* field = player.GetField();
+    return field == nullptr ? 0 : kTileHeight / 2 * (field->GetFy() - field->GetFx()) - player.GetOffsetY();
+  });
+}
+
+// ---- Frames ----
+
+void ScreenGame::Blit() {
+  Guard(kModule, "Blit", [&] {
+    if (mStatusMaximum != 0) return BlitProgress();
+    BlitWorld();
+    BlitBottom();
+  });
+}
+
+void ScreenGame::BlitProgress() {
+  SDL_Surface& window = *mVideoSurface;
+  SDL_FillRect(&window, nullptr, SDL_MapRGB(window.format, 0, 0, 0));
+  if (mProgressFrame == nullptr) return;
+  const int width = mProgressFrame->w;
+  const int height = mProgressFrame->h;
+  const int left = window.w / 2 - width / 2;
+  if (SDL_Surface* bar = mProgressBar.get()) {
+    // A step is a whole number of pixels, so the bar grows evenly.
+    const int done = static_cast<std::uint16_t>(width / mStatusMaximum * mStatusValue);
+    CopyPart(bar, {0, 0, done, bar->h}, &window, left, height / 2 + window.h / 2 - bar->h);
+  }
+  CopyWhole(mProgressFrame.get(), &window, left, window.h / 2 - height / 2);
+}
+
+void ScreenGame::BlitWorld() {
+  const RepositoryHold hold(*this);
+  // Left before the repository is given back, also by an error.
+  const FlagScope drawing(mDrawing, true);
+  CheckAreaChange();
+  ClientCharacter& player = mRepository->GetPlayer();
+  player.Animate();
+  if (player.IsMoving()) mMoveKeys.NoteMove();
+  // Two and a half rectangles lie left of and above the middle.
+  const int left = mVideoSurface->w / 2 + GetBlitOffsetX() - 2280;
+  const int top = mVideoSurface->h / 2 + GetBlitOffsetY() - 1080;
+  for (int i = 0; i < kGridEdge; ++i) {
+    for (int j = 0; j < kGridEdge; ++j) {
+      mRects[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)]->Blit(
+          mVideoSurface, Narrow(left + GameDisplayRect::kWidth * i), Narrow(top + GameDisplayRect::kHeight * j));
+    }
+  }
+  BlitObjects();
+}
+
+void ScreenGame::BlitObjects() {
+  Guard(kModule, "BlitObjects", [&] {
+    const ClientCharacter& player = mRepository->GetPlayer();
+    if (player.GetField() == nullptr) return;
+    const int width = mVideoSurface->w;
+    const int height = mVideoSurface->h;
+    const int stepsWest = (width / kTileWidth + 2) / 2;
+    const int stepsNorth = (height / 37 + 2) / 2;
+    const int left = width / 2 - player.GetOffsetX() - kTileWidth * stepsWest - kTileWidth / 2;
+    const int top = height / 2 - player.GetOffsetY() - kTileHeight * stepsNorth - kTileHeight / 2;
+
+    Labels labels;
+    const Field* first = Walk(Walk(player.GetField(), Direction::West, stepsWest), Direction::North, stepsNorth);
+    for (int row = 0; row < height / 37 + 7; ++row) {
+      const int y = top + kTileHeight * row;
+      const Field* upper = first;
+      const Field* lower = Next(first, Direction::SouthWest);
+      for (int column = 0; column < width / kTileWidth + 4; ++column) {
+        const int x = left + kTileWidth * column;
+        BlitField(upper, x, y, labels);
+        BlitField(lower, x - kTileWidth / 2, y + kTileHeight / 2, labels);
+        upper = Next(upper, Direction::East);
+        lower = Next(lower, Direction::East);
+      }
+      first = Next(first, Direction::South);
+    }
+    // What is said must not be hidden by what stands further down.
+    for (const auto& label : labels) label->Blit(mVideoSurface);
+  });
+}
+
+void ScreenGame::BlitField(const Field* field, int x, int y, Labels& labels) {
+  if (field == nullptr) return;
+  if (field->GetVoluId() != 0) {
+    SDL_Surface* volu = mGraphics->FindGraphic(field->GetVoluId());
+    if (volu != nullptr) CopyWhole(volu, mVideoSurface, x, y - kVoluRise);
+  }
+  if (ClientCharacter* character = ClientCharacter::On(*field)) BlitCharacter(*character, x, y, labels);
+}
+
+void ScreenGame::BlitCharacter(ClientCharacter& character, int x, int y, Labels& labels) {
+  // The player's own moves with the view, before anything is drawn.
+  if (&character != &mRepository->GetPlayer()) character.Animate();
+  const int left = x + character.GetOffsetX();
+  const int top = y + character.GetOffsetY() - kSpriteRise;
+  if (SDL_Surface* sheet = mGraphics->FindGraphic(kPictureCharacters)) {
+    const int direction = static_cast<int>(character.GetDirection());
+    const Area2d part{kSpriteWidth * character.GetFrame(), kSpriteHeight * direction, kSpriteWidth, kSpriteHeight};
+    CopyPart(sheet, part, mVideoSurface, left, top);
+  }
+  if (character.GetChatMessage()[0] == '\0') return;
+  if (SDL_GetTicks() - character.GetMessageTick() > kMessageMs) return character.SetChatMessage("");
+  AddLabel(character.GetChatMessage(), kWhite, left, top, labels);
+  AddLabel(character.GetName(), kNameColor, left, top + kSpriteHeight, labels);
+}
+
+void ScreenGame::AddLabel(const char* text, Rgb color, int spriteX, int y, Labels& labels) {
+  auto label = std::make_unique<TextBox>(0, Narrow(y), 800, 20, color.r, color.g, color.b, text, mLogger);
+  label->SetX(Narrow(spriteX - (label->GetTextWidth() - kSpriteWidth) / 2));
+  labels.push_back(std::move(label));
+}
+
+void ScreenGame::BlitBottom() {
+  mBottomStrip->BlitBar();
+  mInputLine->Blit(mVideoSurface);
+  mBottomStrip->BlitStrips();
+  mHistory->Blit();
+}
+
+// ---- Keys and buttons ----
+
+void ScreenGame::SdlEventHandler(SDL_Event event) {
+  Guard(kModule, "SdlEventHandler", [&] {
+    const std::uint32_t now = SDL_GetTicks();
+    if (!mMoveKeys.Admit(event, now)) return;
+    std::unique_ptr<Packet> packet(HandleEvent(event));
+    if (packet == nullptr) return;
+    if (PacketCast<PacketMoveRequest>(packet.get()) != nullptr) mMoveKeys.NoteRequest(now);
+    const bool leaves = PacketCast<PacketEnterChatRequest>(packet.get()) != nullptr;
+    QueuePacket(std::move(packet));
+    // Nobody will answer that request any more, and who plays in full screen has no window to close.
+    if (leaves && mConnectionLost) QueuePacket(std::make_unique<PacketQuit>());
+  });
+}
+
+Packet* ScreenGame::HandleEvent(SDL_Event event) {
+  return Guard(kModule, "HandleEvent", [&]() -> Packet* {
+    switch (event.type) {
+      case SDL_KEYDOWN:
+        return HandleKey(event).release();
+      case SDL_MOUSEBUTTONDOWN:
+        CheckMsgHistoryEvent(event);
+        return nullptr;
+      case SDL_MOUSEBUTTONUP:
+        mHistory->ReleaseButtons();
+        return nullptr;
+      default:
+        return nullptr;
+    }
+  });
+}
+
+std::unique_ptr<Packet> ScreenGame::HandleKey(const SDL_Event& event) {
+  const SDLKey key = event.key.keysym.sym;
+  if (key == SDLK_RETURN) return TakeTypedLine();
+  if (key == SDLK_ESCAPE) return std::make_unique<PacketEnterChatRequest>();
+  const Direction direction = MoveKeys::DirectionOf(key);
+  if (direction == Direction::None) {
+    mInputLine->HandleEvent(event);
+    return nullptr;
+  }
+  // A step is asked for only when the one before it has been drawn to its end.
+  if (IsPlayerMoving()) return nullptr;
+  return std::make_unique<PacketMoveRequest>(direction);
+}
+
+std::unique_ptr<Packet> ScreenGame::TakeTypedLine() {
+  if (mInputLine->GetText()[0] == '\0') return nullptr;
+  auto message = std::make_unique<PacketChatMsg>("", mInputLine->GetText());
+  mInputLine->SetText("");
+  return message;
+}
+
+bool ScreenGame::IsPlayerMoving() {
+  const RepositoryHold hold(*this);
+  return mRepository->GetPlayer().IsMoving();
+}
+
+void ScreenGame::BuildMsgHistory(std::uint32_t mode) {
+  Guard(kModule, "BuildMsgHistory", [&] { mHistory->Build(mode); });
+}
+
+void ScreenGame::CheckMsgHistoryEvent(const SDL_Event& event) {
+  Guard(kModule, "CheckMsgHistoryEvent", [&] { mHistory->HandlePress(event); });
+}
+
+// ---- Packets ----
+
+struct ScreenGame::PacketHandler {
+  ScreenGame& screen;
+
+  void operator()(const PacketInternConnectionLost&) const { screen.HandleConnectionLost(); }
+  void operator()(const PacketInternPong& packet) const { screen.mBottomStrip->ShowRoundTrip(packet.mUintTick); }
+  void operator()(const PacketInternStatus& packet) const { screen.HandlePacketInternStatus(packet); }
+  void operator()(const PacketChatMsg& packet) const {
+    const bool fromServer = std::strcmp(packet.mStrUser, "*** ") == 0;
+    screen.mHistory->Add(fromServer ? "Server" : packet.mStrUser, packet.mStrMsg);
+  }
+  void operator()(const PacketGameChatMsg& packet) const { screen.mHistory->Add(packet.mStrUser, packet.mStrMsg); }
+  void operator()(const PacketAreaGround& packet) const { screen.HandlePacketAreaGround(packet); }
+  void operator()(const PacketAreaVolu& packet) const { screen.HandlePacketAreaVolu(packet); }
+  void operator()(const PacketMove& packet) const { screen.HandlePacketMove(packet); }
+  void operator()(const PacketCharPosition& packet) const { screen.HandlePacketCharPosition(packet); }
+  void operator()(const PacketDarkness& packet) const { screen.HandlePacketDarkness(packet); }
+};
+
+void ScreenGame::HandlePacket(Packet* packet) {
+  const std::unique_ptr<Packet> owned(packet);
+  Guard(kModule, "HandlePacket", [&] {
+    Dispatch<PacketInternConnectionLost, PacketInternPong, PacketInternStatus, PacketChatMsg, PacketGameChatMsg,
+             PacketAreaGround, PacketAreaVolu, PacketMove, PacketCharPosition, PacketDarkness>(packet,
+                                                                                               PacketHandler{*this});
+  });
+}
+
+void ScreenGame::HandlePacketDarkness(const PacketDarkness& packet) {
+  Guard(kModule, "HandlePacketDarkness", [&] {
+    if (packet.mByDarkness == mWorldDarkness) return;
+    mWorldDarkness = packet.mByDarkness;
+    mGraphics->SetDarkness(mWorldDarkness);
+    // The end of a synchronisation draws all ground anyway.
+    if (mStatusMaximum == 0) UpdateAllDisplayRects();
+  });
+}
+
+void ScreenGame::HandlePacketCharPosition(const PacketCharPosition& packet) {
+  Guard(kModule, "HandlePacketCharPosition", [&] { mLastCenter = packet; });
+}
+
+void ScreenGame::HandlePacketInternStatus(const PacketInternStatus& packet) {
+  Guard(kModule, "HandlePacketInternStatus", [&] {
+    if (packet.mUintMaxValue != packet.mUintValue) {
+      mStatusMaximum = packet.mUintMaxValue;
+      mStatusValue = packet.mUintValue;
+      return;
+    }
+    // Cleared first: whatever happens to the ground, the world is shown again.
+    mStatusMaximum = 0;
+    mStatusValue = 0;
+    if (packet.mUintMaxValue != 0) UpdateAllDisplayRects();
+  });
+}
+
+void ScreenGame::HandleConnectionLost() {
+  mConnectionLost = true;
+  mHistory->Add("", "The connection to the server is lost. Press Escape to quit.");
+  if (mStatusMaximum == 0) return;
+  // What is still missing will not come, and behind the progress nobody could read that line.
+  HandlePacketInternStatus({mStatusMaximum, mStatusMaximum});
+}
+
+}  // namespace tolva

@@ -1,0 +1,92 @@
+#include "display/TextBox.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "foundation/Guard.h"
+#include "foundation/Text.h"
+#include "media/ArchiveFormat.h"
+
+namespace tolva {
+namespace {
+
+constexpr char kModule[] = "TextBox";
+constexpr char kFontFile[] = "Data.tmp";
+constexpr int kFontSize = 13;
+
+// Plain, so that nothing closes the font behind the library's back when the process ends with text boxes alive.
+TTF_Font* gFont = nullptr;
+int gLiveTextBoxes = 0;
+
+void CloseFont() {
+  if (gFont != nullptr) TTF_CloseFont(gFont);
+  gFont = nullptr;
+}
+
+}  // namespace
+
+TextBox::FontUse::FontUse() { ++gLiveTextBoxes; }
+
+TextBox::FontUse::~FontUse() {
+  if (--gLiveTextBoxes == 0) CloseFont();
+}
+
+TextBox::TextBox(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height, std::uint8_t r,
+                 std::uint8_t g, std::uint8_t b, const char* text, InfoHandler* infoHandler)
+    : Widget(x, y, width, height), mArchive(std::make_unique<Archive>("Graphics", infoHandler)), mColor{r, g, b} {
+  Guard(kModule, "TextBox", [&] {
+    Initialize();
+    SetText(text);
+  });
+}
+
+void TextBox::Initialize() {
+  Guard(kModule, "Initialize", [&] {
+    if (gFont == nullptr) LoadFont();
+  });
+}
+
+bool TextBox::LoadFont() {
+  return Guard(kModule, "LoadFont", [&] {
+    if (!mArchive->Extract(archive_format::kFontId, kFontFile)) return false;
+    CloseFont();
+    gFont = TTF_OpenFont(kFontFile, kFontSize);
+    std::remove(kFontFile);
+    if (gFont == nullptr) return false;
+    TTF_SetFontStyle(gFont, TTF_STYLE_NORMAL);
+    return true;
+  });
+}
+
+TTF_Font* TextBox::GetFont() { return gFont; }
+
+void TextBox::HandleEvent(SDL_Event /*event*/) {}
+
+void TextBox::CreateSurface() {
+  Guard(kModule, "CreateSurface", [&] { Render(mText); });
+}
+
+void TextBox::SetText(const char* text) {
+  Guard(kModule, "SetText", [&] {
+    StoreText(text);
+    CreateSurface();
+  });
+}
+
+void TextBox::SetColor(std::uint8_t r, std::uint8_t g, std::uint8_t b) {
+  Guard(kModule, "SetColor", [&] {
+    mColor = {r, g, b};
+    CreateSurface();
+  });
+}
+
+void TextBox::SetMaxLength(std::uint32_t maxLength) { mMaxLength = std::min(maxLength, kMaxLength); }
+
+void TextBox::StoreText(const char* text) { CopyText(mText, std::size_t{mMaxLength} + 1, text); }
+
+void TextBox::Render(const char* text) {
+  // An empty text has no surface: the font library refuses it.
+  mSurface.reset(gFont == nullptr ? nullptr : TTF_RenderText_Solid(gFont, text, {mColor.r, mColor.g, mColor.b, 0}));
+}
+
+}  // namespace tolva

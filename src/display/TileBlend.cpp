@@ -1,0 +1,214 @@
+#include "display/TileBlend.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <initializer_list>
+#include <type_traits>
+
+namespace tolva::tile_blend {
+namespace {
+
+struct Line {
+  int x1, y1, x2, y2;
+};
+
+// The lines of an edge come in pairs. The first pair lies on the edge; each next one is moved inwards, by 2 pixels in x
+// and 1 in y.
+struct Edge {
+  Direction direction;
+  Line first;
+  Line second;
+  int inwardX;
+  int inwardY;
+  bool startsOneStepUp;
+};
+
+constexpr Edge kEdges[] = {{Direction::NorthEast, {38, 0, 75, 18}, {36, 0, 73, 18}, -2, 1, true},
+                           {Direction::SouthEast, {75, 18, 38, 36}, {73, 18, 36, 36}, -2, -1, false},
+                           {Direction::SouthWest, {0, 18, 37, 36}, {2, 18, 39, 36}, 2, -1, false},
+                           {Direction::NorthWest, {0, 18, 37, 0}, {2, 18, 39, 0}, 2, 1, true}};
+
+Line Inwards(const Line& line, const Edge& edge, int steps) {
+  const int x = edge.inwardX * steps;
+  const int y = edge.inwardY * steps;
+  return {line.x1 + x, line.y1 + y, line.x2 + x, line.y2 + y};
+}
+
+// `own` of 256 parts are the tile's.
+constexpr std::uint8_t Mix(std::uint32_t tile, std::uint32_t picture, std::uint32_t own) {
+  return static_cast<std::uint8_t>((tile * own + picture * (256 - own)) / 256);
+}
+
+// One channel of pixels that bear their colour: to 8 bits and back.
+struct Channel {
+  Uint32 mask;
+  Uint8 shift;
+  Uint8 loss;
+
+  constexpr std::uint32_t Widen(Uint32 pixel) const {
+    const Uint32 value = (pixel & mask) >> shift;
+    // The upper bits once more, so that the brightest value becomes 255.
+    const Uint32 filling = loss > 4 ? 0 : value >> (8 - 2 * loss);
+    return ((value << loss) + (loss == 0 ? 0 : filling)) & 0xFF;
+  }
+  constexpr Uint32 MixPixels(Uint32 tile, Uint32 picture, std::uint32_t own) const {
+    return static_cast<Uint32>(Mix(Widen(tile), Widen(picture), own) >> loss) << shift & mask;
+  }
+};
+
+class ColorMixer {
+ public:
+  ColorMixer(const SDL_PixelFormat& format, const SDL_PixelFormat&)
+      : mRed{format.Rmask, format.Rshift, format.Rloss},
+        mGreen{format.Gmask, format.Gshift, format.Gloss},
+        mBlue{format.Bmask, format.Bshift, format.Bloss},
+        mAlpha(format.Amask) {}
+
+  Uint32 operator()(Uint32 tile, Uint32 picture, std::uint32_t own) const {
+    return mRed.MixPixels(tile, picture, own) | mGreen.MixPixels(tile, picture, own) |
+           mBlue.MixPixels(tile, picture, own) | mAlpha;
+  }
+
+ private:
+  Channel mRed, mGreen, mBlue;
+  Uint32 mAlpha;
+};
+
+// The client's own format, with shifts that the compiler knows: more than twice as fast.
+class Mixer565 {
+ public:
+  Mixer565(const SDL_PixelFormat&, const SDL_PixelFormat&) {}
+
+  Uint32 operator()(Uint32 tile, Uint32 picture, std::uint32_t own) const {
+    return kRed.MixPixels(tile, picture, own) | kGreen.MixPixels(tile, picture, own) |
+           kBlue.MixPixels(tile, picture, own);
+  }
+  static bool Knows(const SDL_PixelFormat& format) {
+    return format.Rmask == kRed.mask && format.Gmask == kGreen.mask && format.Bmask == kBlue.mask && format.Amask == 0;
+  }
+
+ private:
+  static constexpr Channel kRed{0xF800, 11, 3};
+  static constexpr Channel kGreen{0x07E0, 5, 2};
+  static constexpr Channel kBlue{0x001F, 0, 3};
+};
+
+// Pixels that are places in a palette, each surface's own.
+class PaletteMixer {
+ public:
+  PaletteMixer(const SDL_PixelFormat& tile, const SDL_PixelFormat& picture) : mTile(tile), mPicture(picture) {}
+
+  Uint32 operator()(Uint32 tile, Uint32 picture, std::uint32_t own) const {
+    const SDL_Color from = ColorOf(mTile, tile);
+    const SDL_Color to = ColorOf(mPicture, picture);
+    return SDL_MapRGB(&mTile, Mix(from.r, to.r, own), Mix(from.g, to.g, own), Mix(from.b, to.b, own));
+  }
+
+ private:
+  static SDL_Color ColorOf(const SDL_PixelFormat& format, Uint32 pixel) {
+    const SDL_Palette& palette = *format.palette;
+    return pixel < static_cast<Uint32>(palette.ncolors) ? palette.colors[pixel] : SDL_Color{};
+  }
+
+  const SDL_PixelFormat& mTile;
+  const SDL_PixelFormat& mPicture;
+};
+
+template <int kBytes>
+Uint32 Load(const Uint8* from) {
+  if constexpr (kBytes == 3) {
+    return SDL_BYTEORDER == SDL_LIL_ENDIAN ? from[0] | from[1] << 8 | from[2] << 16
+                                           : from[2] | from[1] << 8 | from[0] << 16;
+  } else {
+    std::conditional_t<kBytes == 1, Uint8, std::conditional_t<kBytes == 2, Uint16, Uint32>> pixel;
+    std::memcpy(&pixel, from, kBytes);
+    return pixel;
+  }
+}
+
+template <int kBytes>
+void Store(Uint8* to, Uint32 pixel) {
+  if constexpr (kBytes == 3) {
+    constexpr bool kLittle = SDL_BYTEORDER == SDL_LIL_ENDIAN;
+    to[kLittle ? 0 : 2] = static_cast<Uint8>(pixel);
+    to[1] = static_cast<Uint8>(pixel >> 8);
+    to[kLittle ? 2 : 0] = static_cast<Uint8>(pixel >> 16);
+  } else {
+    const auto narrow =
+        static_cast<std::conditional_t<kBytes == 1, Uint8, std::conditional_t<kBytes == 2, Uint16, Uint32>>>(pixel);
+    std::memcpy(to, &narrow, kBytes);
+  }
+}
+
+template <int kBytes, typename Mixer>
+void BlendLine(SDL_Surface& tile, const SDL_Surface& picture, const Mixer& mixer, const Line& line, std::uint8_t own) {
+  const int xStep = line.x1 <= line.x2 ? 1 : -1;
+  const int yStep = line.y1 <= line.y2 ? 1 : -1;
+  const int length = std::abs(line.x2 - line.x1) + 1;
+  const int rise = std::abs(line.y2 - line.y1) + 1;
+  const auto isInside = [&](int x, int y) { return x >= 0 && x < tile.w && y >= 0 && y < tile.h; };
+  const bool isAllInside = isInside(line.x1, line.y1) && isInside(line.x2, line.y2);
+  int error = 0;
+  int y = line.y1;
+  for (int i = 0, x = line.x1; i < length; ++i, x += xStep) {
+    if (isAllInside || isInside(x, y)) {
+      const std::ptrdiff_t at = std::ptrdiff_t{y} * tile.pitch + std::ptrdiff_t{x} * kBytes;
+      Uint8* to = static_cast<Uint8*>(tile.pixels) + at;
+      const Uint8* from = static_cast<const Uint8*>(picture.pixels) + at;
+      Store<kBytes>(to, mixer(Load<kBytes>(to), Load<kBytes>(from), own));
+    }
+    // After the pixel: only so the line ends where it should.
+    error += rise;
+    if (error >= length) {
+      error -= length;
+      y += yStep;
+    }
+  }
+}
+
+template <int kBytes, typename Mixer>
+void BlendLines(SDL_Surface& tile, const SDL_Surface& picture, const Edge& edge, std::uint8_t width) {
+  const Mixer mixer(*tile.format, *picture.format);
+  const int step = 127 / width;
+  // Eight bits that wrap.
+  auto own = static_cast<std::uint8_t>(127 + (edge.startsOneStepUp ? step : 0));
+  for (int i = 0; i < width / 2; ++i) {
+    for (const Line& line : {edge.first, edge.second}) {
+      BlendLine<kBytes>(tile, picture, mixer, Inwards(line, edge, i), own);
+      own = static_cast<std::uint8_t>(own + step);
+    }
+  }
+}
+
+}  // namespace
+
+bool HaveSameShape(const SDL_Surface& tile, const SDL_Surface& picture) {
+  const SDL_PixelFormat& a = *tile.format;
+  const SDL_PixelFormat& b = *picture.format;
+  return tile.w == picture.w && tile.h == picture.h && tile.pitch == picture.pitch &&
+         a.BytesPerPixel == b.BytesPerPixel && a.Rmask == b.Rmask && a.Gmask == b.Gmask && a.Bmask == b.Bmask &&
+         a.Amask == b.Amask;
+}
+
+void BlendEdge(SDL_Surface& tile, const SDL_Surface& picture, Direction direction, std::uint8_t width) {
+  if (width == 0) return;
+  for (const Edge& edge : kEdges) {
+    if (edge.direction != direction) continue;
+    switch (tile.format->BytesPerPixel) {
+      case 1:
+        return BlendLines<1, PaletteMixer>(tile, picture, edge, width);
+      case 2:
+        return Mixer565::Knows(*tile.format) ? BlendLines<2, Mixer565>(tile, picture, edge, width)
+                                             : BlendLines<2, ColorMixer>(tile, picture, edge, width);
+      case 3:
+        return BlendLines<3, ColorMixer>(tile, picture, edge, width);
+      case 4:
+        return BlendLines<4, ColorMixer>(tile, picture, edge, width);
+      default:
+        return;
+    }
+  }
+}
+
+}  // namespace tolva::tile_blend

@@ -1,0 +1,25 @@
+#include "display/Widget.h"
+
+#include "controls/SdlCalls.h"
+#include "foundation/Guard.h"
+
+namespace tolva {
+
+Widget::Widget(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height)
+    : mX(x), mY(y), mWidth(width), mHeight(height) {}
+
+void Widget::Blit(SDL_Surface* target) {
+  Guard("Widget", "Blit", [&] {
+    if (mSurface == nullptr) return;
+    CheckSdl(CopyPart(mSurface.get(), {mSourceX, mSourceY, mWidth, mHeight}, target, mX, mY), "Widget", "Blit");
+  });
+}
+
+void Widget::HandleEvent(SDL_Event /*event*/) {}
+
+void Widget::SetSource(std::int32_t x, std::int32_t y) {
+  mSourceX = x;
+  mSourceY = y;
+}
+
+}  // namespace tolva

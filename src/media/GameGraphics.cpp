@@ -1,0 +1,183 @@
+#include "media/GameGraphics.h"
+
+#include <cstddef>
+#include <cstring>
+#include <stdexcept>
+#include <utility>
+
+#include "foundation/Guard.h"
+#include "media/Archive.h"
+
+namespace tolva {
+namespace {
+
+constexpr char kModule[] = "GameGraphics";
+
+constexpr std::uint32_t kRetryMs = 1000;
+// When so many misses are remembered, those that no longer count are dropped first.
+constexpr std::size_t kManyMisses = 4096;
+
+// The 16-bit surface whose way there and back turns a picture into its mask: all channels share these bits.
+constexpr Uint32 kMaskChannel = 0x000000FF;
+
+// Throws what the guard of whoever needed the surface turns into an Error.
+SurfacePtr Own(SDL_Surface* surface) {
+  if (surface == nullptr) throw std::runtime_error(SDL_GetError());
+  return SurfacePtr(surface);
+}
+
+SurfacePtr Copy(const SurfacePtr& surface) { return Own(SDL_DisplayFormat(surface.get())); }
+
+void BlitWhole(const SurfacePtr& from, const SurfacePtr& to) {
+  SDL_BlitSurface(from.get(), nullptr, to.get(), nullptr);
+}
+
+bool IsSeeThrough(const SDL_Surface& surface, int x, int y) {
+  const int bytes = surface.format->BytesPerPixel;
+  Uint32 pixel = 0;
+  std::memcpy(&pixel,
+              static_cast<const Uint8*>(surface.pixels) + std::ptrdiff_t{y} * surface.pitch + std::ptrdiff_t{x} * bytes,
+              bytes);
+  if constexpr (SDL_BYTEORDER == SDL_BIG_ENDIAN) pixel >>= 8 * (4 - bytes);
+  return pixel == surface.format->colorkey;
+}
+
+// White where the picture is opaque, black where it is see-through, pixel by pixel.
+SurfacePtr PaintOpaquePartsWhite(const SurfacePtr& source) {
+  SurfacePtr painted = Copy(source);
+  SDL_SetColorKey(painted.get(), 0, 0);
+  SDL_FillRect(painted.get(), nullptr, SDL_MapRGB(painted->format, 255, 255, 255));
+  if ((source->flags & SDL_SRCCOLORKEY) == 0) return painted;
+  for (int y = 0; y < source->h; ++y) {
+    for (int x = 0; x < source->w; ++x) {
+      if (!IsSeeThrough(*source, x, y)) continue;
+      SDL_Rect pixel{static_cast<Sint16>(x), static_cast<Sint16>(y), 1, 1};
+      SDL_FillRect(painted.get(), &pixel, SDL_MapRGB(painted->format, 0, 0, 0));
+    }
+  }
+  return painted;
+}
+
+// The same by two conversions: what is opaque counts as opaque in the shared bits too, which makes it white.
+SurfacePtr FoldIntoOneChannel(const SurfacePtr& source) {
+  const SurfacePtr folded = Own(SDL_CreateRGBSurface(SDL_SWSURFACE, source->w, source->h, 16, kMaskChannel,
+                                                     kMaskChannel, kMaskChannel, kMaskChannel));
+  // The compatibility library makes an ordinary surface instead. Black parts would become holes, and others stay bright
+  // at night.
+  if (folded->format->Rmask != kMaskChannel) return PaintOpaquePartsWhite(source);
+  BlitWhole(source, folded);
+  return Copy(folded);
+}
+
+SurfacePtr MakeMask(const SurfacePtr& source) {
+  const SurfacePtr working = FoldIntoOneChannel(source);
+  SDL_SetColorKey(working.get(), SDL_SRCCOLORKEY, SDL_MapRGB(working->format, 0, 0, 0));
+
+  SurfacePtr mask = Copy(source);
+  SDL_SetColorKey(mask.get(), 0, 0);
+  SDL_FillRect(mask.get(), nullptr, SDL_MapRGB(mask->format, 255, 0, 255));
+  BlitWhole(working, mask);
+  SDL_SetColorKey(mask.get(), SDL_SRCCOLORKEY, SDL_MapRGB(mask->format, 255, 255, 255));
+  return mask;
+}
+
+}  // namespace
+
+GameGraphics::GameGraphics(Archive* archive) : mArchive(archive) {}
+
+GameGraphics::~GameGraphics() = default;
+
+SDL_Surface* GameGraphics::GetGraphic(std::uint32_t id) {
+  return Guard(kModule, "GetGraphic", [&]() -> SDL_Surface* {
+    if (id == 0) return nullptr;
+    const GraphicEntry* entry = FindEntry(id);
+    return entry == nullptr ? nullptr : entry->darkened.get();
+  });
+}
+
+SDL_Surface* GameGraphics::GetMask(std::uint32_t id) {
+  return Guard(kModule, "GetMask", [&]() -> SDL_Surface* {
+    const GraphicEntry* entry = FindEntry(id);
+    return entry == nullptr ? nullptr : entry->mask.get();
+  });
+}
+
+SDL_Surface* GameGraphics::FindGraphic(std::uint32_t id) {
+  return Guard(kModule, "FindGraphic", [&]() -> SDL_Surface* {
+    if (id == 0 || WasMissedLately(id)) return nullptr;
+    return Remember(id, GetGraphic(id));
+  });
+}
+
+SDL_Surface* GameGraphics::FindMask(std::uint32_t id) {
+  return Guard(kModule, "FindMask", [&] { return WasMissedLately(id) ? nullptr : Remember(id, GetMask(id)); });
+}
+
+void GameGraphics::SetDarkness(std::uint8_t darkness) {
+  Guard(kModule, "SetDarkness", [&] {
+    mDarkness = darkness;
+    for (auto& [id, entry] : mGraphics) Darken(entry);
+  });
+}
+
+bool GameGraphics::LoadGraphic(std::uint32_t id) {
+  return Guard(kModule, "LoadGraphic", [&] {
+    const SurfacePtr loaded(mArchive->LoadImage(id));
+    if (loaded == nullptr) return false;
+    GraphicEntry entry;
+    entry.source = Copy(loaded);
+    entry.mask = MakeMask(entry.source);
+    Darken(entry);
+    mGraphics.insert_or_assign(id, std::move(entry));
+    return true;
+  });
+}
+
+void GameGraphics::UnloadGraphics() {
+  Guard(kModule, "UnloadGraphics", [&] {
+    mGraphics.clear();
+    mMisses.clear();
+  });
+}
+
+GameGraphics::GraphicEntry* GameGraphics::FindEntry(std::uint32_t id) {
+  auto found = mGraphics.find(id);
+  if (found == mGraphics.end() && LoadGraphic(id)) found = mGraphics.find(id);
+  return found == mGraphics.end() ? nullptr : &found->second;
+}
+
+bool GameGraphics::WasMissedLately(std::uint32_t id) {
+  const auto miss = mMisses.find(id);
+  if (miss == mMisses.end()) return false;
+  if (SDL_GetTicks() - miss->second < kRetryMs) return true;
+  mMisses.erase(miss);
+  return false;
+}
+
+SDL_Surface* GameGraphics::Remember(std::uint32_t id, SDL_Surface* found) {
+  if (found != nullptr) return found;
+  const std::uint32_t now = SDL_GetTicks();
+  if (mMisses.size() >= kManyMisses) {
+    std::erase_if(mMisses, [&](const auto& miss) { return now - miss.second >= kRetryMs; });
+  }
+  mMisses[id] = now;
+  return nullptr;
+}
+
+// Both copies share the source's colour key, so that nothing is drawn where the picture is see-through; there the mask
+// puts the key's colour back.
+void GameGraphics::Darken(GraphicEntry& entry) const {
+  if (entry.darkened == nullptr) {
+    entry.darkened = Copy(entry.source);
+  } else {
+    BlitWhole(entry.source, entry.darkened);
+  }
+  if (mDarkness == 0) return;
+  const SurfacePtr veil = Copy(entry.source);
+  SDL_FillRect(veil.get(), nullptr, 0);
+  SDL_SetAlpha(veil.get(), SDL_SRCALPHA, mDarkness);
+  BlitWhole(veil, entry.darkened);
+  BlitWhole(entry.mask, entry.darkened);
+}
+
+}  // namespace tolva
