@@ -49,7 +49,7 @@ def plates(seed, grid, jitter, variant):
             random = ring_random if on_ring else inner_random
             place = (np.array((column, row)) + .5 + jitter * (random.rand(2) - .5)) / grid
             points.append(place)
-            tints.append(.5 + (random.rand() - .5) * (.7 if on_ring else 1))
+            tints.append(.5 + (random.rand() - .5) * (.35 if on_ring else 1))
     wobble = [periodic_noise(N, seed + k, 2.4, 2, 20) * .11 * jitter / .76 / grid for k in (2, 3)]
     distances = []
     for u, v in points:
@@ -68,7 +68,7 @@ def paint_rock(variant):
     grain = periodic_noise(N, 36, .5, 30, 100)
     height = 5 * smooth_step(0, .05, crack_distance) + 3.5 * tint + 1.3 * rough + .35 * grain
     colour = ramp(tint + .16 * varied_noise(37, 2, 3, 30, variant),
-                  [(0, rgb(132, 126, 118)), (.5, rgb(154, 147, 136)), (1, rgb(174, 166, 152))])
+                  [(0, rgb(136, 130, 121)), (.5, rgb(154, 147, 136)), (1, rgb(171, 163, 150))])
     moss = smooth_step(1.1, 1.9, varied_noise(38, 2.2, 3, 24, variant))[..., None]
     colour = mix(colour, rgb(112, 122, 76), .5 * moss)
     crack = smooth_step(0, .035, crack_distance)[..., None]

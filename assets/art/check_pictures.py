@@ -117,7 +117,7 @@ def edges(number):
     right, down = (36 * t).round().astype(int), (16 * t).round().astype(int)
     for way, corners, row, column in (("/", (3, 0), 18 - down, 1 + right), ("/", (2, 1), 34 - down, 38 + right),
                                       ("\\", (3, 2), 18 + down, 1 + right), ("\\", (0, 1), 2 + down, 38 + right)):
-        yield way, corners, sum(picture[row, column][k:k + 28] for k in range(7)) / 7
+        yield way, corners, sum(picture[row, column][k:k + 32] for k in range(3)) / 3
 
 
 def transition_faults(upper, lower):

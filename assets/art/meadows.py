@@ -13,7 +13,7 @@ FLOWERS = [(246, 226, 110), (240, 240, 234), (214, 110, 150), (128, 120, 212), (
 FALLEN = [(168, 122, 68), (190, 150, 84), (146, 106, 64), (196, 128, 66), (164, 146, 78)]
 
 BLADES = 2300                   # that cover the ground
-BLADE_MARGIN = .14
+BLADE_MARGIN, DOT_MARGIN = .14, .09              # what is rooted closer to a border is in all variants
 SHORTEST, LONGEST, LEAN = 2.6, 6.2, 2.0         # pixels
 
 
@@ -77,7 +77,7 @@ def paint_dry_grass(variant):
 def paint_flowers(variant):
     """A meadow in flower, over the same grass."""
     brush = paint_meadow(variant, GREEN, SOIL, 51)
-    draw_flowers(brush, scattered(46, 121, variant, .16, 4), FLOWERS)
+    draw_flowers(brush, scattered(46, 121, variant, DOT_MARGIN, 4), FLOWERS)
     return brush.result()
 
 
@@ -88,7 +88,7 @@ def paint_forest_floor(variant):
     moss = ramp(varied_noise(132, 2.2, 2, 12, variant), [(-.9, LITTER), (.7, MOSS)])
     brush = Brush(project(moss * (.6 + .4 * sunlight(relief, 2))[..., None]))
     draw_blades(brush, 700, 135, variant, SHADY, patches)
-    draw_leaves(brush, scattered(150, 134, variant, BLADE_MARGIN, 5))
+    draw_leaves(brush, scattered(150, 134, variant, DOT_MARGIN, 5))
     draw_blades(brush, 260, 136, variant, SHADY, patches)
     return brush.result()
 

@@ -9,14 +9,16 @@ from paths import SCENES, WORK
 
 
 def stage_scenes():
-    """Copy the scenes to the work folder.
+    """Copy the scenes that changed to the work folder.
 
     Debian lets POV-Ray read and write only its current folder and the one for temporary files, so it
     runs in a folder that holds everything it needs.
     """
     WORK.mkdir(parents=True, exist_ok=True)
     for scene in SCENES.iterdir():
-        shutil.copy(scene, WORK)
+        staged = WORK / scene.name
+        if not staged.exists() or staged.read_bytes() != scene.read_bytes():
+            shutil.copy(scene, staged)
 
 
 def render(scene, size, oversampling, background="+UA", **declared):

@@ -3,7 +3,7 @@ import math
 
 import numpy as np
 
-from field import N, TEXEL_U, TEXEL_V, blend_inside, project, slopes
+from field import N, TEXEL_U, TEXEL_V, blend_inside, project, slopes, varied_noise
 from noise import mix, periodic_noise, ramp, rgb, smooth_step
 
 
@@ -54,8 +54,8 @@ def paint_deep(variant):
 def paint_shallow(variant):
     """Clear water over pale ground, with a net of light on the bottom."""
     height, facing = surface(variant)
-    bed = ramp(periodic_noise(N, 75, 3.0, 1, 5),
-               [(-1.6, rgb(84, 164, 164)), (0, rgb(100, 180, 174)), (1.6, rgb(122, 194, 182))])
+    bed = ramp(varied_noise(75, 2.4, 3, 9, variant),
+               [(-2, rgb(88, 168, 167)), (0, rgb(100, 180, 174)), (2, rgb(116, 191, 181))])
     net = np.abs(swell(78, 3, 8) * .6 + .7 * periodic_noise(N, 74, 2.6, 2, 12))
     net = smooth_step(.26, .0, net)
     wave = np.clip(.5 * np.tanh(.75 * height) + .25 * facing, -1.2, 1.6)
