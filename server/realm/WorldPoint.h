@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -17,7 +16,11 @@ struct WorldPoint {
   std::uint64_t x = 0;
   std::uint64_t y = 0;
 
-  friend auto operator<=>(const WorldPoint&, const WorldPoint&) = default;
+  friend bool operator==(const WorldPoint&, const WorldPoint&) = default;
+  // Any order, for containers that need one.
+  friend bool operator<(const WorldPoint& left, const WorldPoint& right) {
+    return left.x != right.x ? left.x < right.x : left.y < right.y;
+  }
 };
 
 // Fields along the edge of the whole world.

@@ -23,6 +23,7 @@ constexpr auto kSlide = milliseconds(380);
 constexpr auto kGiveUpAfter = milliseconds(500);
 constexpr int kMapEdge = 7;
 constexpr int kMapReach = kMapEdge / 2;
+constexpr std::int64_t kFieldsOfArea{kAreaEdge};
 constexpr const char* kLines[] = {"Nice weather here.", "Has anybody seen the pier?", "I am only walking by.",
                                   "Good day!"};
 
@@ -109,9 +110,8 @@ void Bot::TakePosition(WorldPoint point) {
   mOwn = point;
   mOthers.clear();
   mAreasAwaited = kMapEdge * kMapEdge;
-  constexpr int kEdge = static_cast<int>(kAreaEdge);
   for (int i = -kMapReach; i <= kMapReach; ++i)
-    for (int j = -kMapReach; j <= kMapReach; ++j) AskForArea(Moved(point, i * kEdge, j * kEdge));
+    for (int j = -kMapReach; j <= kMapReach; ++j) AskForArea(Moved(point, i * kFieldsOfArea, j * kFieldsOfArea));
 }
 
 void Bot::TakeMove(WorldPoint from, Direction direction, TimePoint now) {
@@ -138,10 +138,9 @@ void Bot::AskForArea(WorldPoint inArea) {
 }
 
 void Bot::AskForNewEdge(WorldPoint before) {
-  constexpr int kEdge = static_cast<int>(kAreaEdge);
   for (int i = -kMapReach; i <= kMapReach; ++i) {
     for (int j = -kMapReach; j <= kMapReach; ++j) {
-      const WorldPoint inArea = Moved(mOwn, i * kEdge, j * kEdge);
+      const WorldPoint inArea = Moved(mOwn, i * kFieldsOfArea, j * kFieldsOfArea);
       if (DistanceInAreas(before, inArea) > kMapReach) AskForArea(inArea);
     }
   }
