@@ -8,13 +8,19 @@ find_program(TOLVA_POVRAY povray)
 find_program(TOLVA_OGGENC oggenc)
 mark_as_advanced(TOLVA_ART_PYTHON TOLVA_POVRAY TOLVA_OGGENC)
 
-if(TOLVA_ART_PYTHON AND TOLVA_POVRAY AND TOLVA_OGGENC)
+# Checking the pictures takes no more than Python and these two.
+set(TOLVA_ART_PYTHON_READY FALSE CACHE INTERNAL "Python has numpy and Pillow")
+if(TOLVA_ART_PYTHON)
   execute_process(COMMAND ${TOLVA_ART_PYTHON} -c "import numpy, PIL"
                   RESULT_VARIABLE tolva_art_python_lacks_modules OUTPUT_QUIET ERROR_QUIET)
   if(tolva_art_python_lacks_modules EQUAL 0)
-    add_custom_target(art
-      COMMAND ${CMAKE_CURRENT_LIST_DIR}/art/make_art.py
-      COMMENT "Rebuilding the pictures and the music"
-      USES_TERMINAL VERBATIM)
+    set(TOLVA_ART_PYTHON_READY TRUE CACHE INTERNAL "Python has numpy and Pillow")
   endif()
+endif()
+
+if(TOLVA_ART_PYTHON_READY AND TOLVA_POVRAY AND TOLVA_OGGENC)
+  add_custom_target(art
+    COMMAND ${CMAKE_CURRENT_LIST_DIR}/art/make_art.py
+    COMMENT "Rebuilding the pictures and the music"
+    USES_TERMINAL VERBATIM)
 endif()

@@ -1,13 +1,15 @@
 """Checks the committed pictures: that all are there, their sizes, colour keys that survive 16 bits,
-and that the text which the client writes on some of them can be read.
+that the text which the client writes on some of them can be read, and that the pieces of the world fit together.
 """
+import re
 import struct
 
 import numpy as np
 from PIL import Image
 
-from catalogue import CATALOGUE
-from paths import GRAPHICS
+from catalogue import (CATALOGUE, CHARACTER, DIRECTIONS, FRAME, FRAMES, HOUSES, KINDS, PIECES, THINGS, TRANSITIONS,
+                       VARIANTS)
+from paths import ASSETS, GRAPHICS
 from pictures import KEY
 
 WHITE, CREAM, GREY, BLACK = (255, 255, 255), (251, 247, 195), (163, 158, 133), (0, 0, 0)
@@ -66,8 +68,10 @@ def faults(number):
         yield f"is {picture.mode}, neither palette nor RGB"
     if picture.size != (entry.width, entry.height):
         yield f"is {picture.width} x {picture.height}, not {entry.width} x {entry.height}"
+        return
     pixels = np.array(picture.convert("RGB"))
     yield from key_faults(entry, chunks(path.read_bytes()), pixels)
+    yield from shape_faults(number, np.array(picture.convert("RGBA"))[..., 3] > 0)
     inner = pixels[TEXT_MARGIN:-TEXT_MARGIN, TEXT_MARGIN:-TEXT_MARGIN]
     for text in WRITTEN_ON.get(number, ()):
         contrast = least_contrast(text, inner)
@@ -75,11 +79,67 @@ def faults(number):
             yield f"gives text in {text} only a contrast of {contrast:.1f}"
 
 
+def shape_faults(number, opaque):
+    """Holes in the ground, figures that do not stand on the middle of their field, and what the border cuts."""
+    use, figures = CATALOGUE[number].use, []
+    if use.startswith("ground"):
+        step, x, skip = np.indices((7, 38, 2))           # the lines along which the client blends two grounds
+        row, column = 18 - step + x // 2, 2 * step + x + 2 * skip
+        if not all(opaque[y, x].all() for y in (row, 36 - row) for x in (column, 75 - column)):
+            yield "has a hole where it is blended with a neighbour"
+        tile = np.vstack([opaque[:1] | opaque[36:], opaque[1:36]])
+        if not (tile | np.roll(tile, (18, 38), (0, 1))).all():
+            yield "leaves a hole between fields"
+    elif use.startswith("thing") and not use.startswith(("thing: Fence", "thing: Pier")):   # these join at the border
+        figures = [(opaque, 209)]
+    elif number == CHARACTER:
+        frames = opaque.reshape(DIRECTIONS, FRAME[1], FRAMES, FRAME[0]).swapaxes(1, 2)
+        figures = [(frame, 95) for row in frames for frame in row]
+    for figure, foot in figures:
+        if not figure[foot - 5:foot + 5, 33:43].any() or figure[:, [0, -1]].any():
+            yield "does not stand on the middle of its field, or is cut off at the side"
+    if any(figure[0].any() for figure, _ in figures) or use.startswith("house") and opaque[0].any():
+        yield "is cut off above"
+
+
+def header_faults():
+    """Where the server's list of pictures differs from the catalogue."""
+    text = (ASSETS.parent / "server" / "terrain" / "WorldPictures.h").read_text()
+    listed = {(name, int(number)) for name, number in re.findall(r"^  (\w+) = (\d{6}),", text, re.M)}
+    listed |= {(name, tuple(map(int, facts.split(",")))) for name, facts in re.findall(r"House k(\w+)\{(.+)\}", text)}
+    ours = KINDS | THINGS | HOUSES | {upper + lower: number for (upper, lower), number in TRANSITIONS.items()}
+    return [f"{name} differs between the catalogue and WorldPictures.h" for name, _ in listed ^ set(ours.items())]
+
+
+def edges(number):
+    """(direction, corners it joins, smoothed colours) of a tile's edges; corners are 0 north to 3 west."""
+    picture, t = np.array(Image.open(GRAPHICS / f"{number}.png").convert("RGB"), int), np.linspace(.06, .94, 34)
+    right, down = (36 * t).round().astype(int), (16 * t).round().astype(int)
+    for way, corners, row, column in (("/", (3, 0), 18 - down, 1 + right), ("/", (2, 1), 34 - down, 38 + right),
+                                      ("\\", (3, 2), 18 + down, 1 + right), ("\\", (0, 1), 2 + down, 38 + right)):
+        yield way, corners, sum(picture[row, column][k:k + 32] for k in range(3)) / 3
+
+
+def transition_faults(upper, lower):
+    """Pieces whose edges look like those of tiles with other kinds in the corners that the edge joins."""
+    tiles, alike = [(piece, TRANSITIONS[upper, lower] + piece) for piece in PIECES], {}
+    tiles += [(corners, KINDS[kind] + k) for corners, kind in ((0, lower), (15, upper)) for k in range(VARIANTS)]
+    for piece, number in tiles:
+        for way, (a, b), colours in edges(number):
+            alike.setdefault((way, piece >> a & 1, piece >> b & 1), []).append((number, colours))
+    usual = {key: np.median([colours for _, colours in group], 0) for key, group in alike.items()}
+    for key, number, colours in ((key, *tile) for key, group in alike.items() for tile in group):
+        if key != min((k for k in usual if k[0] == key[0]), key=lambda k: np.abs(colours - usual[k]).mean()):
+            yield f"{number}.png does not meet its neighbours"
+
+
 def check():
     """Print every fault and end the program if there is one."""
     bad = [f"{number}.png {fault}" for number in CATALOGUE for fault in faults(number)]
     bad += [f"{path.name} is not in the catalogue" for path in sorted(GRAPHICS.glob("*.png"))
             if not path.stem.isdigit() or int(path.stem) not in CATALOGUE]
+    bad += header_faults()
+    bad += [] if bad else [fault for pair in TRANSITIONS for fault in transition_faults(*pair)]
     if bad:
         raise SystemExit("\n".join(bad))
     print(f"{len(CATALOGUE)} pictures are sound")

@@ -1,15 +1,20 @@
 #!/usr/bin/python3 -B
 """Rebuilds the committed pictures and music from their sources.
 
-    make_art.py            everything, in about two minutes
-    make_art.py windows    only these steps, named as in STEPS below
+    make_art.py                       everything
+    make_art.py windows ground        only these steps, named as in STEPS below
+    make_art.py things=Oak,Birch      of things and houses also single ones
 """
 import subprocess
 import sys
 
+import characters
 import check_pictures
 import game_bars
+import ground
+import houses
 import icon
+import things
 import title
 import windows
 from paths import ASSETS, SOUNDS, WORK
@@ -27,17 +32,19 @@ def make_music():
 
 # in the order they need each other: the progress board shows the island by day
 STEPS = {"strips": title.make_strips, "title": title.make_title, "icon": icon.make, "windows": windows.make,
-         "game_bars": game_bars.make, "music": make_music, "check": check_pictures.check}
+         "game_bars": game_bars.make, "ground": ground.make, "things": things.make, "houses": houses.make,
+         "characters": characters.make, "music": make_music, "check": check_pictures.check}
 
 
 def main():
     wanted = sys.argv[1:] or list(STEPS)
-    unknown = [step for step in wanted if step not in STEPS]
+    orders = [step.partition("=") for step in wanted]
+    unknown = [step for step, _, _ in orders if step not in STEPS]
     if unknown:
         raise SystemExit(f"unknown: {' '.join(unknown)}; the steps are {' '.join(STEPS)}")
-    for step in wanted:
-        print(f"making {step}", flush=True)
-        STEPS[step]()
+    for step, _, names in orders:
+        print(f"making {step} {names}", flush=True)
+        STEPS[step](*names.split(",") if names else ())
 
 
 if __name__ == "__main__":

@@ -9,14 +9,16 @@ from paths import SCENES, WORK
 
 
 def stage_scenes():
-    """Copy the scenes to the work folder.
+    """Copy the scenes that changed to the work folder.
 
     Debian lets POV-Ray read and write only its current folder and the one for temporary files, so it
     runs in a folder that holds everything it needs.
     """
     WORK.mkdir(parents=True, exist_ok=True)
     for scene in SCENES.iterdir():
-        shutil.copy(scene, WORK)
+        staged = WORK / scene.name
+        if not staged.exists() or staged.read_bytes() != scene.read_bytes():
+            shutil.copy(scene, staged)
 
 
 def render(scene, size, oversampling, background="+UA", **declared):
@@ -29,8 +31,9 @@ def render(scene, size, oversampling, background="+UA", **declared):
     stage_scenes()
     raw = WORK / f"{scene}{''.join(str(value) for value in declared.values())}.png"
     width, height = size
+    threads = len(os.sched_getaffinity(0))
     command = ["nice", "povray", f"+I{scene}.pov", f"+O{raw.name}", f"+W{width * oversampling}",
-               f"+H{height * oversampling}", "-D", "-GA", "-A", "+FN8", background, f"+WT{os.cpu_count() or 1}"]
+               f"+H{height * oversampling}", "-D", "-GA", "-A", "+FN8", background, f"+WT{threads}"]
     command += [f"Declare={name}={value}" for name, value in declared.items()]
     result = subprocess.run(command, cwd=WORK, capture_output=True, text=True)
     if result.returncode:

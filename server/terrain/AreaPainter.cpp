@@ -77,6 +77,7 @@ std::uint8_t SoftnessOf(Ground ground) {
 std::optional<Ground> SoftGroundOf(Surface surface) {
   switch (surface) {
     case Surface::Nature:
+    case Surface::Open:
       return std::nullopt;
     case Surface::DryGrass:
       return Ground::DryGrass;
@@ -121,7 +122,9 @@ class Painting {
     bool IsPlainGrass() const { return first == static_cast<std::uint32_t>(Ground::Grass); }
   };
 
-  Tile& At(int x, int y) { return mTiles[static_cast<std::size_t>((x + kPieceMargin) * kSide + y + kPieceMargin)]; }
+  Tile& At(int x, int y) {
+    return mTiles[static_cast<std::size_t>(x + kPieceMargin) * kSide + static_cast<std::size_t>(y + kPieceMargin)];
+  }
   bool IsPaved(int x, int y) const;
   bool HasCobblesBy(int x, int y) const;
   Tile MakeTile(int x, int y) const;
@@ -145,16 +148,16 @@ class Painting {
 // there must be nothing but grass around.
 bool Painting::IsPaved(int x, int y) const {
   constexpr double kPathWidth = 0.75;  // never less than to the nearest corner, or the path would have gaps
-  bool isPlanned = false;
+  bool isTaken = false;
   bool isPavedByPlan = false;
   for (int dx = -1; dx <= 0; ++dx) {
     for (int dy = -1; dy <= 0; ++dy) {
-      const Surface surface = mLandscape.GetPlanned(x + dx, y + dy).surface;
-      isPlanned |= surface != Surface::Nature;
-      isPavedByPlan |= tolva::IsPaved(surface);
+      const Plan::Cell& planned = mLandscape.GetPlanned(x + dx, y + dy);
+      isTaken |= planned.inHouse || !IsPassable(planned.thing);
+      isPavedByPlan |= tolva::IsPaved(planned.surface);
     }
   }
-  if (!isPavedByPlan && (isPlanned || mLevels.GetRoadDistance(x, y) > kPathWidth)) return false;
+  if (!isPavedByPlan && (isTaken || mLevels.GetRoadDistance(x, y) > kPathWidth)) return false;
   for (int dx = -1; dx <= 1; ++dx) {
     for (int dy = -1; dy <= 1; ++dy) {
       if (mLevels.GetLevel(x + dx, y + dy) != Level::Grass) return false;
@@ -257,10 +260,11 @@ std::uint32_t Painting::PictureAt(int x, int y) {
 
 Thing Painting::NaturalThingAt(int x, int y) {
   const Tile& tile = At(x, y);
+  if (tile.onRoad) return Thing::None;
   const Vegetation::Habitat habitat = HabitatOf(x, y);
   if (!tile.IsPiece()) return mVegetation.GetThing(habitat, tile.kind, mLandscape);
   const bool isPathRim = tile.first == static_cast<std::uint32_t>(Transition::GrassPath);
-  return isPathRim || tile.isWater ? Thing::None : mVegetation.GetThingOnRim(habitat.place, tile.upper);
+  return isPathRim || tile.isWater ? Thing::None : mVegetation.GetThingOnRim(habitat, tile.upper);
 }
 
 std::uint32_t Painting::PlaceThing(int x, int y, bool& isBlocked) {
@@ -272,7 +276,9 @@ std::uint32_t Painting::PlaceThing(int x, int y, bool& isBlocked) {
     return planned.housePicture;
   }
   Thing thing = planned.thing;
-  if (planned.surface == Surface::Nature) thing = tile.onRoad ? Thing::None : NaturalThingAt(x, y);
+  if (planned.surface == Surface::Nature) thing = NaturalThingAt(x, y);
+  const bool isWorn = tile.first == static_cast<std::uint32_t>(Transition::GrassPath);
+  if (isWorn && IsPassable(thing)) thing = Thing::None;  // grows under nobody's feet
   isBlocked = (tile.isWater && !IsPier(thing)) || !IsPassable(thing);
   return static_cast<std::uint32_t>(thing);
 }

@@ -9,8 +9,12 @@ namespace {
 // As far as anything composed reaches into an area: what is farther from it is left out.
 constexpr double kReach = 20;
 constexpr double kAreaSize = kAreaEdge;
+constexpr double kRegionSize = kRegionFields;
 
-enum class Character { Hamlet, Glade, Summit, Crossroads };
+// Gives the summit of the arrival island a foot.
+constexpr PlanOffset kNorthCape = {-34, 40};
+
+enum class Character { Hamlet, Farm, Glade, Summit, Crossroads };
 
 bool ReachesArea(Spot low, Spot high, double radius) {
   const double reach = radius + kReach;
@@ -30,6 +34,8 @@ double DistanceToLine(Spot point, Spot from, Spot to) {
   const double part = std::clamp(along, 0.0, 1.0);
   return Distance(point, {from.x + part * line.x, from.y + part * line.y});
 }
+
+double Landscape::Mood::GetStrength(Spot spot) const { return std::max(0.0, 1 - Distance(spot, middle) / radius); }
 
 struct Landscape::Region {
   std::uint32_t rx = 0;
@@ -54,13 +60,11 @@ struct Landscape::Region {
 
 Landscape::Landscape(std::uint64_t seed, const AreaPosition& area)
     : mSeed(MixBits(seed)), mArea(area), mFirstField(FirstFieldOf(area)), mBend(mSeed + 1, 48, 2) {
-  // An island stays within its own region and the next; so does a road between two.
+  // Islands, and roads from one to the next, stay within their own regions and those beside them.
   for (int x = -1; x <= 1; ++x) {
-    for (int y = -1; y <= 1; ++y) AddRegion(RegionAt(x, y));
-  }
-  for (int x = -2; x <= 1; ++x) {
-    for (int y = -2; y <= 1; ++y) {
+    for (int y = -1; y <= 1; ++y) {
       const Region region = RegionAt(x, y);
+      AddRegion(region);
       AddLink(region, RegionAt(x + 1, y), true);
       AddLink(region, RegionAt(x, y + 1), false);
     }
@@ -75,17 +79,19 @@ Landscape::Region Landscape::RegionAt(int stepX, int stepY) const {
   region.isHome = region.rx == kHomeRegion && region.ry == kHomeRegion;
   const auto middleOf = [&](int step, std::uint8_t areaNumber, std::uint64_t salt) {
     const double jitter = region.isHome ? 0 : std::floor(80 * ChanceOf(MixBits(region.hash + salt)) - 40);
-    return step * kRegionFields + kRegionFields / 2 - areaNumber * kAreaSize + jitter;
+    return (step + 0.5) * kRegionSize - areaNumber * kAreaSize + jitter;
   };
   region.middle = {middleOf(stepX, mArea.mByAx, 1), middleOf(stepY, mArea.mByAy, 2)};
   const double size = ChanceOf(MixBits(region.hash + 3));
-  region.radius = region.isHome ? 66 : 26 + 44 * size * (2 - size);
+  region.radius = region.isHome ? 60 : 20 + 44 * size;
   const double chance = ChanceOf(MixBits(region.hash + 4));
-  if (chance < 0.3 && region.radius > 36) {
+  if (chance < 0.3 && region.radius > 34) {
     region.character = Character::Hamlet;
-  } else if (chance < 0.55) {
+  } else if (chance < 0.5 && region.radius > 38) {
+    region.character = Character::Farm;
+  } else if (chance < 0.7) {
     region.character = Character::Glade;
-  } else if (chance < 0.75 && region.radius > 40) {
+  } else if (chance < 0.85 && region.radius > 36) {
     region.character = Character::Summit;
   }
   return region;
@@ -98,11 +104,21 @@ void Landscape::AddRegion(const Region& region) {
     AddHome(region);
     return;
   }
+  AddCapes(region);
   switch (region.character) {
     case Character::Hamlet:
-      mMoods.push_back({region.middle, 34, -1.2, -0.9});
+      mMoods.push_back({region.middle, 30, -1.2, -0.7});
       AddSite(GetHamletPlan(), region.middle);
       break;
+    case Character::Farm: {
+      const bool isFarSide = (region.hash & 1) != 0;
+      const Spot farm = Moved(region.middle, {isFarSide ? 18 : -18, (region.hash & 2) != 0 ? 14 : -14});
+      mMoods.push_back({farm, 30, -1.2, -0.9});
+      AddSite(GetFarmPlan(), farm);
+      AddSite(GetCrossroadsPlan(), region.middle);
+      AddRoad(region.middle, Moved(farm, {isFarSide ? -kFarmGate : kFarmGate, 0}));
+      break;
+    }
     case Character::Glade:
       mMoods.push_back({region.middle, 30, -0.6, 0.9});
       AddSite(GetGladePlan(), region.middle);
@@ -117,20 +133,36 @@ void Landscape::AddRegion(const Region& region) {
   }
 }
 
+// Two smaller islands that grow together with the great one.
+void Landscape::AddCapes(const Region& region) {
+  for (std::uint64_t salt = 10; salt < 12; ++salt) {
+    const std::uint64_t hash = MixBits(region.hash + salt);
+    const auto shift = [&](std::uint64_t bits) { return std::floor(region.radius * (1.7 * ChanceOf(bits) - 0.85)); };
+    const Spot middle = {region.middle.x + shift(MixBits(hash + 1)), region.middle.y + shift(MixBits(hash + 2))};
+    mIslands.push_back({middle, region.radius * (0.4 + 0.3 * ChanceOf(hash))});
+  }
+}
+
 void Landscape::AddHome(const Region& region) {
   const auto at = [&](PlanOffset offset) { return Moved(region.middle, offset); };
   AddSite(GetVillagePlan(), region.middle);
   AddSite(GetGladePlan(), at(kGlade));
   AddSite(GetSummitPlan(), at(kSummit));
   AddSite(GetHamletPlan(), at(kFarHamlet));
+  AddSite(GetHayMeadowPlan(), at(kHayMeadow));
+  AddSite(GetFarmPlan(), at(kFarm));
+  for (const PlanOffset& cape : {kGlade, kNorthCape, kFarHamlet, kHayMeadow, kFarm}) mIslands.push_back({at(cape), 23});
   mInlets.push_back({at({38, 0}), at({100, 8}), 19});
-  mMoods.push_back({region.middle, 50, -1.6, -1.1});
-  mMoods.push_back({at(kFarHamlet), 30, -1.2, -0.8});
+  mMoods.push_back({region.middle, 42, -1.8, -0.9});
+  mMoods.push_back({at(kFarHamlet), 28, -1.2, -0.6});
   mMoods.push_back({at(kGlade), 30, -0.8, 1.1});
-  mMoods.push_back({at(kSummit), 30, 2.4, 0.3});
-  mMoods.push_back({at({26, 46}), 26, -0.8, -0.8});
+  mMoods.push_back({at(kSummit), 27, 2.5, 0.3});
+  mMoods.push_back({at(kHayMeadow), 26, -1.0, -1.0});
+  mMoods.push_back({at(kFarm), 26, -1.4, -0.8});
   AddRoad(at(kVillageNorthWestGate), at(kGlade));
   AddRoad(at(kVillageNorthEastGate), at(kSummit));
+  AddRoad(at(kVillageSouthWestGate), at({kFarm.x + kFarmGate, kFarm.y}));
+  AddRoad(at(kVillageNorthEastGate), at(kHayMeadow));
   AddRoad(at(kVillageSouthWestGate), at({kFarHamlet.x - kHamletGate, kFarHamlet.y}));
 }
 

@@ -14,8 +14,10 @@ constexpr PlanePoint kHome = {std::int64_t{kHomeRegion} * kRegionFields + kRegio
                               std::int64_t{kHomeRegion} * kRegionFields + kRegionFields / 2};
 // Places of the arrival island, from the village's square.
 constexpr PlanOffset kGlade = {-42, -24};
-constexpr PlanOffset kSummit = {-36, 34};
+constexpr PlanOffset kSummit = {-27, 32};
 constexpr PlanOffset kFarHamlet = {22, -50};
+constexpr PlanOffset kHayMeadow = {26, 40};
+constexpr PlanOffset kFarm = {-28, -48};
 
 // A place near an area, in fields from the western corner of the area's first field: small numbers, on whichever side
 // of the world's wrap the area lies.
@@ -50,6 +52,9 @@ class Landscape {
     double radius;
     double hills;
     double woods;
+
+    // 1 in the middle, 0 outside.
+    double GetStrength(Spot spot) const;
   };
   struct Site {
     const Plan* plan;
@@ -73,6 +78,7 @@ class Landscape {
 
   Region RegionAt(int stepX, int stepY) const;
   void AddRegion(const Region& region);
+  void AddCapes(const Region& region);
   void AddHome(const Region& region);
   void AddLink(const Region& from, const Region& to, bool alongX);
   void AddRoad(Spot from, Spot to);

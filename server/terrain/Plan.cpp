@@ -65,10 +65,10 @@ constexpr Sign kSigns[] = {
     {'R', Surface::Grass, Thing::Rocks},
     {'%', Surface::Sand, Thing::Pebbles},
     // Boards lead along x or along y.
-    {'-', Surface::Shallow, Thing::PierNorthWest},
-    {'|', Surface::Shallow, Thing::PierNorthEast},
-    {'u', Surface::Shallow, Thing::Boat},
-    {'U', Surface::Shallow, Thing::SailingBoat},
+    {'-', Surface::Open, Thing::PierNorthWest},
+    {'|', Surface::Open, Thing::PierNorthEast},
+    {'u', Surface::Open, Thing::Boat},
+    {'U', Surface::Open, Thing::SailingBoat},
     // A house's western corner field, and the rest of it.
     {'H', Surface::Grass},
     {'T', Surface::Grass},
@@ -94,12 +94,12 @@ const Plan::Cell kOutside;
 }  // namespace
 
 Plan::Plan(std::string_view drawing, int originX, int originY) : mOriginX(originX), mOriginY(originY) {
-  mWidth = static_cast<int>(drawing.find('\n'));
-  const int line = mWidth + 1;
-  mHeight = static_cast<int>(drawing.size()) / line;
-  mCells.resize(static_cast<std::size_t>(mWidth * mHeight));
+  const std::size_t line = drawing.find('\n') + 1;
+  mWidth = static_cast<int>(line) - 1;
+  mHeight = static_cast<int>(drawing.size() / line);
+  mCells.resize(IndexOf(0, mHeight));
   const auto signAt = [&](int column, int row) {
-    return drawing[static_cast<std::size_t>((mHeight - 1 - row) * line + column)];
+    return drawing[static_cast<std::size_t>(mHeight - 1 - row) * line + static_cast<std::size_t>(column)];
   };
   for (int row = 0; row < mHeight; ++row) {
     for (int column = 0; column < mWidth; ++column) {
@@ -117,7 +117,7 @@ const Plan::Cell& Plan::At(int x, int y) const {
   const int column = x + mOriginX;
   const int row = y + mOriginY;
   if (column < 0 || column >= mWidth || row < 0 || row >= mHeight) return kOutside;
-  return mCells[static_cast<std::size_t>(row * mWidth + column)];
+  return mCells[IndexOf(column, row)];
 }
 
 void Plan::Build(const House& house, int column, int row) {

@@ -7,8 +7,9 @@
 
 namespace tolva {
 
-// What a plan wants the ground of one field to be. Nature leaves it to the landscape.
-enum class Surface : std::uint8_t { Nature, Shallow, Sand, Grass, DryGrass, Flowers, Field, Path, Cobbles };
+// What a plan wants the ground of one field to be. Nature leaves field and growth to the landscape; Open leaves the
+// ground to it, but not what stands there.
+enum class Surface : std::uint8_t { Nature, Open, Shallow, Sand, Grass, DryGrass, Flowers, Field, Path, Cobbles };
 
 constexpr bool IsPaved(Surface surface) { return surface == Surface::Path || surface == Surface::Cobbles; }
 
@@ -38,7 +39,10 @@ class Plan {
   const Cell& At(int x, int y) const;
 
  private:
-  Cell& CellAt(int column, int row) { return mCells[static_cast<std::size_t>(row * mWidth + column)]; }
+  std::size_t IndexOf(int column, int row) const {
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(mWidth) + static_cast<std::size_t>(column);
+  }
+  Cell& CellAt(int column, int row) { return mCells[IndexOf(column, row)]; }
   void Build(const House& house, int column, int row);
 
   int mOriginX;

@@ -15,6 +15,9 @@ const Plan& GetHamletPlan();
 const Plan& GetGladePlan();
 const Plan& GetSummitPlan();
 const Plan& GetCrossroadsPlan();
+// A lane leads along x through a farm, from one kFarmGate to the other.
+const Plan& GetFarmPlan();
+const Plan& GetHayMeadowPlan();
 
 struct PlanOffset {
   int x;
@@ -27,5 +30,6 @@ constexpr PlanOffset kVillageSouthWestGate = {-6, -18};
 // The ends of the harbour's three piers.
 constexpr PlanOffset kVillagePierEnds[] = {{27, 0}, {23, -8}, {22, 8}};
 constexpr int kHamletGate = 11;
+constexpr int kFarmGate = 11;
 
 }  // namespace tolva

@@ -19,6 +19,7 @@ int GetPlannedLevel(const Landscape& landscape, int x, int y) {
     for (int dy = -1; dy <= 0; ++dy) {
       switch (landscape.GetPlanned(x + dx, y + dy).surface) {
         case Surface::Nature:
+        case Surface::Open:
           break;
         case Surface::Shallow:
           level = std::max(level, kShallow);
@@ -39,11 +40,14 @@ double GetInlandOf(const Landscape& landscape, const TerrainNoises& noises, Spot
   for (const Landscape::Island& island : landscape.GetIslands()) {
     inland = std::max(inland, island.radius - Distance(spot, island.middle));
   }
-  inland += 13 * noises.coast.At(place);
-  inland = std::max(inland, 26 * (noises.islets.At(place) - 0.62));
+  // Where the coast cannot come, its noise is not worth its time.
+  const bool isInTheOpen = inland < -45;
+  if (!isInTheOpen && inland < 50) inland += 17 * noises.coast.At(place);
+  if (inland < 2) inland = std::max(inland, 26 * (noises.islets.At(place) - 0.62));
+  if (isInTheOpen) return inland;
   for (const Landscape::Inlet& inlet : landscape.GetInlets()) {
     const double fromInlet = DistanceToLine(spot, inlet.from, inlet.to) - inlet.radius;
-    inland = std::min(inland, fromInlet + 4 * noises.coast.At(place));
+    inland = std::min(inland, fromInlet + 2.5 * noises.coast.At(place));
   }
   return inland;
 }
@@ -52,15 +56,15 @@ int GetNaturalLevel(double inland, double hill, double pond) {
   if (inland < -7) return kDeep;
   if (inland < 0) return kShallow;
   if (inland < 4.5) return kSand;
-  if (inland > 13 && hill > 1.15) return kSnow;
-  if (inland > 9 && hill > 0.62) return kRock;
+  if (inland > 13 && hill > 1.5) return kSnow;
+  if (inland > 9 && hill > 0.66) return kRock;
   if (inland > 14 && pond > 0.62 && hill < 0.35) return kShallow;
   return kGrass;
 }
 
 // Roads cross the sea on ridges of sand and the hills through grassy passes.
 int GetLevelByRoad(int level, double road, double ridge) {
-  const double width = 3.2 + 2.5 * ridge;
+  const double width = 3.4 + 3.5 * ridge;
   if (road < std::max(2.3, width)) level = std::max(level, width > 5.2 && road < 2.3 ? kGrass : kSand);
   if (road < width + 5) level = std::max(level, kShallow);
   if (road < 2.5) return std::min(level, kGrass);
@@ -70,11 +74,11 @@ int GetLevelByRoad(int level, double road, double ridge) {
 }  // namespace
 
 TerrainNoises::TerrainNoises(std::uint64_t seed)
-    : coast(seed + 11, 48, 4),
+    : coast(seed + 11, 96, 5),
       islets(seed + 12, 48, 3),
       hills(seed + 13, 48, 3),
       ponds(seed + 14, 24, 2),
-      ridges(seed + 15, 24, 1) {}
+      ridges(seed + 15, 24, 2) {}
 
 TerrainLevels::TerrainLevels(const TerrainNoises& noises, const Landscape& landscape, PlanePoint firstField) {
   for (int x = -kBorder; x < kSide - kBorder; ++x) {
@@ -99,7 +103,7 @@ TerrainLevels::Corner TerrainLevels::MakeCorner(const TerrainNoises& noises, con
   if (corner.inland > 9) {
     hill = noises.hills.At(place);
     for (const Landscape::Mood& mood : landscape.GetMoods()) {
-      hill += mood.hills * std::max(0.0, 1 - Distance(spot, mood.middle) / mood.radius);
+      hill += mood.hills * mood.GetStrength(spot);
     }
   }
   const double pond = corner.inland > 14 ? noises.ponds.At(place) : 0;

@@ -50,7 +50,7 @@ class TerrainLevels {
   static constexpr int kSide = static_cast<int>(kAreaEdge) + 1 + 2 * kBorder;
 
   static constexpr std::size_t IndexOf(int x, int y) {
-    return static_cast<std::size_t>((x + kBorder) * kSide + y + kBorder);
+    return static_cast<std::size_t>(x + kBorder) * kSide + static_cast<std::size_t>(y + kBorder);
   }
   Corner MakeCorner(const TerrainNoises& noises, const Landscape& landscape, PlanePoint firstField, int x, int y) const;
   void RaiseSlopes();

@@ -27,15 +27,16 @@ class Vegetation {
   Ground GetGround(const Habitat& habitat, const Landscape& landscape) const;
   // What stands there; `ground` is the ground of the field.
   Thing GetThing(const Habitat& habitat, Ground ground, const Landscape& landscape) const;
-  // What stands on a field between the given level and the one below it, on the rim of another ground.
-  Thing GetThingOnRim(PlanePoint place, Level upper) const;
+  // What stands on a field between two levels, of which `upper` is the higher.
+  Thing GetThingOnRim(const Habitat& habitat, Level upper) const;
 
  private:
   double GetWood(const Habitat& habitat, const Landscape& landscape) const;
   bool IsFirstOf(PlanePoint place, bool withDiagonals) const;
-  Thing PickTree(PlanePoint place) const;
-  Thing PickInWood(PlanePoint place, double wood) const;
-  Thing PickOnGrass(PlanePoint place, double wood) const;
+  Thing PickTree(const Habitat& habitat, const Landscape& landscape) const;
+  Thing PickUnderTrees(PlanePoint place) const;
+  Thing PickOnGrass(PlanePoint place) const;
+  Thing PickOnRock(PlanePoint place) const;
   Thing PickOnSand(PlanePoint place, double inland) const;
   Thing PickInWater(PlanePoint place, double inland) const;
   double ChanceAt(PlanePoint place, std::uint64_t salt) const;

@@ -23,7 +23,7 @@ constexpr std::int64_t WrapPlane(std::int64_t value) {
 }
 
 constexpr PlanePoint FirstFieldOf(const AreaPosition& area) {
-  constexpr int edge = kAreaEdge;
+  constexpr std::int64_t edge = kAreaEdge;
   return {std::int64_t{area.mUintRx} * kRegionFields + area.mByAx * edge,
           std::int64_t{area.mUintRy} * kRegionFields + area.mByAy * edge};
 }

@@ -136,19 +136,31 @@ void InputBox::CreateSurface() {
     const std::string shown = mPassword ? std::string(GetLength(), '*') : std::string(mText);
     // Even without a text there must be something for the cursor to stand on.
     Render(shown.empty() ? " " : shown.c_str());
-    if (mCursorVisible) DrawCursor(shown.substr(0, mCursor));
+    if (mSurface == nullptr) return;
+    const int cursorX = FindCursor(shown.substr(0, mCursor));
+    if (mCursorVisible) DrawCursor(cursorX);
+    ShowCursor(cursorX);
   });
 }
 
-void InputBox::DrawCursor(const std::string& textBefore) {
-  if (mSurface == nullptr) return;
+int InputBox::FindCursor(const std::string& textBefore) const {
+  const int width = MeasureText(GetFont(), textBefore.c_str(), kModule, "CreateSurface").width;
+  return mCursor > 0 ? width - 1 : width;
+}
+
+void InputBox::DrawCursor(int x) {
   const SurfacePtr cursor(SDL_CreateRGBSurface(SDL_SWSURFACE, 1, mSurface->h, 16, 0, 0, 0, 0));
   CheckSdl(cursor != nullptr, kModule, "CreateSurface");
   const Rgb color = GetColor();
   SDL_FillRect(cursor.get(), nullptr, SDL_MapRGB(cursor->format, color.r, color.g, color.b));
-  int x = MeasureText(GetFont(), textBefore.c_str(), kModule, "CreateSurface").width;
-  if (mCursor > 0) --x;
   CheckSdl(CopyWhole(cursor.get(), mSurface.get(), x, 0), kModule, "CreateSurface");
+}
+
+// A text wider than the box moves only as far as the cursor needs, and leaves no room free behind its end.
+void InputBox::ShowCursor(int x) {
+  const int width = GetWidth();
+  const int source = std::clamp(GetSourceX(), x - width + 1, x);
+  SetSource(std::clamp(source, 0, std::max(0, mSurface->w - width)), 0);
 }
 
 void InputBox::Blit(SDL_Surface* target) {

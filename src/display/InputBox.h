@@ -7,8 +7,8 @@
 
 namespace tolva {
 
-// A text box that the player types into while it is active, with a blinking cursor. Needs SDL's unicode translation of
-// keys.
+// A text box that the player types into while it is active, with a blinking cursor, which stays in sight. Needs SDL's
+// unicode translation of keys.
 class InputBox : public TextBox {
  public:
   // The cursor starts at 0. `maxLength` bounds what is typed and set later, not `text`.
@@ -36,7 +36,9 @@ class InputBox : public TextBox {
   bool MoveTo(std::uint32_t position);
   bool Erase(std::uint32_t position);
   bool Type(char character);
-  void DrawCursor(const std::string& textBefore);
+  int FindCursor(const std::string& textBefore) const;
+  void DrawCursor(int x);
+  void ShowCursor(int x);
 
   std::uint32_t mCursor = 0;
   bool mCursorVisible = false;

@@ -36,7 +36,7 @@ Line Inwards(const Line& line, const Edge& edge, int steps) {
 }
 
 // `own` of 256 parts are the tile's.
-std::uint8_t Mix(std::uint32_t tile, std::uint32_t picture, std::uint32_t own) {
+constexpr std::uint8_t Mix(std::uint32_t tile, std::uint32_t picture, std::uint32_t own) {
   return static_cast<std::uint8_t>((tile * own + picture * (256 - own)) / 256);
 }
 
@@ -46,13 +46,13 @@ struct Channel {
   Uint8 shift;
   Uint8 loss;
 
-  std::uint32_t Widen(Uint32 pixel) const {
+  constexpr std::uint32_t Widen(Uint32 pixel) const {
     const Uint32 value = (pixel & mask) >> shift;
     // The upper bits once more, so that the brightest value becomes 255.
     const Uint32 filling = loss > 4 ? 0 : value >> (8 - 2 * loss);
     return ((value << loss) + (loss == 0 ? 0 : filling)) & 0xFF;
   }
-  Uint32 MixPixels(Uint32 tile, Uint32 picture, std::uint32_t own) const {
+  constexpr Uint32 MixPixels(Uint32 tile, Uint32 picture, std::uint32_t own) const {
     return static_cast<Uint32>(Mix(Widen(tile), Widen(picture), own) >> loss) << shift & mask;
   }
 };
@@ -73,6 +73,25 @@ class ColorMixer {
  private:
   Channel mRed, mGreen, mBlue;
   Uint32 mAlpha;
+};
+
+// The client's own format, with shifts that the compiler knows: more than twice as fast.
+class Mixer565 {
+ public:
+  Mixer565(const SDL_PixelFormat&, const SDL_PixelFormat&) {}
+
+  Uint32 operator()(Uint32 tile, Uint32 picture, std::uint32_t own) const {
+    return kRed.MixPixels(tile, picture, own) | kGreen.MixPixels(tile, picture, own) |
+           kBlue.MixPixels(tile, picture, own);
+  }
+  static bool Knows(const SDL_PixelFormat& format) {
+    return format.Rmask == kRed.mask && format.Gmask == kGreen.mask && format.Bmask == kBlue.mask && format.Amask == 0;
+  }
+
+ private:
+  static constexpr Channel kRed{0xF800, 11, 3};
+  static constexpr Channel kGreen{0x07E0, 5, 2};
+  static constexpr Channel kBlue{0x001F, 0, 3};
 };
 
 // Pixels that are places in a palette, each surface's own.
@@ -128,11 +147,13 @@ void BlendLine(SDL_Surface& tile, const SDL_Surface& picture, const Mixer& mixer
   const int yStep = line.y1 <= line.y2 ? 1 : -1;
   const int length = std::abs(line.x2 - line.x1) + 1;
   const int rise = std::abs(line.y2 - line.y1) + 1;
+  const auto isInside = [&](int x, int y) { return x >= 0 && x < tile.w && y >= 0 && y < tile.h; };
+  const bool isAllInside = isInside(line.x1, line.y1) && isInside(line.x2, line.y2);
   int error = 0;
   int y = line.y1;
   for (int i = 0, x = line.x1; i < length; ++i, x += xStep) {
-    if (x >= 0 && x < tile.w && y >= 0 && y < tile.h) {
-      const std::ptrdiff_t at = std::ptrdiff_t{y} * tile.pitch + x * kBytes;
+    if (isAllInside || isInside(x, y)) {
+      const std::ptrdiff_t at = std::ptrdiff_t{y} * tile.pitch + std::ptrdiff_t{x} * kBytes;
       Uint8* to = static_cast<Uint8*>(tile.pixels) + at;
       const Uint8* from = static_cast<const Uint8*>(picture.pixels) + at;
       Store<kBytes>(to, mixer(Load<kBytes>(to), Load<kBytes>(from), own));
@@ -178,7 +199,8 @@ void BlendEdge(SDL_Surface& tile, const SDL_Surface& picture, Direction directio
       case 1:
         return BlendLines<1, PaletteMixer>(tile, picture, edge, width);
       case 2:
-        return BlendLines<2, ColorMixer>(tile, picture, edge, width);
+        return Mixer565::Knows(*tile.format) ? BlendLines<2, Mixer565>(tile, picture, edge, width)
+                                             : BlendLines<2, ColorMixer>(tile, picture, edge, width);
       case 3:
         return BlendLines<3, ColorMixer>(tile, picture, edge, width);
       case 4:

@@ -31,6 +31,7 @@ class Widget {
 
   // The top left corner, in the picture, of the part that is shown.
   void SetSource(std::int32_t x, std::int32_t y);
+  std::int32_t GetSourceX() const { return mSourceX; }
   // Whether the widget has the keyboard.
   void SetActive(bool active) { mActive = active; }
 

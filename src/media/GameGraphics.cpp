@@ -35,7 +35,9 @@ void BlitWhole(const SurfacePtr& from, const SurfacePtr& to) {
 bool IsSeeThrough(const SDL_Surface& surface, int x, int y) {
   const int bytes = surface.format->BytesPerPixel;
   Uint32 pixel = 0;
-  std::memcpy(&pixel, static_cast<const Uint8*>(surface.pixels) + std::ptrdiff_t{y} * surface.pitch + x * bytes, bytes);
+  std::memcpy(&pixel,
+              static_cast<const Uint8*>(surface.pixels) + std::ptrdiff_t{y} * surface.pitch + std::ptrdiff_t{x} * bytes,
+              bytes);
   if constexpr (SDL_BYTEORDER == SDL_BIG_ENDIAN) pixel >>= 8 * (4 - bytes);
   return pixel == surface.format->colorkey;
 }

@@ -1,4 +1,4 @@
-#include <functional>
+#include <algorithm>
 
 #include "DisplayFixture.h"
 #include "display/GameDisplayRect.h"
@@ -6,43 +6,39 @@
 #include "media/GameGraphics.h"
 #include "support/Golden.h"
 #include "support/VideoTest.h"
+#include "support/WaitUntil.h"
 #include "world/Repository.h"
 
 namespace tolva::test {
 namespace {
 
-// A diamond of two colours in stripes, see-through around it.
-std::string MakeTile(const Bytes& colors, std::uint32_t width = 76, std::uint32_t height = 37) {
-  TestPicture tile{.width = width, .height = height, .colour = PngColour::Palette, .palette = {255, 0, 255}};
-  tile.palette.insert(tile.palette.end(), colors.begin(), colors.end());
-  tile.seeThrough = {0};
-  const auto isInside = [](int x, int y) { return 2 * std::abs(y - 18) <= std::min(x, 75 - x); };
-  for (int y = 0; y < static_cast<int>(height); ++y) {
-    for (int x = 0; x < static_cast<int>(width); ++x) tile.samples.push_back(isInside(x, y) ? 1 + (x + y) / 8 % 2 : 0);
+std::string MakeStripedTile(const Bytes& color, int width = 76, int height = 37) {
+  const Bytes palette = {255, 0, 255, color[0], color[1], color[2], 0, 0, color[2]};
+  TestPicture tile{static_cast<Uint32>(width), static_cast<Uint32>(height), PngColour::Palette, 8, palette, {0}};
+  for (int i = 0; i < width * height; ++i) {
+    const int x = i % width, y = i / width;
+    tile.samples.push_back(2 * std::abs(y - 18) > std::min(x, 75 - x) ? 0 : 1 + (x + y) / 8 % 2);
   }
   return MakePng(tile);
 }
 
-constexpr std::uint32_t kGrass = 0x20, kSand = 0x30, kStub = 0x40, kSheet = 0x50;
+constexpr std::uint32_t kGrass = 0x20, kSand = 0x30, kSea = 0x40, kStub = 0x50, kSheet = 0x60, kNone = 0x70;
 
-class GameDisplayRectTest : public VideoTest {
- protected:
+struct GameDisplayRectTest : VideoTest {
   GameDisplayRectTest() {
-    const Bytes green = {32, 128, 32, 64, 160, 32};
-    WriteGraphics({{kGrass, MakeTile(green)},
-                   {kGrass + 1, MakeTile({0, 96, 96, 32, 160, 160})},
-                   {kSand, MakeTile({224, 192, 96, 255, 224, 128})},
-                   {kStub, MakeTile(green, 16, 32)},
-                   {kSheet, MakeTile(green, 800, 480)},
-                   {kDefaultGroundId, MakeTile({0, 0, 0, 32, 32, 32})}});
-    for (std::uint8_t r = 0; r < kMapEdge; ++r) {
-      for (std::uint8_t c = 0; c < kMapEdge; ++c) {
-        for (Field& field : mRepository.GetMap().GetAreaAt(r, c)->GetFields()) field.SetGroundId(kGrass);
-      }
-    }
+    Entries entries = {{kStub, MakeStripedTile({8, 8, 8}, 16, 32)}, {kSheet, MakeStripedTile({8, 8, 8}, 800, 480)}};
+    entries[kGrass] = MakeStripedTile({0, 160, 32});
+    entries[kSand] = MakeStripedTile({255, 255, 0});
+    entries[kSea] = MakeStripedTile({0, 255, 255});
+    entries[kSea + 1] = entries[kDefaultGroundId] = MakeStripedTile({0, 128, 128});
+    WriteGraphics(entries);
   }
-  Field& At(std::uint8_t fx, std::uint8_t fy) { return *mRepository.GetMap().GetCenterArea()->GetField(fx, fy); }
-
+  Field& Lay(int k, std::uint32_t ground, std::uint8_t smoothness, Uint8 r = 3, Uint8 c = 3) {
+    Field& field = *mRepository.GetMap().GetAreaAt(r, c)->GetField(static_cast<Uint8>(k / 24), k % 24);
+    field.SetGroundId(ground);
+    field.SetSmoothness(smoothness);
+    return field;
+  }
   TempDir mDir;
   InfoHandler mLog;
   Archive mArchive{"Graphics", &mLog};
@@ -52,18 +48,59 @@ class GameDisplayRectTest : public VideoTest {
 };
 
 TEST_F(GameDisplayRectTest, LaysTheGroundSoftlyTogether) {
-  At(2, 11).SetGroundId(kSand);
-  At(2, 11).SetSmoothness(15);
-  At(4, 11).SetGroundId(kSand);  // no smoothness: hard edges
-  At(2, 9).SetGroundId(kGrass + 1);
-  At(2, 9).SetSmoothness(15);  // a variant: hard edges too
-  mRect.SetStartField(kMapCenter, kMapCenter, 0, 12);
-  for (const auto& [darkness, name] : {std::pair{0, "ground"}, {128, "dusk"}, {0, "ground"}}) {
-    mGraphics.SetDarkness(static_cast<std::uint8_t>(darkness));
+  for (int i = 0; i < 576; ++i) Lay(i, kGrass, 0);
+  Lay(59, kSand, 15);
+  Lay(107, kSea, 0);  // not smooth: hard edges
+  Lay(83, kSea + 1, 15);
+  mRect.SetStartField(3, 3, 0, 12);
+  for (const auto& [darkness, name] : {std::pair<Uint8, const char*>{128, "ground-at-dusk"}, {0, "ground"}}) {
+    mGraphics.SetDarkness(darkness);
     mRect.Update();
-    mRect.Blit(mVideo, -20, -10);
-    EXPECT_TRUE(MatchesGolden(name, *mVideo, {0, 0, 300, 150}));
+    mRect.Blit(mVideo, 20, 10);
+    SDL_BlitSurface(mGraphics.GetGraphic(kSand), nullptr, mVideo, nullptr);  // as what stands on the ground is drawn
+    EXPECT_TRUE(MatchesGolden(name, *mVideo, {20, 0, 200, 110}));
   }
+}
+
+TEST_F(GameDisplayRectTest, BlendsLineByLineAtEveryDepth) {
+  const int edges[][4] = {{50, 6, 1, 158}, {50, 30, -1, 127}, {25, 30, -1, 127}, {25, 6, 1, 158}};  // x, y, way in, own
+  for (int i = 0; i < 576; ++i) Lay(i, kSea, 5);
+  const Field& field = Lay(125, kSand, 4);
+  for (const int bits : {8, 16, 24, 32}) {
+    ASSERT_NE(SDL_SetVideoMode(800, 600, bits, SDL_SWSURFACE), nullptr);
+    GameGraphics graphics(&mArchive);
+    const SurfacePtr tile(SDL_DisplayFormat(graphics.GetGraphic(kSand)));
+    GameDisplayRect(&graphics, &mRepository, &mLog).SmoothTrans(field, tile.get());
+    for (int i = 0; i < 20; ++i) {
+      const auto& [x, firstY, inwards, first] = edges[i / 5];
+      const int y = firstY + inwards * (i % 5), own = i % 5 == 4 ? 256 : first + 31 * (i % 5);
+      const GoldenPixel sand(*graphics.GetGraphic(kSand), x, y), sea(*graphics.GetGraphic(kSea), x, y);
+      const auto mix = [&](int a, int b) { return static_cast<Uint8>((a * own + b * (256 - own)) / 256); };
+      const Uint32 mixed = SDL_MapRGB(tile->format, mix(sand.r, sea.r), mix(sand.g, sea.g), mix(sand.b, sea.b));
+      EXPECT_EQ(GoldenPixel(*tile, x, y).value, mixed) << bits << " bits at " << x << ", " << y;
+    }
+  }
+}
+
+TEST_F(GameDisplayRectTest, SurvivesAnyGroundAndTheEndOfTheMapWithoutFillingTheLog) {
+  const std::uint32_t grounds[] = {0, kStub, kGrass, kSheet, kNone, kSand, 0xFFFFFFFF};
+  for (int i = 0; i < 576; ++i) Lay(i, grounds[i % 7], 15, 0, 6);
+  for (const auto& [r, c, fx] : {std::tuple<Uint8, Uint8, Uint8>{7, 0, 0}, {0, 7, 0}, {0, 6, 24}, {0, 6, 0}}) {
+    mRect.Update();
+    mRect.SetStartField(r, c, fx, 23);
+    mRect.Update();
+    mRect.Blit(mVideo, 0, 0);
+    EXPECT_EQ(PixelAt(mVideo, 20, 220) != 0, r + c + fx == 6);  // only the last one is on the map
+    EXPECT_EQ(PixelAt(mVideo, 700, 20), 0);
+  }
+  EXPECT_NE(ReadFile("log.clf").find("Startfield not set (GameDisplayRect - RebuildGroundSurface)"), std::string::npos);
+  EXPECT_NE(ReadFile("log.clf").find("Startfield is NULL (GameDisplayRect - RebuildGroundSurface)"), std::string::npos);
+  WriteFile("log.clf", "");
+  const Uint32 start = SDL_GetTicks();
+  for (int i = 0; i < 5; ++i) mRect.Update();
+  EXPECT_LE(std::ranges::count(ReadFile("log.clf"), '\n'), 3 * (1 + (SDL_GetTicks() - start) / 1000));
+  WriteGraphics({{kNone, MakeStripedTile({8, 8, 8})}});
+  EXPECT_TRUE(WaitUntil([&] { return mGraphics.FindGraphic(kNone) != nullptr; }));
 }
 
 }  // namespace

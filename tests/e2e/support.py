@@ -167,7 +167,8 @@ class Client:
         self.options_window = options_x, options_y, options_x + 300, options_y + 210
         self.quit_button, self.options_button = (width - 47, 57), (width - 47, 83)
         self.enter_game_button = width - 130, 57
-        self.world = 0, 0, width, height - 36 - 18
+        self.bottom = 0, height - 30, width, height
+        self.history = 0, height - 54, width - 20, height - 36
         # Where a line stands that the player's own character says.
         self.over_head = width // 2 - 150, height // 2 - 95, width // 2 + 150, height // 2 - 80
         self.world_input = 20, height - 31, width, height - 11
@@ -305,13 +306,13 @@ class Client:
             self.key("Return")
 
     def enter_world(self):
-        """From the lobby, until the map begins to synchronise."""
+        """From the lobby, until the map begins to synchronise: only the picture of that leaves the bottom black."""
         self.click(*self.enter_game_button)
-        self.wait_log("Changed state to eClientStateInGame")
+        self.wait("the progress shows", lambda: not self.grab(self.bottom).getbbox())
 
     def wait_world(self):
-        """Until the synchronisation is over; its picture leaves the corners black."""
-        self.wait("the world shows", lambda: self.grab((0, 0, 60, 60)).getbbox())
+        """Until the synchronisation is over."""
+        self.wait("the world shows", lambda: self.grab(self.bottom).getbbox())
 
     def return_to_lobby(self):
         self.key("Escape")

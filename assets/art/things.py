@@ -1,0 +1,11 @@
+"""Renders the things that stand on one field."""
+from catalogue import THING, THINGS
+from cutting import cut_out_with_shadow
+from pictures import write_picture
+
+
+def make(*wanted):
+    """All things, or only those with these names."""
+    for name, number in THINGS.items():
+        if not wanted or name in wanted:
+            write_picture(number, *cut_out_with_shadow("things", THING, Thing=number))
