@@ -1,6 +1,7 @@
 #include "server/Realm.h"
 
 #include "protocol/GamePackets.h"
+#include "server/DayClock.h"
 #include "server/ServerOptions.h"
 #include "server/Session.h"
 
@@ -15,7 +16,10 @@ constexpr std::size_t kFields = kMostUsers + 2 * kMostVillagers;
 constexpr std::size_t kStepsAtOnce = 3;
 constexpr auto kStepsWindow = std::chrono::milliseconds(1050);
 
+// A client draws all its ground anew for each change, so there are few. Not as dark as the lobby's picture of the
+// night: here people must find their way.
 constexpr int kDarknessStep = 10;
+constexpr int kWorldNight = 150;
 
 }  // namespace
 
@@ -65,7 +69,8 @@ void Realm::Handle(Session& session, const Packet& packet, TimePoint now) {
 }
 
 void Realm::SetDarkness(std::uint8_t darkness) {
-  const auto shown = static_cast<std::uint8_t>(darkness / kDarknessStep * kDarknessStep);
+  const int inWorld = darkness * kWorldNight / kDarknessNight;
+  const auto shown = static_cast<std::uint8_t>(inWorld / kDarknessStep * kDarknessStep);
   if (shown == mDarkness) return;
   mDarkness = shown;
   for (const auto& [session, player] : mPlayers) SendDarkness(player->session);

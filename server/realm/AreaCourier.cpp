@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "server/Session.h"
-#include "world/Steps.h"
+#include "protocol/Steps.h"
 
 namespace tolva {
 namespace {

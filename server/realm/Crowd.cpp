@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "server/realm/CharacterView.h"
-#include "world/Steps.h"
+#include "protocol/Steps.h"
 
 namespace tolva {
 

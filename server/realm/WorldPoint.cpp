@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "protocol/PacketField.h"
-#include "world/Steps.h"
+#include "protocol/Steps.h"
 
 namespace tolva {
 namespace {

@@ -20,7 +20,7 @@ class World {
   World(const World&) = delete;
   World& operator=(const World&) = delete;
 
-  // The content of an area whose numbers are in range (see IsInRange in world/Steps.h).
+  // The content of an area whose numbers are in range (see IsInRange in protocol/Steps.h).
   std::shared_ptr<const AreaContent> GetArea(const AreaPosition& area);
   // Whether a character could stand there; false for numbers out of range.
   bool IsWalkable(const FieldPosition& field);

@@ -4,7 +4,8 @@
 
 namespace tolva {
 
-// The pictures that the world is made of, by their ids in the `Graphics` archive; assets/art/catalogue.py is their list.
+// The pictures that the world is made of, by their ids in the `Graphics` archive; assets/art/catalogue.py is their
+// list.
 //
 // The client takes ground ids that differ only in their low 4 bits for one ground and blends where the rest differs. So
 // each kind and each painted transition has 16 ids of its own: a kind's are its variants, a transition's its pieces.
@@ -90,8 +91,8 @@ enum class Thing : std::uint32_t {
 };
 
 // Houses cover width (in x, to the south-east) by depth (in y, to the north-east) fields. Only the fields of their two
-// front edges, the south-eastern and the south-western, carry a picture: first + 8 * i + j for the field i steps in x and
-// j steps in y from the house's western corner field. They show what stands behind them too.
+// front edges, the south-eastern and the south-western, carry a picture: first + 8 * i + j for the field i steps in x
+// and j steps in y from the house's western corner field. They show what stands behind them too.
 struct House {
   std::uint32_t first;
   int width;

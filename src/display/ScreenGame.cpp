@@ -9,7 +9,7 @@
 #include "display/Component.h"
 #include "display/PictureIds.h"
 #include "foundation/Guard.h"
-#include "world/Steps.h"
+#include "protocol/Steps.h"
 
 namespace tolva {
 namespace {

@@ -7,8 +7,8 @@
 #include "foundation/Guard.h"
 #include "foundation/RegularFile.h"
 #include "foundation/ReplacingFile.h"
+#include "protocol/Steps.h"
 #include "world/AreaFile.h"
-#include "world/Steps.h"
 
 namespace tolva {
 namespace {

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "foundation/Guard.h"
+#include "protocol/Steps.h"
 #include "world/Field.h"
-#include "world/Steps.h"
 
 namespace tolva {
 namespace {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "foundation/Guard.h"
-#include "world/Steps.h"
+#include "protocol/Steps.h"
 
 namespace tolva {
 namespace {

@@ -4,7 +4,7 @@
 #include "display/DisplayFixture.h"
 #include "display/ScreenGame.h"
 #include "support/Golden.h"
-#include "world/Steps.h"
+#include "protocol/Steps.h"
 #include "world/SyncWorld.h"
 
 namespace tolva::test {

@@ -4,7 +4,7 @@
 #include <set>
 
 #include "CoreFixture.h"
-#include "world/Steps.h"
+#include "protocol/Steps.h"
 
 namespace tolva::test {
 namespace {

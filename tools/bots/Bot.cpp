@@ -9,7 +9,7 @@
 #include <numbers>
 
 #include "protocol/PacketList.h"
-#include "world/Steps.h"
+#include "protocol/Steps.h"
 
 namespace tolva {
 namespace {
