@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "server/Session.h"
 #include "protocol/Steps.h"
+#include "server/Session.h"
 
 namespace tolva {
 namespace {

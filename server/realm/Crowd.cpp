@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "server/realm/CharacterView.h"
 #include "protocol/Steps.h"
+#include "server/realm/CharacterView.h"
 
 namespace tolva {
 

@@ -3,8 +3,8 @@
 
 #include "display/DisplayFixture.h"
 #include "display/ScreenGame.h"
-#include "support/Golden.h"
 #include "protocol/Steps.h"
+#include "support/Golden.h"
 #include "world/SyncWorld.h"
 
 namespace tolva::test {
