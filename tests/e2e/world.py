@@ -4,6 +4,7 @@ import contextlib
 import socket
 import struct
 import threading
+import time
 from collections import Counter, deque
 
 from support import NETWORK_HOST, Failure, wait_until
@@ -11,10 +12,12 @@ from support import NETWORK_HOST, Failure, wait_until
 AREA_GROUND, AREA_VERSION, GAME_CHAT, MOVE_REQUEST, MOVE, CHAR_POSITION, ADD_CHAR, REMOVE_CHAR, DARKNESS = (
     700, 702, 820, 850, 851, 870, 871, 872, 900)
 AREA_EDGE, AREA_FIELDS, REGION_EDGE, MAP_AREAS = 24, 24 * 24, 8, 49
-# By the ids of the pictures: deep and shallow water, and what can be walked over although it stands on a field.
+STEP_SECONDS = 0.4
+# By the ids of the pictures: deep and shallow water, and what can be walked over although it stands on a field. Of the
+# pieces of the shore, those with less than three corners of sand are water too.
 WATER = {112000, 112016, 112512}
 SAND_SHALLOW, FOREST_FLOOR = 112528, 112080
-LOW_THINGS = {0, *range(120022, 120027), 120042, 120100, 120101}
+PIERS, LOW_THINGS = {120100, 120101}, {0, *range(120022, 120027), 120042}
 # The key and the step in x and y of each direction, from north on clockwise.
 DIRECTIONS = (("KP_8", -1, 1), ("KP_9", 0, 1), ("KP_6", 1, 1), ("KP_3", 1, 0),
               ("KP_2", 1, -1), ("KP_1", 0, -1), ("KP_4", -1, -1), ("KP_7", -1, 0))
@@ -85,7 +88,7 @@ class Walker:
 
     def __init__(self, client, relay):
         self.client, self.relay = client, relay
-        self.areas, self.obstacles = {}, set()
+        self.areas, self.obstacles, self.arrival = {}, set(), 0
 
     def field(self, x, y):
         """Ground and volu id of a field; None where the client has no area."""
@@ -102,18 +105,23 @@ class Walker:
 
     def seems_free(self, place):
         """Whether nothing is known to stand there; walls behind a house's front show only when walked into."""
-        field = self.field(*place)
-        return (field is not None and place not in self.obstacles
-                and (field[1] in (120100, 120101) or field[0] & ~15 not in WATER) and field[1] in LOW_THINGS)
+        if (field := self.field(*place)) is None or place in self.obstacles:
+            return False
+        ground, thing = field
+        is_shore = ground & ~15 == SAND_SHALLOW and (ground & 15).bit_count() < 3
+        return thing in PIERS or (thing in LOW_THINGS and not is_shore and ground & ~15 not in WATER)
 
     def step(self, direction):
         """Whether a press of the direction's key moved the player."""
         key, x, y = DIRECTIONS[direction]
         before, asked = self.relay.position, self.relay.from_client[MOVE_REQUEST]
-        # A press during the last step's slide counts for nothing.
+        # A step takes its time, and nothing outside the client tells when it is over. Presses before count for nothing, or
+        # make the server refuse somebody who hurries.
+        time.sleep(max(0, self.arrival - time.monotonic()))
         self.client.wait("a press asks for a step", lambda: (
             self.client.key(key), happens(lambda: self.relay.from_client[MOVE_REQUEST] > asked, 0.25))[1])
         if happens(lambda: self.relay.position != before, 2):
+            self.arrival = time.monotonic() + STEP_SECONDS
             return True
         self.obstacles.add((before[0] + x, before[1] + y))
         return False
