@@ -56,9 +56,9 @@ int GetNaturalLevel(double inland, double hill, double pond) {
   if (inland < -7) return kDeep;
   if (inland < 0) return kShallow;
   if (inland < 4.5) return kSand;
-  if (inland > 13 && hill > 1.5) return kSnow;
+  if (inland > 15 && hill > 1.8) return kSnow;
   if (inland > 9 && hill > 0.66) return kRock;
-  if (inland > 14 && pond > 0.62 && hill < 0.35) return kShallow;
+  if (inland > 14 && pond > 0.6 && hill < 0.35) return kShallow;
   return kGrass;
 }
 
@@ -76,8 +76,8 @@ int GetLevelByRoad(int level, double road, double ridge) {
 TerrainNoises::TerrainNoises(std::uint64_t seed)
     : coast(seed + 11, 96, 5),
       islets(seed + 12, 48, 3),
-      hills(seed + 13, 48, 3),
-      ponds(seed + 14, 24, 2),
+      hills(seed + 13, 96, 4),
+      ponds(seed + 14, 48, 2),
       ridges(seed + 15, 24, 2) {}
 
 TerrainLevels::TerrainLevels(const TerrainNoises& noises, const Landscape& landscape, PlanePoint firstField) {
