@@ -34,6 +34,15 @@ void Screen::QueuePacket(std::unique_ptr<Packet> packet) {
   if (mOutgoing.Put(packet.get())) static_cast<void>(packet.release());
 }
 
+void Screen::BuildAroundPicture(std::span<const Component> table, std::uint32_t picture) {
+  FillWindow();
+  SetClearOnBlit(true);
+  SetBackgroundColor(0, 0, 0);
+  mComponents.Build(*this, table);
+  mComponents.PlaceAll();
+  mComponents.Get<ControlBasic>(picture).SetEnabled(false);
+}
+
 void Screen::FillWindow() { SetPosition(0, 0, mVideoSurface->w, mVideoSurface->h); }
 
 }  // namespace tolva

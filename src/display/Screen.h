@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 
 #include <SDL.h>
 
@@ -49,6 +50,9 @@ class Screen : public ControlBasic {
 
   // Covers the whole video surface.
   void FillWindow();
+
+  // Builds and places the components on black. A click on the component `picture` is a click on the screen.
+  void BuildAroundPicture(std::span<const Component> table, std::uint32_t picture);
 
   // Hands `packet` to `handler` (a callable for each of Packets) as what it really is. A packet whose claim is false,
   // or that the handler does not know, goes nowhere.

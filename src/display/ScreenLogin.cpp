@@ -78,13 +78,7 @@ ScreenLogin::~ScreenLogin() { ScreenLogin::TerminateComponents(); }
 
 void ScreenLogin::InitializeComponents() {
   Guard("ScreenLogin", "InitializeComponents", [&] {
-    FillWindow();
-    SetClearOnBlit(true);
-    SetBackgroundColor(0, 0, 0);
-    mComponents.Build(*this, kTable);
-    mComponents.PlaceAll();
-    // A click on the picture is a click on the screen.
-    mComponents.Get<ControlBasic>(kTitle).SetEnabled(false);
+    BuildAroundPicture(kTable, kTitle);
     mComponents.Get<ControlTextBox>(kNameBox).SetActive(true);
   });
 }

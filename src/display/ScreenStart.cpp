@@ -42,13 +42,7 @@ ScreenStart::~ScreenStart() { ScreenStart::TerminateComponents(); }
 
 void ScreenStart::InitializeComponents() {
   Guard("ScreenStart", "InitializeComponents", [&] {
-    FillWindow();
-    SetClearOnBlit(true);
-    SetBackgroundColor(0, 0, 0);
-    mComponents.Build(*this, kTable);
-    mComponents.PlaceAll();
-    // A click on the picture is a click on the screen.
-    mComponents.Get<ControlBasic>(kTitle).SetEnabled(false);
+    BuildAroundPicture(kTable, kTitle);
 
     char line[64];
     std::snprintf(line, sizeof line, "Press any key - Version %d.%d.%d", kVersionMajor, kVersionMinor, kVersionBugfix);
