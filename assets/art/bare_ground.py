@@ -5,7 +5,8 @@ the eye finds a large shape that repeats, and with it the grid of the fields.
 """
 import numpy as np
 
-from field import N, TEXEL_U, TEXEL_V, Brush, blend_inside, inside_weight, placed, project, scattered, sunlight, tone, varied_noise
+from field import (N, TEXEL_U, TEXEL_V, Brush, blend_inside, inside_weight, placed, project, scattered, sunlight, tone,
+                   varied_noise)
 from noise import mix, periodic_noise, ramp, rgb, smooth_step
 
 
@@ -62,7 +63,7 @@ def plates(seed, grid, jitter, variant):
 
 
 def paint_rock(variant):
-    """Cracked plates over humps and hollows; bare slabs stand out of them, moss lies in the hollows, lichen anywhere."""
+    """Cracked plates over humps and hollows; bare slabs stand out, moss lies in the hollows, lichen anywhere."""
     crack_distance, tint = plates(31, 5, .86, variant)
     rough = varied_noise(35, 2.4, 3, 50, variant)
     grain = periodic_noise(N, 36, .5, 30, 100)

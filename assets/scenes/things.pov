@@ -1,5 +1,5 @@
-// What stands on one field: Thing is the picture's id. The middle of the field is the origin; the thing is moved from it
-// by so many pixels to the right and down.
+// What stands on one field: Thing is the picture's id. The middle of the field is the origin; the thing
+// is moved from it by so many pixels to the right and down.
 #include "iso.inc"
 #ifndef (Thing) #declare Thing = 120000; #end
 #ifndef (Right) #declare Right = 0; #end
@@ -29,6 +29,9 @@
   #case (120011) #declare Standing = OldPine() #break
   #case (120012) #declare Standing = PineGroup() #break
   #case (120013) #declare Standing = CrookedPine() #break
+  #case (120014) #declare Standing = object { Oak() scale <-.84, .86, .84> } #break              // a young oak
+  #case (120015) #declare Standing = object { Beech() scale <-.80, .78, .80> } #break            // a young beech
+  #case (120016) #declare Standing = SlimPine() #break
   #case (120020) #declare Standing = Bush() #break
   #case (120021) #declare Standing = BerryBush() #break
   #case (120022) #declare Standing = Fern() #break

@@ -1,8 +1,8 @@
 #include "server/terrain/Vegetation.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
+#include <span>
 
 namespace tolva {
 namespace {
@@ -15,44 +15,42 @@ struct Share {
   Thing thing;
   int weight;
 };
-// What a draw may give. Unused places have no weight.
-using Mixture = std::array<Share, 6>;
-
-Thing Draw(const Mixture& mixture, double chance) {
+// One of the shares; `chance` is from 0 to 1. Shares without a weight are never drawn.
+Thing Draw(std::span<const Share> shares, double chance) {
   int total = 0;
-  for (const Share& share : mixture) total += share.weight;
+  for (const Share& share : shares) total += share.weight;
   double left = chance * total;
-  for (const Share& share : mixture) {
+  for (const Share& share : shares) {
     left -= share.weight;
     if (left < 0) return share.thing;
   }
-  return mixture[0].thing;
+  return shares.front().thing;
 }
 
-// The trees of one kind of wood, from hills to damp ground, for each Stand. Where trees stand close they grow tall and
-// thin; where they have light from all sides they grow broad.
-struct TreeRow {
-  double above;
-  std::array<Mixture, 3> mixtures;
+// The trees of one kind of wood, for each Stand: where trees are close they grow tall and thin; where they have light
+// from all sides they grow broad.
+struct Trees {
+  double above;  // what kind of wood it is: from hills down to damp ground
+  Share mixtures[3][7];
 };
 using enum Thing;
-constexpr TreeRow kTrees[] = {
+constexpr Trees kTrees[] = {
     {0.25,
-     {{{{{Pine, 50}, {OldPine, 22}, {YoungPine, 12}, {PineGroup, 12}, {SlenderTree, 4}}},
-       {{{Pine, 35}, {PineGroup, 30}, {YoungPine, 15}, {OldPine, 12}, {CrookedPine, 8}}},
-       {{{OldPine, 30}, {CrookedPine, 30}, {Pine, 20}, {PineGroup, 20}}}}}},
+     {{{Pine, 32}, {SlimPine, 28}, {OldPine, 18}, {YoungPine, 10}, {PineGroup, 8}, {SlenderTree, 4}},
+      {{Pine, 24}, {PineGroup, 24}, {SlimPine, 16}, {YoungPine, 16}, {OldPine, 12}, {CrookedPine, 8}},
+      {{OldPine, 30}, {CrookedPine, 30}, {Pine, 20}, {PineGroup, 20}}}},
     {-0.3,
-     {{{{{Beech, 34}, {SlenderTree, 26}, {Oak, 24}, {Hornbeam, 10}, {AutumnTree, 3}, {GreatOak, 3}}},
-       {{{Oak, 32}, {Hornbeam, 24}, {GreatOak, 18}, {Beech, 16}, {SlenderTree, 6}, {AutumnTree, 4}}},
-       {{{GreatOak, 50}, {Oak, 20}, {Hornbeam, 20}, {Beech, 10}}}}}},
+     {{{Beech, 22}, {YoungBeech, 17}, {SlenderTree, 20}, {Oak, 17}, {YoungOak, 13}, {Hornbeam, 8}, {AutumnTree, 3}},
+      {{Oak, 20}, {YoungOak, 16}, {Hornbeam, 20}, {GreatOak, 18}, {Beech, 10}, {YoungBeech, 10}, {AutumnTree, 6}},
+      {{GreatOak, 50}, {Oak, 20}, {Hornbeam, 20}, {Beech, 10}}}},
     {-0.6,
-     {{{{{Birch, 56}, {SlenderTree, 24}, {Oak, 20}}},
-       {{{Birch, 60}, {Oak, 20}, {Hornbeam, 20}}},
-       {{{Birch, 60}, {GreatOak, 40}}}}}},
+     {{{Birch, 56}, {SlenderTree, 24}, {YoungOak, 20}},
+      {{Birch, 60}, {Oak, 20}, {Hornbeam, 20}},
+      {{Birch, 60}, {GreatOak, 40}}}},
     {-std::numeric_limits<double>::infinity(),
-     {{{{{AutumnTree, 50}, {Birch, 35}, {SlenderTree, 15}}},
-       {{{AutumnTree, 60}, {Birch, 40}}},
-       {{{AutumnTree, 70}, {GreatOak, 30}}}}}},
+     {{{AutumnTree, 50}, {Birch, 35}, {SlenderTree, 15}},
+      {{AutumnTree, 60}, {Birch, 40}},
+      {{AutumnTree, 70}, {GreatOak, 30}}}},
 };
 
 }  // namespace
@@ -107,10 +105,7 @@ Thing Vegetation::GetThing(const Habitat& habitat, Ground ground, const Landscap
     case Level::Rock:
       return PickOnRock(place);
     case Level::Snow:
-      if (!IsFirstOf(place, true) || ChanceAt(place, 3) > 0.3) return Thing::None;
-      return ChanceAt(place, 4) < 0.5    ? Thing::Boulder
-             : ChanceAt(place, 4) < 0.75 ? Thing::YoungPine
-                                         : Thing::PineGroup;
+      return PickOnSnow(place);
     case Level::Grass:
       break;
   }
@@ -151,7 +146,7 @@ Thing Vegetation::GetThingOnRim(const Habitat& habitat, Level upper) const {
 Thing Vegetation::PickTree(const Habitat& habitat, const Landscape& landscape, Stand stand) const {
   double kind = mKinds.At(habitat.place) + 0.3 * (ChanceAt(habitat.place, 5) - 0.5);
   for (const Landscape::Mood& mood : landscape.GetMoods()) kind += 0.45 * mood.hills * mood.GetStrength(habitat.spot);
-  const auto row = std::ranges::find_if(kTrees, [&](const TreeRow& trees) { return kind > trees.above; });
+  const auto row = std::ranges::find_if(kTrees, [&](const Trees& trees) { return kind > trees.above; });
   return Draw(row->mixtures[static_cast<std::size_t>(stand)], ChanceAt(habitat.place, 6));
 }
 
@@ -186,12 +181,18 @@ Thing Vegetation::PickOnRock(PlanePoint place) const {
   const double thicket = mThickets.At(place);
   if (thicket > -0.05 && IsFirstOf(place, thicket < 0.25)) return chance < 0.45 ? Thing::Boulder : Thing::Rocks;
   if (thicket < -0.05 && IsFirstOf(place, true)) {
-    constexpr Mixture kMountainTrees = {
-        {{CrookedPine, 26}, {PineGroup, 20}, {YoungPine, 18}, {Pine, 13}, {DeadTree, 9}, {None, 14}}};
+    constexpr Share kMountainTrees[] = {{CrookedPine, 26}, {PineGroup, 20}, {YoungPine, 18},
+                                        {Pine, 13},        {DeadTree, 9},   {None, 14}};
     return Draw(kMountainTrees, chance);
   }
   if (chance < 0.07) return Thing::Pebbles;
   return chance > 0.96 ? Thing::Tuft : Thing::None;
+}
+
+Thing Vegetation::PickOnSnow(PlanePoint place) const {
+  if (!IsFirstOf(place, true) || ChanceAt(place, 3) > 0.3) return Thing::None;
+  constexpr Share kSnowThings[] = {{Boulder, 50}, {YoungPine, 25}, {PineGroup, 25}};
+  return Draw(kSnowThings, ChanceAt(place, 4));
 }
 
 Thing Vegetation::PickOnSand(PlanePoint place, double inland) const {

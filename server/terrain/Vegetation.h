@@ -40,6 +40,7 @@ class Vegetation {
   Thing PickUnderTrees(PlanePoint place) const;
   Thing PickOnGrass(PlanePoint place) const;
   Thing PickOnRock(PlanePoint place) const;
+  Thing PickOnSnow(PlanePoint place) const;
   Thing PickOnSand(PlanePoint place, double inland) const;
   Thing PickInWater(PlanePoint place, double inland) const;
   double ChanceAt(PlanePoint place, std::uint64_t salt) const;
