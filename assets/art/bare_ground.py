@@ -5,7 +5,8 @@ the eye finds a large shape that repeats, and with it the grid of the fields.
 """
 import numpy as np
 
-from field import N, TEXEL_U, TEXEL_V, Brush, placed, project, scattered, sunlight, tone, varied_noise
+from field import (N, TEXEL_U, TEXEL_V, Brush, blend_inside, inside_weight, placed, project, scattered, sunlight, tone,
+                   varied_noise)
 from noise import mix, periodic_noise, ramp, rgb, smooth_step
 
 
@@ -62,18 +63,27 @@ def plates(seed, grid, jitter, variant):
 
 
 def paint_rock(variant):
-    """Cracked plates with a little moss."""
-    crack_distance, tint = plates(31, 5, .76, variant)
-    rough = varied_noise(35, 2.2, 3, 60, variant)
+    """Cracked plates over humps and hollows; bare slabs stand out, moss lies in the hollows, lichen anywhere."""
+    crack_distance, tint = plates(31, 5, .86, variant)
+    rough = varied_noise(35, 2.4, 3, 50, variant)
     grain = periodic_noise(N, 36, .5, 30, 100)
-    height = 5 * smooth_step(0, .05, crack_distance) + 3.5 * tint + 1.3 * rough + .35 * grain
-    colour = ramp(tint + .16 * varied_noise(37, 2, 3, 30, variant),
-                  [(0, rgb(136, 130, 121)), (.5, rgb(154, 147, 136)), (1, rgb(171, 163, 150))])
-    moss = smooth_step(1.1, 1.9, varied_noise(38, 2.2, 3, 24, variant))[..., None]
-    colour = mix(colour, rgb(112, 122, 76), .5 * moss)
-    crack = smooth_step(0, .035, crack_distance)[..., None]
+    # Relief wider than a plate would repeat along the borders, so most of it keeps inside, where each variant is a
+    # rise or a hollow as a whole: like ones side by side make larger ones.
+    broad = blend_inside(.30 * periodic_noise(N, 31, 2.6, 2, 4), .9 * periodic_noise(N, 311 + variant, 2.6, 1, 4))
+    broad += inside_weight(.34) * (1.5, -1.7, .5, -.6)[variant]
+    ledge = inside_weight(.22) * (periodic_noise(N, 321 + variant, 2.8, 1, 9) + .4 * broad)
+    slab = smooth_step(.80, .90, ledge)
+    crack = mix(smooth_step(0, .034, crack_distance), 1, .75 * slab)
+    height = 5 * crack + 3.2 * tint * (1 - slab) + 7 * slab + 3 * broad + .8 * rough + .35 * grain
+    colour = ramp(tint * (1 - .7 * slab) + .6 * slab + .17 * broad + .10 * rough,
+                  [(0, rgb(128, 124, 119)), (.5, rgb(151, 145, 135)), (1, rgb(176, 168, 154)),
+                   (1.3, rgb(190, 182, 166))])
+    lichen = smooth_step(1.5, 1.8, varied_noise(37, 1.8, 6, 20, variant))[..., None]
+    colour = mix(colour, rgb(198, 190, 140), .5 * lichen)
     light = sunlight(height, 1.15)[..., None]
-    return project(colour * (.38 + .62 * light) * (.66 + .34 * crack))
+    stone = colour * (.36 + .64 * np.clip(light, .2, 1.5)) * (.62 + .38 * crack[..., None])
+    moss = smooth_step(.75, 1.25, varied_noise(38, 2.6, 2, 18, variant) - .6 * broad - 2 * slab)[..., None]
+    return project(mix(stone, rgb(112, 124, 68) * (.42 + .58 * light), .70 * moss))
 
 
 def paint_cobbles(variant):

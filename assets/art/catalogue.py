@@ -37,7 +37,9 @@ TRANSITIONS = {("Shallow", "Deep"): 112512, ("Sand", "Shallow"): 112528, ("Grass
                ("Snow", "Rock"): 112608, ("Grass", "Cobbles"): 112624}
 
 THINGS = {"Oak": 120000, "Beech": 120001, "Pine": 120002, "Palm": 120003, "Birch": 120004, "AutumnTree": 120005,
-          "DeadTree": 120006, "YoungPine": 120007,
+          "DeadTree": 120006, "YoungPine": 120007, "GreatOak": 120008, "SlenderTree": 120009, "Hornbeam": 120010,
+          "OldPine": 120011, "PineGroup": 120012, "CrookedPine": 120013, "YoungOak": 120014,
+          "YoungBeech": 120015, "SlimPine": 120016,
           "Bush": 120020, "BerryBush": 120021, "Fern": 120022, "Mushrooms": 120023, "Tuft": 120024,
           "FlowerTuft": 120025, "Poppies": 120026, "Reeds": 120027, "WaterLilies": 120028,
           "Rocks": 120040, "Boulder": 120041, "Pebbles": 120042, "Stump": 120043, "Logs": 120044,
@@ -46,6 +48,12 @@ THINGS = {"Oak": 120000, "Beech": 120001, "Pine": 120002, "Palm": 120003, "Birch
           "FruitStall": 120085, "FishStall": 120086, "Bench": 120087, "Haystack": 120088, "Cart": 120089,
           "Campfire": 120090, "Scarecrow": 120091,
           "PierNorthEast": 120100, "PierNorthWest": 120101, "Boat": 120102, "SailingBoat": 120103}
+
+# Where trees have their roots: pixels right of and below the middle of their field. Trees in the middle would stand in
+# rows, and their crowns on top of each other.
+ROOTS = {"Oak": (-5, 3), "Beech": (8, -3), "Pine": (-4, 2), "Birch": (4, 4), "AutumnTree": (-7, -3),
+         "DeadTree": (5, -2), "YoungPine": (9, 4), "GreatOak": (0, -3), "SlenderTree": (-9, -4), "Hornbeam": (9, 2),
+         "OldPine": (5, -4), "CrookedPine": (-8, 1), "YoungOak": (8, -4), "YoungBeech": (-9, 4), "SlimPine": (9, -4)}
 
 # first id, fields along x (to the south-east), fields along y (to the north-east)
 HOUSES = {"TiledHouse": (121000, 3, 3), "ThatchedHouse": (121064, 3, 2), "Tavern": (121128, 4, 3)}

@@ -7,8 +7,8 @@ import struct
 import numpy as np
 from PIL import Image
 
-from catalogue import (CATALOGUE, CHARACTER, DIRECTIONS, FRAME, FRAMES, HOUSES, KINDS, PIECES, THINGS, TRANSITIONS,
-                       VARIANTS)
+from catalogue import (CATALOGUE, CHARACTER, DIRECTIONS, FRAME, FRAMES, HOUSES, KINDS, PIECES, ROOTS, THINGS,
+                       TRANSITIONS, VARIANTS)
 from paths import ASSETS, GRAPHICS
 from pictures import KEY
 
@@ -80,7 +80,7 @@ def faults(number):
 
 
 def shape_faults(number, opaque):
-    """Holes in the ground, figures that do not stand on the middle of their field, and what the border cuts."""
+    """Holes in the ground, figures that do not stand where they should, and what the border cuts."""
     use, figures = CATALOGUE[number].use, []
     if use.startswith("ground"):
         step, x, skip = np.indices((7, 38, 2))           # the lines along which the client blends two grounds
@@ -91,14 +91,15 @@ def shape_faults(number, opaque):
         if not (tile | np.roll(tile, (18, 38), (0, 1))).all():
             yield "leaves a hole between fields"
     elif use.startswith("thing") and not use.startswith(("thing: Fence", "thing: Pier")):   # these join at the border
-        figures = [(opaque, 209)]
+        right, down = ROOTS.get(use.removeprefix("thing: "), (0, 0))
+        figures = [(opaque, 38 + right, 209 + down)]
     elif number == CHARACTER:
         frames = opaque.reshape(DIRECTIONS, FRAME[1], FRAMES, FRAME[0]).swapaxes(1, 2)
-        figures = [(frame, 95) for row in frames for frame in row]
-    for figure, foot in figures:
-        if not figure[foot - 5:foot + 5, 33:43].any() or figure[:, [0, -1]].any():
-            yield "does not stand on the middle of its field, or is cut off at the side"
-    if any(figure[0].any() for figure, _ in figures) or use.startswith("house") and opaque[0].any():
+        figures = [(frame, 38, 95) for row in frames for frame in row]
+    for figure, middle, foot in figures:
+        if not figure[foot - 5:foot + 5, middle - 5:middle + 5].any() or figure[:, [0, -1]].any():
+            yield "does not stand where it should on its field, or is cut off at the side"
+    if any(figure[0].any() for figure, _, _ in figures) or use.startswith("house") and opaque[0].any():
         yield "is cut off above"
 
 

@@ -1,5 +1,5 @@
 """Renders the things that stand on one field."""
-from catalogue import THING, THINGS
+from catalogue import ROOTS, THING, THINGS
 from cutting import cut_out_with_shadow
 from pictures import write_picture
 
@@ -8,4 +8,5 @@ def make(*wanted):
     """All things, or only those with these names."""
     for name, number in THINGS.items():
         if not wanted or name in wanted:
-            write_picture(number, *cut_out_with_shadow("things", THING, Thing=number))
+            right, down = ROOTS.get(name, (0, 0))
+            write_picture(number, *cut_out_with_shadow("things", THING, Thing=number, Right=right, Down=down))

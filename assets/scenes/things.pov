@@ -1,6 +1,9 @@
-// What stands on one field: Thing is the picture's id. The middle of the field is the origin.
+// What stands on one field: Thing is the picture's id. The middle of the field is the origin; the thing
+// is moved from it by so many pixels to the right and down.
 #include "iso.inc"
 #ifndef (Thing) #declare Thing = 120000; #end
+#ifndef (Right) #declare Right = 0; #end
+#ifndef (Down) #declare Down = 0; #end
 #declare RS = seed(Thing);
 
 #include "leaves.inc"
@@ -20,6 +23,15 @@
   #case (120005) #declare Standing = AutumnTree() #break
   #case (120006) #declare Standing = DeadTree() #break
   #case (120007) #declare Standing = YoungPine() #break
+  #case (120008) #declare Standing = GreatOak() #break
+  #case (120009) #declare Standing = SlenderTree() #break
+  #case (120010) #declare Standing = Hornbeam() #break
+  #case (120011) #declare Standing = OldPine() #break
+  #case (120012) #declare Standing = PineGroup() #break
+  #case (120013) #declare Standing = CrookedPine() #break
+  #case (120014) #declare Standing = object { Oak() scale <-.84, .86, .84> } #break              // a young oak
+  #case (120015) #declare Standing = object { Beech() scale <-.80, .78, .80> } #break            // a young beech
+  #case (120016) #declare Standing = SlimPine() #break
   #case (120020) #declare Standing = Bush() #break
   #case (120021) #declare Standing = BerryBush() #break
   #case (120022) #declare Standing = Fern() #break
@@ -58,4 +70,4 @@
 #end
 
 IsoCamera(76, 228, 38, 209.5)
-Show(Standing)
+Show(object { Standing translate <Right/PixelsPerUnit, 0, -Down/PixelsPerUnit*76/36> })

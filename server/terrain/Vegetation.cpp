@@ -1,6 +1,8 @@
 #include "server/terrain/Vegetation.h"
 
 #include <algorithm>
+#include <limits>
+#include <span>
 
 namespace tolva {
 namespace {
@@ -8,6 +10,48 @@ namespace {
 constexpr double kWoodBegins = 0.24;
 // How far from the coast the last palms stand: none by ponds.
 constexpr double kPalmsEnd = 13;
+
+struct Share {
+  Thing thing;
+  int weight;
+};
+// One of the shares; `chance` is from 0 to 1. Shares without a weight are never drawn.
+Thing Draw(std::span<const Share> shares, double chance) {
+  int total = 0;
+  for (const Share& share : shares) total += share.weight;
+  double left = chance * total;
+  for (const Share& share : shares) {
+    left -= share.weight;
+    if (left < 0) return share.thing;
+  }
+  return shares.front().thing;
+}
+
+// The trees of one kind of wood, for each Stand: where trees are close they grow tall and thin; where they have light
+// from all sides they grow broad.
+struct Trees {
+  double above;  // what kind of wood it is: from hills down to damp ground
+  Share mixtures[3][7];
+};
+using enum Thing;
+constexpr Trees kTrees[] = {
+    {0.25,
+     {{{Pine, 32}, {SlimPine, 28}, {OldPine, 18}, {YoungPine, 10}, {PineGroup, 8}, {SlenderTree, 4}},
+      {{Pine, 24}, {PineGroup, 24}, {SlimPine, 16}, {YoungPine, 16}, {OldPine, 12}, {CrookedPine, 8}},
+      {{OldPine, 30}, {CrookedPine, 30}, {Pine, 20}, {PineGroup, 20}}}},
+    {-0.3,
+     {{{Beech, 22}, {YoungBeech, 17}, {SlenderTree, 20}, {Oak, 17}, {YoungOak, 13}, {Hornbeam, 8}, {AutumnTree, 3}},
+      {{Oak, 20}, {YoungOak, 16}, {Hornbeam, 20}, {GreatOak, 18}, {Beech, 10}, {YoungBeech, 10}, {AutumnTree, 6}},
+      {{GreatOak, 50}, {Oak, 20}, {Hornbeam, 20}, {Beech, 10}}}},
+    {-0.6,
+     {{{Birch, 56}, {SlenderTree, 24}, {YoungOak, 20}},
+      {{Birch, 60}, {Oak, 20}, {Hornbeam, 20}},
+      {{Birch, 60}, {GreatOak, 40}}}},
+    {-std::numeric_limits<double>::infinity(),
+     {{{AutumnTree, 50}, {Birch, 35}, {SlenderTree, 15}},
+      {{AutumnTree, 60}, {Birch, 40}},
+      {{AutumnTree, 70}, {GreatOak, 30}}}},
+};
 
 }  // namespace
 
@@ -61,20 +105,22 @@ Thing Vegetation::GetThing(const Habitat& habitat, Ground ground, const Landscap
     case Level::Rock:
       return PickOnRock(place);
     case Level::Snow:
-      if (!IsFirstOf(place, true) || ChanceAt(place, 3) > 0.3) return Thing::None;
-      return ChanceAt(place, 4) < 0.5 ? Thing::Boulder : Thing::YoungPine;
+      return PickOnSnow(place);
     case Level::Grass:
       break;
   }
   // Trees stand close inside a wood, apart on its rim, and in copses and alone on the meadow.
   const double wood = GetWood(habitat, landscape);
   if (wood > kWoodBegins) {
-    const bool isTree = IsFirstOf(place, wood < kWoodBegins + 0.15);
-    return isTree ? PickTree(habitat, landscape) : PickUnderTrees(place);
+    const bool isRim = wood < kWoodBegins + 0.15;
+    if (!IsFirstOf(place, isRim)) return PickUnderTrees(place);
+    return PickTree(habitat, landscape, isRim ? Stand::Rim : Stand::Inside);
   }
   if (ground == Ground::Grass && IsFirstOf(place, true)) {
     const bool isCopse = mThickets.At(place) + 0.5 * mMeadows.At(place) > 0.38;
-    if (ChanceAt(place, 7) < (isCopse ? 0.8 : wood > 0 ? 0.35 : 0.1)) return PickTree(habitat, landscape);
+    if (ChanceAt(place, 7) < (isCopse ? 0.8 : wood > 0 ? 0.35 : 0.1)) {
+      return PickTree(habitat, landscape, isCopse || wood > 0 ? Stand::Rim : Stand::Alone);
+    }
   }
   if (ground == Ground::Flowers) {
     const double chance = ChanceAt(place, 3);
@@ -97,14 +143,11 @@ Thing Vegetation::GetThingOnRim(const Habitat& habitat, Level upper) const {
   return chance < 0.4 ? Thing::Rocks : chance < 0.55 ? Thing::Boulder : Thing::None;
 }
 
-Thing Vegetation::PickTree(const Habitat& habitat, const Landscape& landscape) const {
+Thing Vegetation::PickTree(const Habitat& habitat, const Landscape& landscape, Stand stand) const {
   double kind = mKinds.At(habitat.place) + 0.3 * (ChanceAt(habitat.place, 5) - 0.5);
   for (const Landscape::Mood& mood : landscape.GetMoods()) kind += 0.45 * mood.hills * mood.GetStrength(habitat.spot);
-  const double chance = ChanceAt(habitat.place, 6);
-  if (kind > 0.25) return chance < 0.8 ? Thing::Pine : Thing::YoungPine;
-  if (kind < -0.6) return chance < 0.6 ? Thing::AutumnTree : Thing::Birch;
-  if (kind < -0.3) return chance < 0.7 ? Thing::Birch : Thing::Oak;
-  return chance < 0.5 ? Thing::Oak : chance < 0.96 ? Thing::Beech : Thing::AutumnTree;
+  const auto row = std::ranges::find_if(kTrees, [&](const Trees& trees) { return kind > trees.above; });
+  return Draw(row->mixtures[static_cast<std::size_t>(stand)], ChanceAt(habitat.place, 6));
 }
 
 Thing Vegetation::PickUnderTrees(PlanePoint place) const {
@@ -138,11 +181,18 @@ Thing Vegetation::PickOnRock(PlanePoint place) const {
   const double thicket = mThickets.At(place);
   if (thicket > -0.05 && IsFirstOf(place, thicket < 0.25)) return chance < 0.45 ? Thing::Boulder : Thing::Rocks;
   if (thicket < -0.05 && IsFirstOf(place, true)) {
-    if (chance < 0.75) return chance < 0.35 ? Thing::Pine : Thing::YoungPine;
-    return chance < 0.85 ? Thing::DeadTree : Thing::None;
+    constexpr Share kMountainTrees[] = {{CrookedPine, 26}, {PineGroup, 20}, {YoungPine, 18},
+                                        {Pine, 13},        {DeadTree, 9},   {None, 14}};
+    return Draw(kMountainTrees, chance);
   }
   if (chance < 0.07) return Thing::Pebbles;
   return chance > 0.96 ? Thing::Tuft : Thing::None;
+}
+
+Thing Vegetation::PickOnSnow(PlanePoint place) const {
+  if (!IsFirstOf(place, true) || ChanceAt(place, 3) > 0.3) return Thing::None;
+  constexpr Share kSnowThings[] = {{Boulder, 50}, {YoungPine, 25}, {PineGroup, 25}};
+  return Draw(kSnowThings, ChanceAt(place, 4));
 }
 
 Thing Vegetation::PickOnSand(PlanePoint place, double inland) const {

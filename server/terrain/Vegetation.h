@@ -31,12 +31,16 @@ class Vegetation {
   Thing GetThingOnRim(const Habitat& habitat, Level upper) const;
 
  private:
+  // How much room a tree has: inside a wood, on its rim or in a copse, or a meadow to itself.
+  enum class Stand { Inside, Rim, Alone };
+
   double GetWood(const Habitat& habitat, const Landscape& landscape) const;
   bool IsFirstOf(PlanePoint place, bool withDiagonals) const;
-  Thing PickTree(const Habitat& habitat, const Landscape& landscape) const;
+  Thing PickTree(const Habitat& habitat, const Landscape& landscape, Stand stand) const;
   Thing PickUnderTrees(PlanePoint place) const;
   Thing PickOnGrass(PlanePoint place) const;
   Thing PickOnRock(PlanePoint place) const;
+  Thing PickOnSnow(PlanePoint place) const;
   Thing PickOnSand(PlanePoint place, double inland) const;
   Thing PickInWater(PlanePoint place, double inland) const;
   double ChanceAt(PlanePoint place, std::uint64_t salt) const;
