@@ -1,6 +1,7 @@
 #include "server/terrain/Vegetation.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <span>
 
@@ -93,6 +94,14 @@ bool Vegetation::IsFirstOf(PlanePoint place, bool withDiagonals) const {
   return true;
 }
 
+// Whether the draw has left room for one more: none of the four neighbours has won, nor the field itself.
+bool Vegetation::IsGap(PlanePoint place) const {
+  constexpr PlanOffset kCross[] = {{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}};
+  return std::none_of(std::begin(kCross), std::end(kCross), [&](const PlanOffset& step) {
+    return IsFirstOf({place.x + step.x, place.y + step.y}, false);
+  });
+}
+
 Thing Vegetation::GetThing(const Habitat& habitat, Ground ground, const Landscape& landscape) const {
   const PlanePoint place = habitat.place;
   switch (habitat.level) {
@@ -113,7 +122,8 @@ Thing Vegetation::GetThing(const Habitat& habitat, Ground ground, const Landscap
   const double wood = GetWood(habitat, landscape);
   if (wood > kWoodBegins) {
     const bool isRim = wood < kWoodBegins + 0.15;
-    if (!IsFirstOf(place, isRim)) return PickUnderTrees(place);
+    const bool isTree = IsFirstOf(place, isRim) || (!isRim && ChanceAt(place, 8) < 0.5 && IsGap(place));
+    if (!isTree) return PickUnderTrees(place);
     return PickTree(habitat, landscape, isRim ? Stand::Rim : Stand::Inside);
   }
   if (ground == Ground::Grass && IsFirstOf(place, true)) {

@@ -36,6 +36,7 @@ class Vegetation {
 
   double GetWood(const Habitat& habitat, const Landscape& landscape) const;
   bool IsFirstOf(PlanePoint place, bool withDiagonals) const;
+  bool IsGap(PlanePoint place) const;
   Thing PickTree(const Habitat& habitat, const Landscape& landscape, Stand stand) const;
   Thing PickUnderTrees(PlanePoint place) const;
   Thing PickOnGrass(PlanePoint place) const;
