@@ -34,7 +34,7 @@ constexpr const char* kLines[] = {
     "Do not lean on that fence, it is newly mended.",
     "I counted the mushrooms in the wood. Then I ate them. Then I counted the trees twice.",
     "You come back to where you left us, you know. We keep your place warm.",
-    "A boat is a hole in the water that you throw planks into.",
+    "My boat leaks. I tell everybody that it is thirsty.",
     "No two islands are alike, but each has somebody who says so.",
     "It will be dark before long. It always is.",
 };
