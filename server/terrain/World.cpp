@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "protocol/Steps.h"
 #include "server/terrain/AreaPainter.h"
 
 namespace tolva {
@@ -12,11 +13,6 @@ namespace {
 
 // What some dozens of players see at once; 12 MB.
 constexpr std::size_t kMostAreas = 2048;
-
-bool NamesField(const FieldPosition& field) {
-  constexpr int areas = kRegionFields / kAreaEdge;
-  return field.mByAx < areas && field.mByAy < areas && field.mByFx < kAreaEdge && field.mByFy < kAreaEdge;
-}
 
 struct AreaKey {
   std::uint64_t regions;
@@ -83,7 +79,7 @@ std::shared_ptr<const AreaContent> World::GetArea(const AreaPosition& area) {
 }
 
 bool World::IsWalkable(const FieldPosition& field) {
-  return NamesField(field) && !GetArea(field)->blocked[AreaContent::IndexOf(field.mByFx, field.mByFy)];
+  return IsInRange(field) && !GetArea(field)->blocked[AreaContent::IndexOf(field.mByFx, field.mByFy)];
 }
 
 const std::vector<FieldPosition>& World::GetArrivals() const { return mImpl->arrivals; }

@@ -1,6 +1,7 @@
 #include "display/GameDisplayRect.h"
 
 #include "controls/SdlCalls.h"
+#include "display/FieldTiles.h"
 #include "display/TileBlend.h"
 #include "foundation/Guard.h"
 #include "foundation/InfoHandler.h"
@@ -12,17 +13,9 @@ namespace {
 
 constexpr char kModule[] = "GameDisplayRect";
 
-constexpr int kTileWidth = 76;
-constexpr int kTileHeight = 36;
-
 // One more than fits each way, because the outermost tiles lie half outside.
 constexpr int kRows = GameDisplayRect::kHeight / kTileHeight + 1;
 constexpr int kColumns = GameDisplayRect::kWidth / kTileWidth + 1;
-
-// What a field without a neighbour hands on: the walk goes on over the map's edge and finds nothing there.
-const Field* Next(const Field* field, Direction direction) {
-  return field == nullptr ? nullptr : field->GetNeighbor(direction);
-}
 
 // Grounds that differ only in these bits are variants of one.
 bool IsSameGround(const Field& a, const Field& b) { return a.GetGroundId() >> 4 == b.GetGroundId() >> 4; }

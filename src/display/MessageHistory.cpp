@@ -24,7 +24,6 @@ constexpr int kRowHeight = 16;
 constexpr int kTopLine = 2;
 // What a label leaves free left and right of its text.
 constexpr int kLabelMargin = 3;
-constexpr Rgb kNameColor{247, 231, 135};
 
 int GetPanelHeight(std::uint32_t mode, int windowHeight) {
   const int heights[] = {18, 66, windowHeight / 2 - BottomStrip::kHeight};

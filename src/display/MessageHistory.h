@@ -16,6 +16,9 @@
 
 namespace tolva {
 
+// Of those who speak, in the history and over their heads.
+constexpr Rgb kNameColor{247, 231, 135};
+
 class InfoHandler;
 
 // The panel of the game screen that shows what was said last, the newest at the bottom, in one of three sizes, with

@@ -7,6 +7,7 @@
 #include "controls/FlagScope.h"
 #include "controls/SdlCalls.h"
 #include "display/Component.h"
+#include "display/FieldTiles.h"
 #include "display/PictureIds.h"
 #include "foundation/Guard.h"
 #include "protocol/Steps.h"
@@ -16,9 +17,6 @@ namespace {
 
 constexpr char kModule[] = "ScreenGame";
 
-// The tile of a field is a diamond; one step east or south leads one tile on.
-constexpr int kTileWidth = 76;
-constexpr int kTileHeight = 36;
 // One picture in the sheet of characters, and how far it reaches above its tile.
 constexpr int kSpriteWidth = 76;
 constexpr int kSpriteHeight = 114;
@@ -29,7 +27,6 @@ constexpr int kVoluRise = 191;
 constexpr int kHalfArea = static_cast<int>(kAreaEdge) / 2;
 
 constexpr std::uint32_t kMessageMs = 10000;
-constexpr Rgb kNameColor{247, 231, 135};
 
 // For each direction in which the ground moves: where in the grid a rectangle's new place gets its content from.
 struct GridStep {
@@ -41,11 +38,6 @@ constexpr GridStep kGridSteps[kDirectionCount] = {{0, 2}, {-1, 1}, {-2, 0}, {-1,
 std::int16_t Narrow(int value) {
   using Limits = std::numeric_limits<std::int16_t>;
   return static_cast<std::int16_t>(std::clamp<int>(value, Limits::min(), Limits::max()));
-}
-
-// The neighbour, or null where the map ends: nothing lies beyond.
-const Field* Next(const Field* field, Direction direction) {
-  return field == nullptr ? nullptr : field->GetNeighbor(direction);
 }
 
 const Field* Walk(const Field* field, Direction direction, int steps) {

@@ -53,7 +53,7 @@ class Relay:
                 threading.Thread(target=self._pass_on, args=(source, target, note), daemon=True).start()
 
     def _pass_on(self, source, target, note):
-        """Record by record, until either side has gone."""
+        """Record by record, until either side has gone, which is no failure: that is how connections end."""
         with source, target, contextlib.suppress(OSError):
             stream = source.makefile("rb")
             while len(header := stream.read(12)) == 12:
