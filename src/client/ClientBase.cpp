@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "foundation/Ticks.h"
 #include "protocol/PacketList.h"
 
 namespace tolva {
@@ -28,7 +29,7 @@ ClientBase::ClientBase(Mailbox* mailbox)
     Send(&mServerMailbox, std::make_unique<PacketInternCentralMailbox>(mMailbox));
     mSoundManager = std::make_unique<SoundManager>(&mSoundMailbox);
     Send(&mSoundMailbox, std::make_unique<PacketInternCentralMailbox>(mMailbox));
-    mLastPing = SDL_GetTicks();
+    mLastPing = GetTicks();
     Start();
   });
 }
@@ -73,7 +74,7 @@ void ClientBase::AdoptDisplay(Mailbox* mailbox) {
 
 void ClientBase::Ping() {
   Guard("ClientBase", "Ping", [&] {
-    const std::uint32_t now = SDL_GetTicks();
+    const std::uint32_t now = GetTicks();
     if (now - mLastPing <= kPingIntervalMs) return;
     Send(&mServerMailbox, std::make_unique<PacketInternPing>(now));
     mLastPing = now;

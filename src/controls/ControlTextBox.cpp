@@ -6,6 +6,7 @@
 #include "controls/SdlCalls.h"
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
+#include "foundation/Ticks.h"
 
 namespace tolva {
 
@@ -30,7 +31,7 @@ char ToCharacter(const SDL_keysym& key) {
 }  // namespace
 
 ControlTextBox::ControlTextBox(std::uint32_t id, SDL_Surface* parentSurface, void* context, ControlCallback callback)
-    : ControlLabel(id, parentSurface, context, callback), mLastBlink(SDL_GetTicks()) {
+    : ControlLabel(id, parentSurface, context, callback), mLastBlink(GetTicks()) {
   GuardControl(kModule, "ControlTextBox", [&] {
     SDL_EnableUNICODE(1);
     CheckSdl(SDL_EnableKeyRepeat(kKeyRepeatDelayMs, kKeyRepeatIntervalMs) == 0, kModule, "ControlTextBox");
@@ -92,7 +93,7 @@ void ControlTextBox::SdlEventHandler(SDL_Event event) {
     if (event.type != SDL_KEYDOWN) return;
     // While one types, the cursor stays on.
     mCursorShown = true;
-    mLastBlink = SDL_GetTicks();
+    mLastBlink = GetTicks();
     HandleKey(event.key.keysym);
   });
 }
@@ -152,7 +153,7 @@ void ControlTextBox::Blit() {
       if (!mCursorShown) return;
       mCursorShown = false;
       Refresh(true);
-    } else if (const std::uint32_t now = SDL_GetTicks(); now - mLastBlink >= kBlinkMs) {
+    } else if (const std::uint32_t now = GetTicks(); now - mLastBlink >= kBlinkMs) {
       mCursorShown = !mCursorShown;
       mLastBlink = now;
       Refresh(true);

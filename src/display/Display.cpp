@@ -11,6 +11,7 @@
 #include "display/ScreenLogin.h"
 #include "display/ScreenStart.h"
 #include "foundation/Guard.h"
+#include "foundation/Ticks.h"
 #include "media/ArchiveFormat.h"
 #include "protocol/ChatPackets.h"
 #include "protocol/GamePackets.h"
@@ -41,7 +42,7 @@ long ToNumber(const char* text) { return text == nullptr ? 0 : std::strtol(text,
 Display::Display(Mailbox* mailbox)
     : ManagerThread(mailbox),
       mArchive(std::make_unique<Archive>("Graphics", &mInfoHandler)),
-      mFrameRateTime(SDL_GetTicks()) {
+      mFrameRateTime(GetTicks()) {
   Report(mErrHandler, "Display", "Display", [&] {
     mInfoHandler.SetModuleName("Display");
     mSettings = std::make_unique<Ini>("client.ini");
@@ -331,7 +332,7 @@ void Display::DrawFrame() {
 
 void Display::UpdateFps() {
   Guard("Display", "UpdateFps", [&] {
-    const std::uint32_t now = SDL_GetTicks();
+    const std::uint32_t now = GetTicks();
     if (now - mFrameRateTime <= 1000) {
       ++mFrameCount;
       return;

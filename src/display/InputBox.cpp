@@ -6,6 +6,7 @@
 
 #include "controls/SdlCalls.h"
 #include "foundation/Guard.h"
+#include "foundation/Ticks.h"
 
 namespace tolva {
 namespace {
@@ -23,7 +24,7 @@ char CharacterOf(const SDL_keysym& key) {
 
 InputBox::InputBox(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height, std::uint8_t r,
                    std::uint8_t g, std::uint8_t b, std::uint32_t maxLength, const char* text, InfoHandler* infoHandler)
-    : TextBox(x, y, width, height, r, g, b, text, infoHandler), mBlinkTick(SDL_GetTicks()) {
+    : TextBox(x, y, width, height, r, g, b, text, infoHandler), mBlinkTick(GetTicks()) {
   Guard(kModule, "InputBox", [&] {
     SetMaxLength(maxLength);
     CreateSurface();
@@ -55,7 +56,7 @@ void InputBox::HandleEvent(SDL_Event event) {
     // Whoever knows the box only as a text box may have given it a shorter text.
     mCursor = std::min(mCursor, GetLength());
     if (!HandleKey(event.key.keysym)) return;
-    mBlinkTick = SDL_GetTicks();
+    mBlinkTick = GetTicks();
     mCursorVisible = true;
     CreateSurface();
   });
@@ -166,7 +167,7 @@ void InputBox::ShowCursor(int x) {
 void InputBox::Blit(SDL_Surface* target) {
   Guard(kModule, "Blit", [&] {
     if (mText[0] == '\0') mCursor = 0;
-    const std::uint32_t now = SDL_GetTicks();
+    const std::uint32_t now = GetTicks();
     if (!IsActive()) {
       mCursorVisible = false;
       CreateSurface();

@@ -10,6 +10,7 @@
 #include "display/FieldTiles.h"
 #include "display/PictureIds.h"
 #include "foundation/Guard.h"
+#include "foundation/Ticks.h"
 #include "protocol/Steps.h"
 
 namespace tolva {
@@ -392,7 +393,7 @@ void ScreenGame::BlitCharacter(ClientCharacter& character, int x, int y, Labels&
     CopyPart(sheet, part, mVideoSurface, left, top);
   }
   if (character.GetChatMessage()[0] == '\0') return;
-  if (SDL_GetTicks() - character.GetMessageTick() > kMessageMs) return character.SetChatMessage("");
+  if (GetTicks() - character.GetMessageTick() > kMessageMs) return character.SetChatMessage("");
   AddLabel(character.GetChatMessage(), kWhite, left, top, labels);
   AddLabel(character.GetName(), kNameColor, left, top + kSpriteHeight, labels);
 }
@@ -414,7 +415,7 @@ void ScreenGame::BlitBottom() {
 
 void ScreenGame::SdlEventHandler(SDL_Event event) {
   Guard(kModule, "SdlEventHandler", [&] {
-    const std::uint32_t now = SDL_GetTicks();
+    const std::uint32_t now = GetTicks();
     if (!mMoveKeys.Admit(event, now)) return;
     std::unique_ptr<Packet> packet(HandleEvent(event));
     if (packet == nullptr) return;

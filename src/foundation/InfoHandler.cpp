@@ -4,10 +4,9 @@
 #include <cstdio>
 #include <memory>
 
-#include <SDL.h>
-
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
+#include "foundation/Ticks.h"
 
 namespace tolva {
 namespace {
@@ -37,7 +36,7 @@ void InfoHandler::HandleInfo(Info* info) {
   const std::unique_ptr<Info> owned(info);
   Guard("~InfoHandler", "HandleInfo", [&] {
     if (!IsWritten(info->GetLevel())) return;
-    const int length = std::snprintf(mLine, sizeof mLine, "%010d %03d %-21s %s\n", static_cast<int>(SDL_GetTicks()),
+    const int length = std::snprintf(mLine, sizeof mLine, "%010d %03d %-21s %s\n", static_cast<int>(GetTicks()),
                                      static_cast<int>(info->GetLevel()), mModuleName, info->GetText());
     const File file(std::fopen(kLogFile, "ab"));
     // The stream's buffer is larger than a line, so closing it appends the whole record with one write and records of

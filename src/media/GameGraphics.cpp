@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "foundation/Guard.h"
+#include "foundation/Ticks.h"
 #include "media/Archive.h"
 
 namespace tolva {
@@ -149,14 +150,14 @@ GameGraphics::GraphicEntry* GameGraphics::FindEntry(std::uint32_t id) {
 bool GameGraphics::WasMissedLately(std::uint32_t id) {
   const auto miss = mMisses.find(id);
   if (miss == mMisses.end()) return false;
-  if (SDL_GetTicks() - miss->second < kRetryMs) return true;
+  if (GetTicks() - miss->second < kRetryMs) return true;
   mMisses.erase(miss);
   return false;
 }
 
 SDL_Surface* GameGraphics::Remember(std::uint32_t id, SDL_Surface* found) {
   if (found != nullptr) return found;
-  const std::uint32_t now = SDL_GetTicks();
+  const std::uint32_t now = GetTicks();
   if (mMisses.size() >= kManyMisses) {
     std::erase_if(mMisses, [&](const auto& miss) { return now - miss.second >= kRetryMs; });
   }

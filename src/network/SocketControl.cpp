@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "foundation/Guard.h"
+#include "foundation/Ticks.h"
 
 namespace tolva {
 namespace {
@@ -60,7 +61,7 @@ void SocketControl::HandlePeerPacket(Packet& packet) {
   if (const auto* ping = PacketCast<PacketInternPing>(&packet)) {
     SendToPeer(PacketInternPong(ping->mUintTick));
   } else if (auto* pong = PacketCast<PacketInternPong>(&packet)) {
-    pong->mUintTick = SDL_GetTicks() - pong->mUintTick;
+    pong->mUintTick = GetTicks() - pong->mUintTick;
   }
 }
 
@@ -77,7 +78,7 @@ void SocketControl::HandleCommand(Packet& packet) {
     RemoveSocket();
     mRunning = false;
   } else if (auto* ping = PacketCast<PacketInternPing>(&packet)) {
-    ping->mUintTick = SDL_GetTicks();
+    ping->mUintTick = GetTicks();
     SendToPeer(*ping);
   }
 }

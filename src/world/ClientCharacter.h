@@ -2,14 +2,13 @@
 
 #include <cstdint>
 
-#include <SDL.h>
-
+#include "foundation/Ticks.h"
 #include "world/Character.h"
 
 namespace tolva {
 
 // A character as the game view draws it: sliding from field to field, walking, speaking. Offsets are pixels from where
-// the character's field is drawn, y growing downwards; ticks are milliseconds since SDL's start. Reached under the
+// the character's field is drawn, y growing downwards; ticks are those of GetTicks. Reached under the
 // repository's lock only.
 class ClientCharacter : public Character {
  public:
@@ -17,9 +16,9 @@ class ClientCharacter : public Character {
   static ClientCharacter* On(const Field& field);
 
   // Faces the direction and begins to slide from the field it came from to the one it stands on.
-  void StartMove(Direction direction, std::uint32_t now = SDL_GetTicks());
+  void StartMove(Direction direction, std::uint32_t now = GetTicks());
   // Moves on by at most one slide step and one walking frame, as time allows. For every frame drawn.
-  void Animate(std::uint32_t now = SDL_GetTicks());
+  void Animate(std::uint32_t now = GetTicks());
 
   bool IsMoving() const { return mMoving; }
   // The walking frame, 0 to 4.

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "foundation/Guard.h"
+#include "foundation/Ticks.h"
 #include "protocol/Steps.h"
 
 namespace tolva {
@@ -180,7 +181,7 @@ void WorldSynchronizer::ShowChatMessage(const PacketGameChatMsg& packet) {
     if (character == nullptr) return;
     character->SetChatMessage(packet.mStrMsg);
     character->SetName(packet.mStrUser);
-    character->SetMessageTick(SDL_GetTicks());
+    character->SetMessageTick(GetTicks());
   });
 }
 
