@@ -37,10 +37,11 @@ void Realm::Enter(Session& session, TimePoint now) {
   auto& player = mPlayers[&session];
   player = std::make_unique<Player>(session, mWorld, mCrowd, FindPlaceFor(session.GetName()));
   session.Send(PacketEnterGameAccept());
-  SendDarkness(session);
   PacketCharPosition position;
   static_cast<FieldPosition&>(position) = ToPosition(player->character.point);
   session.Send(position);
+  // Before the placement, a client would draw the place where the player was last in this light.
+  SendDarkness(session);
   session.Tell("The arrow keys and the number pad walk, Return speaks, Escape leads back to the chat.");
   mCrowd.Join(player->character, now);
 }

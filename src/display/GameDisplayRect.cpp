@@ -1,5 +1,7 @@
 #include "display/GameDisplayRect.h"
 
+#include <algorithm>
+
 #include "controls/SdlCalls.h"
 #include "display/FieldTiles.h"
 #include "display/TileBlend.h"
@@ -36,6 +38,26 @@ class PixelLock {
   SDL_Surface* const mSurface;
 };
 
+// Which areas the walk from the field (fx, fy) of an area enters, with the neighbours that it blends with: their steps
+// from that area.
+std::vector<Step> FindSourcePlaces(int fx, int fy) {
+  constexpr int kEdge = kAreaEdge;
+  constexpr Step kTouched[] = {{0, 0}, {0, 1}, {1, 0}, {0, -1}, {-1, 0}};
+  const auto areaOf = [](int field) { return (field + kEdge) / kEdge - 1; };
+  std::vector<Step> places;
+  for (int row = 0; row < kRows; ++row) {
+    for (int column = 0; column < kColumns; ++column) {
+      for (const int lower : {0, 1}) {
+        for (const Step& touched : kTouched) {
+          const Step place{areaOf(fx + column + row + touched.x), areaOf(fy + column - row - lower + touched.y)};
+          if (std::find(places.begin(), places.end(), place) == places.end()) places.push_back(place);
+        }
+      }
+    }
+  }
+  return places;
+}
+
 // A missing picture leaves what was there.
 void LayOver(SDL_Surface* picture, SDL_Surface* target, int x, int y) {
   if (picture != nullptr) CheckSdl(CopyWhole(picture, target, x, y), kModule, "RebuildGroundSurface");
@@ -52,6 +74,10 @@ GameDisplayRect::GameDisplayRect(GameGraphics* graphics, Repository* repository,
 }
 
 void GameDisplayRect::SetStartField(std::uint8_t r, std::uint8_t c, std::uint8_t fx, std::uint8_t fy) {
+  if (mSourcePlaces.empty() || fx != mStartFx || fy != mStartFy) {
+    mSourcePlaces = FindSourcePlaces(fx, fy);
+    mShown.clear();
+  }
   mStartR = r;
   mStartC = c;
   mStartFx = fx;
@@ -60,7 +86,36 @@ void GameDisplayRect::SetStartField(std::uint8_t r, std::uint8_t c, std::uint8_t
 }
 
 void GameDisplayRect::Update() {
-  Guard(kModule, "Update", [&] { RebuildGroundSurface(); });
+  Guard(kModule, "Update", [&] {
+    // An error on the way leaves a picture of nothing in particular.
+    mShown.clear();
+    RebuildGroundSurface();
+    NoteShown();
+  });
+}
+
+bool GameDisplayRect::IsCurrent() const {
+  return mShownDarkness == mGraphics->GetDarkness() &&
+         std::equal(mShown.begin(), mShown.end(), mSourcePlaces.begin(), mSourcePlaces.end(),
+                    [this](const Source& shown, Step place) { return shown == FindSource(place); });
+}
+
+void GameDisplayRect::NoteShown() {
+  mShownDarkness = mGraphics->GetDarkness();
+  for (const Step& place : mSourcePlaces) mShown.push_back(FindSource(place));
+}
+
+// The state alone tells one ground from another; the position is compared because it is what makes the picture this
+// place's and no other's.
+bool GameDisplayRect::Source::operator==(const Source& other) const {
+  return exists == other.exists && groundState == other.groundState && IsSameArea(position, other.position);
+}
+
+GameDisplayRect::Source GameDisplayRect::FindSource(Step fromStart) const {
+  // Beyond the edge the numbers wrap to ones that the map does not have either.
+  const Area* area = mRepository->GetMap().GetAreaAt(static_cast<std::uint8_t>(mStartR + fromStart.x),
+                                                     static_cast<std::uint8_t>(mStartC + fromStart.y));
+  return area == nullptr ? Source{} : Source{true, area->GetPosition(), area->GetGroundState()};
 }
 
 void GameDisplayRect::RebuildGroundSurface() {

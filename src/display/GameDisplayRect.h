@@ -1,9 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "foundation/Info.h"
 #include "foundation/SurfacePtr.h"
+#include "protocol/FieldPosition.h"
+#include "protocol/Steps.h"
 
 namespace tolva {
 
@@ -13,8 +16,8 @@ class InfoHandler;
 class Repository;
 
 // The ground of one stretch of the map as a ready picture, so that a frame costs one blit and not hundreds of tiles.
-// Reads the map: whoever calls Update, RebuildGroundSurface or SmoothTrans holds the repository's lock. Display thread
-// only.
+// Reads the map: whoever calls Update, IsCurrent, RebuildGroundSurface or SmoothTrans holds the repository's lock.
+// Display thread only.
 class GameDisplayRect {
  public:
   static constexpr int kWidth = 912;   // 12 tiles
@@ -32,8 +35,11 @@ class GameDisplayRect {
   void ClearStartField() { mStartFieldSet = false; }
   bool IsStartFieldSet() const { return mStartFieldSet; }
 
-  // Draws the ground anew from the map.
+  // Draws the ground from the map.
   void Update();
+  // Whether the picture shows what Update would draw now: the rectangle knows which state of which areas, and what
+  // light, its picture comes from.
+  bool IsCurrent() const;
   // Without a start field on the map it logs that and leaves the picture as it was. Fields beyond the map's edge, and
   // all of them while picture 100000 is missing, are left unpainted.
   void RebuildGroundSurface();
@@ -45,7 +51,18 @@ class GameDisplayRect {
   void Blit(SDL_Surface* target, std::int16_t x, std::int16_t y);
 
  private:
+  // One of the areas that the picture comes from, or its absence.
+  struct Source {
+    bool exists = false;
+    AreaPosition position;
+    std::uint64_t groundState = 0;
+
+    bool operator==(const Source& other) const;
+  };
+
   const Field* FindStartField() const;
+  Source FindSource(Step fromStart) const;
+  void NoteShown();
   void PaintRow(const Field* first, SDL_Surface* tile, int y);
   void PaintField(const Field* field, SDL_Surface* tile, int x, int y);
   void Log(const char* text, InfoLevel level);
@@ -58,6 +75,9 @@ class GameDisplayRect {
   std::uint8_t mStartFx = 0;
   std::uint8_t mStartFy = 0;
   bool mStartFieldSet = false;
+  std::vector<Step> mSourcePlaces;  // of the areas that the picture comes from, in steps from the start field's
+  std::vector<Source> mShown;       // of the picture, in the same order; empty for no picture
+  std::uint8_t mShownDarkness = 0;
   SurfacePtr mGroundSurface;
 };
 

@@ -24,17 +24,11 @@ constexpr int kSpriteHeight = 114;
 constexpr int kSpriteRise = 77;
 constexpr int kVoluRise = 191;
 
-// Half an area: the rectangles' corners lie in the middle of the areas' edges.
-constexpr int kHalfArea = static_cast<int>(kAreaEdge) / 2;
+// The first row of objects: so many rows further north than the window reaches that what a step South has not brought
+// into the window yet is already drawn where it comes from.
+constexpr int kRowsAbove = 2;
 
 constexpr std::uint32_t kMessageMs = 10000;
-
-// For each direction in which the ground moves: where in the grid a rectangle's new place gets its content from.
-struct GridStep {
-  int columns;
-  int rows;
-};
-constexpr GridStep kGridSteps[kDirectionCount] = {{0, 2}, {-1, 1}, {-2, 0}, {-1, -1}, {0, -2}, {1, -1}, {2, 0}, {1, 1}};
 
 std::int16_t Narrow(int value) {
   using Limits = std::numeric_limits<std::int16_t>;
@@ -44,11 +38,6 @@ std::int16_t Narrow(int value) {
 const Field* Walk(const Field* field, Direction direction, int steps) {
   for (int step = 0; step < steps; ++step) field = Next(field, direction);
   return field;
-}
-
-bool IsSameArea(const AreaPosition& one, const AreaPosition& other) {
-  return one.mUintRx == other.mUintRx && one.mUintRy == other.mUintRy && one.mByAx == other.mByAx &&
-         one.mByAy == other.mByAy;
 }
 
 }  // namespace
@@ -88,21 +77,16 @@ void ScreenGame::InitializeComponents() {
     mInputLine = std::make_unique<InputBox>(20, Narrow(window.h - 31), static_cast<std::uint16_t>(window.w - 20), 20,
                                             255, 255, 255, 256, "", mLogger);
     mInputLine->SetActive(true);
-    for (auto& column : mRects) {
-      for (auto& rect : column) rect = MakeDisplayRect();
-    }
+    mGround = std::make_unique<GroundGrid>(*mGraphics, *mRepository, *mLogger);
     mProgressFrame.reset(mArchive->LoadImage(kPictureProgressFrame));
     mProgressBar.reset(mArchive->LoadImage(kPictureProgressBar));
-    InitDisplayRects(2, 2, kMapCenter, kMapCenter, 0, kHalfArea);
     mHistory = std::make_unique<MessageHistory>(*mArchive, window, mLogger);
     BuildMsgHistory(0);
   });
 }
 
 void ScreenGame::TerminateComponents() {
-  for (auto& column : mRects) {
-    for (auto& rect : column) rect.reset();
-  }
+  mGround.reset();
   mInputLine.reset();
   mHistory.reset();
   mBottomStrip.reset();
@@ -128,155 +112,15 @@ void ScreenGame::UnlockRepository() noexcept {
 
 // ---- The ground ----
 
-std::unique_ptr<GameDisplayRect> ScreenGame::MakeDisplayRect() {
-  return std::make_unique<GameDisplayRect>(mGraphics.get(), mRepository, mLogger);
-}
-
-void ScreenGame::InitDisplayRects(int i, int j, int r, int c, int fx, int fy) {
-  Guard(kModule, "InitDisplayRects", [&] {
-    const auto byte = [](int number) { return static_cast<std::uint8_t>(number); };
-    mRects[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)]->SetStartField(byte(r), byte(c), byte(fx),
-                                                                                    byte(fy));
-    // A rectangle is half an area to the south-east and half an area to the north-east wide, so half of the steps cross
-    // an edge of the area, in x or in y.
-    const bool isFirstHalf = fx == 0;
-    const struct {
-      int i, j, r, c;
-    } neighbors[] = {
-        {i - 1, j, isFirstHalf ? r - 1 : r, isFirstHalf ? c : c - 1},
-        {i + 1, j, isFirstHalf ? r : r + 1, isFirstHalf ? c + 1 : c},
-        {i, j + 1, isFirstHalf ? r : r + 1, isFirstHalf ? c : c - 1},
-        {i, j - 1, isFirstHalf ? r - 1 : r, isFirstHalf ? c + 1 : c},
-    };
-    for (const auto& next : neighbors) {
-      if (next.i < 0 || next.i >= kGridEdge || next.j < 0 || next.j >= kGridEdge) continue;
-      if (mRects[static_cast<std::size_t>(next.i)][static_cast<std::size_t>(next.j)]->IsStartFieldSet()) continue;
-      InitDisplayRects(next.i, next.j, next.r, next.c, fy, fx);
-    }
-  });
-}
-
-void ScreenGame::UpdateAllDisplayRects() {
-  Guard(kModule, "UpdateAllDisplayRects", [&] {
-    const RepositoryHold hold(*this);
-    for (const auto& column : mRects) {
-      for (const auto& rect : column) rect->Update();
-    }
-  });
-}
-
-void ScreenGame::InvalidateAllDisplayRects() {
-  Guard(kModule, "InvalidateAllDisplayRects", [&] {
-    for (const auto& column : mRects) {
-      for (const auto& rect : column) rect->ClearStartField();
-    }
-  });
-}
-
-void ScreenGame::CheckAreaChange() {
-  Guard(kModule, "CheckAreaChange", [&] {
-    const RepositoryHold hold(*this);
-    const AreaPosition center = mRepository->GetMap().GetCenterArea()->GetPosition();
-    if (IsSameArea(center, mLastCenter)) return;
-    // The player went one step; the ground goes the other way.
-    for (const Step step : kSteps) {
-      if (!IsSameArea(center, NextArea(mLastCenter, step))) continue;
-      return UpdateDisplayRectsAfterMove(DirectionOf({-step.x, -step.y}));
-    }
-  });
-}
-
-void ScreenGame::UpdateDisplayRectsAfterMove(Direction direction) {
-  Guard(kModule, "UpdateDisplayRectsAfterMove", [&] {
-    const RepositoryHold hold(*this);
-    mLastCenter = mRepository->GetMap().GetCenterArea()->GetPosition();
-    InvalidateAllDisplayRects();
-    switch (direction) {
-      case Direction::North:
-        return ShiftDisplayRectsToNorth();
-      case Direction::NorthEast:
-        return ShiftDisplayRectsToNorthEast();
-      case Direction::East:
-        return ShiftDisplayRectsToEast();
-      case Direction::SouthEast:
-        return ShiftDisplayRectsToSouthEast();
-      case Direction::South:
-        return ShiftDisplayRectsToSouth();
-      case Direction::SouthWest:
-        return ShiftDisplayRectsToSouthWest();
-      case Direction::West:
-        return ShiftDisplayRectsToWest();
-      case Direction::NorthWest:
-        return ShiftDisplayRectsToNorthWest();
-      case Direction::None:
-        return;
-    }
-  });
-}
-
-void ScreenGame::ShiftDisplayRectsToNorth() {
-  Guard(kModule, "ShiftDisplayRectsToNorth", [&] { ShiftDisplayRects(Direction::North); });
-}
-
-void ScreenGame::ShiftDisplayRectsToNorthEast() {
-  Guard(kModule, "ShiftDisplayRectsToNorthEast", [&] { ShiftDisplayRects(Direction::NorthEast); });
-}
-
-void ScreenGame::ShiftDisplayRectsToEast() {
-  Guard(kModule, "ShiftDisplayRectsToEast", [&] { ShiftDisplayRects(Direction::East); });
-}
-
-void ScreenGame::ShiftDisplayRectsToSouthEast() {
-  Guard(kModule, "ShiftDisplayRectsToSouthEast", [&] { ShiftDisplayRects(Direction::SouthEast); });
-}
-
-void ScreenGame::ShiftDisplayRectsToSouth() {
-  Guard(kModule, "ShiftDisplayRectsToSouth", [&] { ShiftDisplayRects(Direction::South); });
-}
-
-void ScreenGame::ShiftDisplayRectsToSouthWest() {
-  Guard(kModule, "ShiftDisplayRectsToSouthWest", [&] { ShiftDisplayRects(Direction::SouthWest); });
-}
-
-void ScreenGame::ShiftDisplayRectsToWest() {
-  Guard(kModule, "ShiftDisplayRectsToWest", [&] { ShiftDisplayRects(Direction::West); });
-}
-
-void ScreenGame::ShiftDisplayRectsToNorthWest() {
-  Guard(kModule, "ShiftDisplayRectsToNorthWest", [&] { ShiftDisplayRects(Direction::NorthWest); });
-}
-
-// What is kept moves with its picture. New rectangles show areas that the map held already before it followed the
-// player, so their ground is known.
-void ScreenGame::ShiftDisplayRects(Direction direction) {
+void ScreenGame::UpdateGround() {
   const RepositoryHold hold(*this);
-  const GridStep step = kGridSteps[static_cast<std::uint32_t>(direction)];
-  const auto findSource = [&](int i, int j) -> std::unique_ptr<GameDisplayRect>* {
-    const int column = i + step.columns;
-    const int row = j + step.rows;
-    if (column < 0 || column >= kGridEdge || row < 0 || row >= kGridEdge) return nullptr;
-    return &mRects[static_cast<std::size_t>(column)][static_cast<std::size_t>(row)];
-  };
-  // Making them can fail and comes before the first one is moved, so the grid is never left with holes.
-  RectGrid shifted;
-  std::vector<GameDisplayRect*> added;
-  for (int place = 0; place < kGridEdge * kGridEdge; ++place) {
-    const int i = place / kGridEdge;
-    const int j = place % kGridEdge;
-    if (findSource(i, j) != nullptr) continue;
-    auto& rect = shifted[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)];
-    rect = MakeDisplayRect();
-    added.push_back(rect.get());
-  }
-  for (int place = 0; place < kGridEdge * kGridEdge; ++place) {
-    const int i = place / kGridEdge;
-    const int j = place % kGridEdge;
-    auto& rect = shifted[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)];
-    if (auto* source = findSource(i, j)) rect = std::move(*source);
-  }
-  mRects.swap(shifted);
-  InitDisplayRects(2, 2, kMapCenter, kMapCenter, 0, kHalfArea);
-  for (GameDisplayRect* rect : added) rect->Update();
+  mGround->UpdateAllDisplayRects();
+}
+
+Step ScreenGame::GetFieldsFromCenter(const Field& field) const {
+  constexpr int kEdge = kAreaEdge;
+  const Step areas = mRepository->GetMap().GetStepsFromCenter(*field.GetArea());
+  return {field.GetFx() + kEdge * areas.x, field.GetFy() + kEdge * areas.y};
 }
 
 std::int32_t ScreenGame::GetBlitOffsetX() {
@@ -284,7 +128,9 @@ std::int32_t ScreenGame::GetBlitOffsetX() {
     const RepositoryHold hold(*this);
     const ClientCharacter& player = mRepository->GetPlayer();
     const Field* field = player.GetField();
-    return field == nullptr ? 0 : 874 - kTileWidth / 2 * (field->GetFx() + field->GetFy()) - player.GetOffsetX();
+    if (field == nullptr) return 0;
+    const Step place = GetFieldsFromCenter(*field);
+    return GameDisplayRect::kWidth - kTileWidth / 2 * (place.x + place.y + 1) - player.GetOffsetX();
   });
 }
 
@@ -293,7 +139,9 @@ std::int32_t ScreenGame::GetBlitOffsetY() {
     const RepositoryHold hold(*this);
     const ClientCharacter& player = mRepository->GetPlayer();
     const Field* field = player.GetField();
-    return field == nullptr ? 0 : kTileHeight / 2 * (field->GetFy() - field->GetFx()) - player.GetOffsetY();
+    if (field == nullptr) return 0;
+    const Step place = GetFieldsFromCenter(*field);
+    return kTileHeight / 2 * (place.y - place.x) - player.GetOffsetY();
   });
 }
 
@@ -326,19 +174,18 @@ void ScreenGame::BlitWorld() {
   const RepositoryHold hold(*this);
   // Left before the repository is given back, also by an error.
   const FlagScope drawing(mDrawing, true);
-  CheckAreaChange();
+  mGround->CheckAreaChange();
   ClientCharacter& player = mRepository->GetPlayer();
   player.Animate();
   if (player.IsMoving()) mMoveKeys.NoteMove();
-  // Two and a half rectangles lie left of and above the middle.
-  const int left = mVideoSurface->w / 2 + GetBlitOffsetX() - 2280;
-  const int top = mVideoSurface->h / 2 + GetBlitOffsetY() - 1080;
-  for (int i = 0; i < kGridEdge; ++i) {
-    for (int j = 0; j < kGridEdge; ++j) {
-      mRects[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)]->Blit(
-          mVideoSurface, Narrow(left + GameDisplayRect::kWidth * i), Narrow(top + GameDisplayRect::kHeight * j));
-    }
+  SDL_Surface& window = *mVideoSurface;
+  // Whoever enters would see houses and people float in the dark until the ground has come.
+  if (!mGround->HasGround()) {
+    SDL_FillRect(&window, nullptr, SDL_MapRGB(window.format, 0, 0, 0));
+    return;
   }
+  mGround->Blit(window, window.w / 2 + GetBlitOffsetX() - GroundGrid::kWidth / 2,
+                window.h / 2 + GetBlitOffsetY() - GroundGrid::kHeight / 2);
   BlitObjects();
 }
 
@@ -349,13 +196,13 @@ void ScreenGame::BlitObjects() {
     const int width = mVideoSurface->w;
     const int height = mVideoSurface->h;
     const int stepsWest = (width / kTileWidth + 2) / 2;
-    const int stepsNorth = (height / 37 + 2) / 2;
+    const int stepsNorth = (height / 37 + 2) / 2 + kRowsAbove;
     const int left = width / 2 - player.GetOffsetX() - kTileWidth * stepsWest - kTileWidth / 2;
     const int top = height / 2 - player.GetOffsetY() - kTileHeight * stepsNorth - kTileHeight / 2;
 
     Labels labels;
     const Field* first = Walk(Walk(player.GetField(), Direction::West, stepsWest), Direction::North, stepsNorth);
-    for (int row = 0; row < height / 37 + 7; ++row) {
+    for (int row = 0; row < height / 37 + 7 + kRowsAbove; ++row) {
       const int y = top + kTileHeight * row;
       const Field* upper = first;
       const Field* lower = Next(first, Direction::SouthWest);
@@ -394,6 +241,8 @@ void ScreenGame::BlitCharacter(ClientCharacter& character, int x, int y, Labels&
   }
   if (character.GetChatMessage()[0] == '\0') return;
   if (GetTicks() - character.GetMessageTick() > kMessageMs) return character.SetChatMessage("");
+  // Of somebody above the window there would be only the name at its edge.
+  if (top + kSpriteHeight <= 0) return;
   AddLabel(character.GetChatMessage(), kWhite, left, top, labels);
   AddLabel(character.GetName(), kNameColor, left, top + kSpriteHeight, labels);
 }
@@ -513,12 +362,12 @@ void ScreenGame::HandlePacketDarkness(const PacketDarkness& packet) {
     mWorldDarkness = packet.mByDarkness;
     mGraphics->SetDarkness(mWorldDarkness);
     // The end of a synchronisation draws all ground anyway.
-    if (mStatusMaximum == 0) UpdateAllDisplayRects();
+    if (mStatusMaximum == 0) UpdateGround();
   });
 }
 
 void ScreenGame::HandlePacketCharPosition(const PacketCharPosition& packet) {
-  Guard(kModule, "HandlePacketCharPosition", [&] { mLastCenter = packet; });
+  Guard(kModule, "HandlePacketCharPosition", [&] { mGround->SetLastCenter(packet); });
 }
 
 void ScreenGame::HandlePacketInternStatus(const PacketInternStatus& packet) {
@@ -531,7 +380,7 @@ void ScreenGame::HandlePacketInternStatus(const PacketInternStatus& packet) {
     // Cleared first: whatever happens to the ground, the world is shown again.
     mStatusMaximum = 0;
     mStatusValue = 0;
-    if (packet.mUintMaxValue != 0) UpdateAllDisplayRects();
+    if (packet.mUintMaxValue != 0) UpdateGround();
   });
 }
 

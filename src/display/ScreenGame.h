@@ -1,12 +1,11 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <vector>
 
 #include "display/BottomStrip.h"
-#include "display/GameDisplayRect.h"
+#include "display/GroundGrid.h"
 #include "display/InputBox.h"
 #include "display/MessageHistory.h"
 #include "display/MoveKeys.h"
@@ -43,7 +42,8 @@ class ScreenGame final : public Screen {
   void TerminateComponents() override;
 
   // How far the ground lies from where it would lie with the player in the middle of the rectangle in the middle, in
-  // pixels. 0 while the player stands nowhere.
+  // pixels. Counted from the map's centre area, which is the player's own until it steps over a border and again when
+  // the map has followed. 0 while the player stands nowhere.
   std::int32_t GetBlitOffsetX();
   std::int32_t GetBlitOffsetY();
 
@@ -59,30 +59,10 @@ class ScreenGame final : public Screen {
   // Does nothing while the map is being drawn.
   void UnlockRepository() noexcept;
 
-  // ---- The ground: 5 by 5 rectangles, [i][j] with columns i from left to right and rows j from top to bottom ----
-
-  static constexpr int kGridEdge = 5;
-  using RectGrid = std::array<std::array<std::unique_ptr<GameDisplayRect>, kGridEdge>, kGridEdge>;
-
-  // Gives rectangle [i][j], and from there all that have none, the start field that follows from its place.
-  // (fx, fy) is (0, 12) or (12, 0): the rectangles' corners lie in the middle of the areas' edges.
-  void InitDisplayRects(int i, int j, int r, int c, int fx, int fy);
-  void UpdateAllDisplayRects();
-  void InvalidateAllDisplayRects();
-  // Follows the map when the player has walked into another area.
-  void CheckAreaChange();
-  // `direction` is where the ground moves.
-  void UpdateDisplayRectsAfterMove(Direction direction);
-  void ShiftDisplayRectsToNorth();
-  void ShiftDisplayRectsToNorthEast();
-  void ShiftDisplayRectsToEast();
-  void ShiftDisplayRectsToSouthEast();
-  void ShiftDisplayRectsToSouth();
-  void ShiftDisplayRectsToSouthWest();
-  void ShiftDisplayRectsToWest();
-  void ShiftDisplayRectsToNorthWest();
-  void ShiftDisplayRects(Direction direction);
-  std::unique_ptr<GameDisplayRect> MakeDisplayRect();
+  // Where the player stands, in fields from the (0, 0) of the map's centre area; may lie outside it.
+  Step GetFieldsFromCenter(const Field& field) const;
+  // Draws all ground, which from then on is shown.
+  void UpdateGround();
 
   // ---- Frames ----
 
@@ -113,9 +93,8 @@ class ScreenGame final : public Screen {
 
   Repository* const mRepository;
   std::unique_ptr<GameGraphics> mGraphics;
-  RectGrid mRects;
+  std::unique_ptr<GroundGrid> mGround;
   std::uint8_t mWorldDarkness = 0;
-  AreaPosition mLastCenter;  // of the map, when the rectangles were laid out last
   std::uint16_t mStatusMaximum = 0;
   std::uint16_t mStatusValue = 0;
   bool mLocked = false;

@@ -37,6 +37,7 @@ class GameGraphics {
 
   // From 0 (full daylight) to 255 (black). Draws every loaded picture anew.
   void SetDarkness(std::uint8_t darkness);
+  std::uint8_t GetDarkness() const { return mDarkness; }
 
   // Loads the picture, over one that is there. False when the archive cannot give it. Throws an Error when SDL has no
   // room for its surfaces.

@@ -14,6 +14,8 @@ constexpr int kRegionEdge = 8;  // areas
 struct Step {
   int x;
   int y;
+
+  constexpr bool operator==(const Step&) const = default;
 };
 
 constexpr std::array<Step, kDirectionCount> kSteps = {
@@ -40,6 +42,12 @@ constexpr AreaPosition NextArea(AreaPosition position, Step step) {
   move(position.mUintRx, position.mByAx, step.x);
   move(position.mUintRy, position.mByAy, step.y);
   return position;
+}
+
+// Whether both have the same region and area numbers; levels do not count.
+constexpr bool IsSameArea(const AreaPosition& one, const AreaPosition& other) {
+  return one.mUintRx == other.mUintRx && one.mUintRy == other.mUintRy && one.mByAx == other.mByAx &&
+         one.mByAy == other.mByAy;
 }
 
 // Whether the numbers name an area, and the field in it; the wire can bring any.

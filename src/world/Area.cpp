@@ -1,6 +1,7 @@
 #include "world/Area.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <string>
 
@@ -36,6 +37,9 @@ AreaRecordHead HeadOf(const AreaPosition& position) {
   return head;
 }
 
+// Maps of several threads may draw from it.
+std::atomic<std::uint64_t> sLastGroundState{0};
+
 bool IsInside(int x, int y) { return x >= 0 && x < kEdge && y >= 0 && y < kEdge; }
 
 }  // namespace
@@ -47,6 +51,8 @@ Field* Area::GetField(std::uint8_t fx, std::uint8_t fy) {
 const Field* Area::GetField(std::uint8_t fx, std::uint8_t fy) const {
   return const_cast<Area*>(this)->GetField(fx, fy);
 }
+
+void Area::NoteGroundChange() { mGroundState = sLastGroundState.fetch_add(1, std::memory_order_relaxed) + 1; }
 
 void Area::SetPosition(const AreaPosition& position) {
   mPosition = position;

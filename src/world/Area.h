@@ -36,6 +36,12 @@ class Area {
   std::uint8_t GetVersion() const { return mVersion; }
   void SetVersion(std::uint8_t version) { mVersion = version; }
 
+  // Identifies the state of the ground: a number that no other state of any area has had, and 0 while every field of
+  // the area has the ground that it began with. What is drawn from the ground is stale when this has changed.
+  std::uint64_t GetGroundState() const { return mGroundState; }
+  // For the area's fields, as soon as they are linked: the ground of one has changed.
+  void NoteGroundChange();
+
   const AreaPosition& GetPosition() const { return mPosition; }
   void SetPosition(const AreaPosition& position);
   // Whether the area has a place in the world. No position says so by itself: all are valid, zeros too.
@@ -60,6 +66,7 @@ class Area {
   std::array<Field, kAreaFields> mFields;
   std::array<Area*, kDirectionCount> mNeighbors = {};
   std::uint8_t mVersion = 0;
+  std::uint64_t mGroundState = 0;
   AreaPosition mPosition;
   bool mPlaced = false;
 };

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "foundation/Guard.h"
-#include "protocol/Steps.h"
 #include "world/Field.h"
 
 namespace tolva {
@@ -27,10 +26,6 @@ constexpr Block kBlocks[] = {{"SetNeighborsAtNorth", 0, 0, kLast, kLast},
                              {"SetNeighborsAtCenter", 1, kLast - 1, 1, kLast - 1}};
 
 bool IsInside(int r, int c) { return r >= 0 && r < kMapEdge && c >= 0 && c < kMapEdge; }
-
-bool IsSameArea(const AreaPosition& a, const AreaPosition& b) {
-  return a.mUintRx == b.mUintRx && a.mUintRy == b.mUintRy && a.mByAx == b.mByAx && a.mByAy == b.mByAy;
-}
 
 // How many area steps it is from one place to the other in the direction of growth: areas are counted through all
 // regions, and beyond the last region is the first.
@@ -82,6 +77,15 @@ void ClientMap::Terminate() noexcept {
 
 Area* ClientMap::GetAreaAt(std::uint8_t r, std::uint8_t c) const {
   return IsInside(r, c) ? mAreas[r][c].get() : nullptr;
+}
+
+Step ClientMap::GetStepsFromCenter(const Area& area) const {
+  for (int r = 0; r < kMapEdge; ++r) {
+    for (int c = 0; c < kMapEdge; ++c) {
+      if (mAreas[r][c].get() == &area) return {r - kMapCenter, c - kMapCenter};
+    }
+  }
+  return {};
 }
 
 // Where the area must be follows from where the first one is. What is not there is on the map only if the areas do not

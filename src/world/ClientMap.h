@@ -8,6 +8,7 @@
 
 #include "protocol/Direction.h"
 #include "protocol/FieldPosition.h"
+#include "protocol/Steps.h"
 #include "world/Area.h"
 #include "world/Character.h"
 
@@ -28,6 +29,8 @@ class ClientMap {
   // Null when r or c is 7 or more.
   Area* GetAreaAt(std::uint8_t r, std::uint8_t c) const;
   Area* GetCenterArea() const { return mAreas[kMapCenter][kMapCenter].get(); }
+  // How many areas the area, one of this map's, lies from the centre.
+  Step GetStepsFromCenter(const Area& area) const;
   // The area at these region and area numbers, or null. The level is not compared: all areas share the centre's.
   Area* GetArea(const AreaPosition& position) const;
   // Null when the map has no such area, or the area no such field. Any bytes may stand in the position.

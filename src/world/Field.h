@@ -35,10 +35,10 @@ class Field {
   std::uint32_t GetVoluId() const { return mVoluId; }
   void SetVoluId(std::uint32_t id) { mVoluId = id; }
   std::uint32_t GetGroundId() const { return mGroundId; }
-  void SetGroundId(std::uint32_t id) { mGroundId = id; }
+  void SetGroundId(std::uint32_t id);
   // How wide the transition to other ground is, 0 to 15; of what is set the low 4 bits count.
   std::uint8_t GetSmoothness() const { return mSmoothness; }
-  void SetSmoothness(std::uint8_t smoothness) { mSmoothness = smoothness & 0x0F; }
+  void SetSmoothness(std::uint8_t smoothness);
 
   // Where in its area the field lies, and that area; set when the area's fields are linked.
   std::uint8_t GetFx() const { return mFx; }
@@ -58,6 +58,10 @@ class Field {
   void SetNeighbor(Direction direction, Field* field) { mNeighbors[static_cast<std::uint32_t>(direction)] = field; }
 
  private:
+  // Sets `member`, a part of the ground, and tells the area of the change.
+  template <typename Part>
+  void ChangeGround(Part& member, Part value);
+
   std::uint32_t mVoluId = 0;
   std::uint32_t mGroundId = kDefaultGroundId;
   std::uint8_t mSmoothness = 0;

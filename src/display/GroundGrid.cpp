@@ -1,0 +1,192 @@
+#include "display/GroundGrid.h"
+
+#include <utility>
+
+#include "foundation/Guard.h"
+#include "protocol/Steps.h"
+#include "world/Repository.h"
+
+namespace tolva {
+namespace {
+
+constexpr char kModule[] = "ScreenGame";
+
+constexpr int kMiddle = GroundGrid::kEdge / 2;
+constexpr int kHalfArea = static_cast<int>(kAreaEdge) / 2;
+
+// For each direction in which the ground moves: where in the grid a rectangle's new place gets its content from.
+struct GridStep {
+  int columns;
+  int rows;
+};
+constexpr GridStep kGridSteps[kDirectionCount] = {{0, 2}, {-1, 1}, {-2, 0}, {-1, -1}, {0, -2}, {1, -1}, {2, 0}, {1, 1}};
+
+bool IsInGrid(int i, int j) { return i >= 0 && i < GroundGrid::kEdge && j >= 0 && j < GroundGrid::kEdge; }
+
+template <typename Grid>
+auto& RectAt(Grid& rects, int i, int j) {
+  return rects[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)];
+}
+
+template <typename Body>
+void ForEachPlace(Body&& body) {
+  for (int i = 0; i < GroundGrid::kEdge; ++i) {
+    for (int j = 0; j < GroundGrid::kEdge; ++j) body(i, j);
+  }
+}
+
+}  // namespace
+
+GroundGrid::GroundGrid(GameGraphics& graphics, Repository& repository, InfoHandler& logger)
+    : mGraphics(graphics), mRepository(repository), mLogger(logger) {
+  ForEachPlace([&](int i, int j) { RectAt(mRects, i, j) = MakeRect(); });
+  InitAllDisplayRects();
+}
+
+std::unique_ptr<GameDisplayRect> GroundGrid::MakeRect() const {
+  return std::make_unique<GameDisplayRect>(&mGraphics, &mRepository, &mLogger);
+}
+
+// ---- Layout ----
+
+void GroundGrid::InitAllDisplayRects() { InitDisplayRects(kMiddle, kMiddle, kMapCenter, kMapCenter, 0, kHalfArea); }
+
+void GroundGrid::InitDisplayRects(int i, int j, int r, int c, int fx, int fy) {
+  Guard(kModule, "InitDisplayRects", [&] {
+    const auto byte = [](int number) { return static_cast<std::uint8_t>(number); };
+    RectAt(mRects, i, j)->SetStartField(byte(r), byte(c), byte(fx), byte(fy));
+    // A rectangle is half an area to the south-east and half an area to the north-east wide, so half of the steps cross
+    // an edge of the area, in x or in y.
+    const bool isFirstHalf = fx == 0;
+    const struct {
+      int i, j, r, c;
+    } neighbors[] = {
+        {i - 1, j, isFirstHalf ? r - 1 : r, isFirstHalf ? c : c - 1},
+        {i + 1, j, isFirstHalf ? r : r + 1, isFirstHalf ? c + 1 : c},
+        {i, j + 1, isFirstHalf ? r : r + 1, isFirstHalf ? c : c - 1},
+        {i, j - 1, isFirstHalf ? r - 1 : r, isFirstHalf ? c + 1 : c},
+    };
+    for (const auto& next : neighbors) {
+      if (!IsInGrid(next.i, next.j) || RectAt(mRects, next.i, next.j)->IsStartFieldSet()) continue;
+      InitDisplayRects(next.i, next.j, next.r, next.c, fy, fx);
+    }
+  });
+}
+
+void GroundGrid::InvalidateAllDisplayRects() {
+  Guard(kModule, "InvalidateAllDisplayRects",
+        [&] { ForEachPlace([&](int i, int j) { RectAt(mRects, i, j)->ClearStartField(); }); });
+}
+
+void GroundGrid::UpdateAllDisplayRects() {
+  Guard(kModule, "UpdateAllDisplayRects", [&] {
+    mHasGround = true;
+    // Nothing of the last centre's is left that could move along.
+    mLastCenter = mRepository.GetMap().GetCenterArea()->GetPosition();
+    ForEachPlace([&](int i, int j) { RectAt(mRects, i, j)->Update(); });
+  });
+}
+
+// ---- Following the map ----
+
+void GroundGrid::CheckAreaChange() {
+  Guard(kModule, "CheckAreaChange", [&] {
+    const AreaPosition center = mRepository.GetMap().GetCenterArea()->GetPosition();
+    if (IsSameArea(center, mLastCenter)) return;
+    for (const Step step : kSteps) {
+      if (!IsSameArea(center, NextArea(mLastCenter, step))) continue;
+      // The player went one step; the ground goes the other way.
+      return UpdateDisplayRectsAfterMove(DirectionOf({-step.x, -step.y}));
+    }
+    // Nothing that is shown lies near enough to move along.
+    mLastCenter = center;
+  });
+}
+
+void GroundGrid::UpdateDisplayRectsAfterMove(Direction direction) {
+  Guard(kModule, "UpdateDisplayRectsAfterMove", [&] {
+    mLastCenter = mRepository.GetMap().GetCenterArea()->GetPosition();
+    InvalidateAllDisplayRects();
+    switch (direction) {
+      case Direction::North:
+        return ShiftDisplayRectsToNorth();
+      case Direction::NorthEast:
+        return ShiftDisplayRectsToNorthEast();
+      case Direction::East:
+        return ShiftDisplayRectsToEast();
+      case Direction::SouthEast:
+        return ShiftDisplayRectsToSouthEast();
+      case Direction::South:
+        return ShiftDisplayRectsToSouth();
+      case Direction::SouthWest:
+        return ShiftDisplayRectsToSouthWest();
+      case Direction::West:
+        return ShiftDisplayRectsToWest();
+      case Direction::NorthWest:
+        return ShiftDisplayRectsToNorthWest();
+      case Direction::None:
+        return InitAllDisplayRects();
+    }
+  });
+}
+
+void GroundGrid::ShiftDisplayRectsToNorth() { ShiftDisplayRects("ShiftDisplayRectsToNorth", Direction::North); }
+
+void GroundGrid::ShiftDisplayRectsToNorthEast() {
+  ShiftDisplayRects("ShiftDisplayRectsToNorthEast", Direction::NorthEast);
+}
+
+void GroundGrid::ShiftDisplayRectsToEast() { ShiftDisplayRects("ShiftDisplayRectsToEast", Direction::East); }
+
+void GroundGrid::ShiftDisplayRectsToSouthEast() {
+  ShiftDisplayRects("ShiftDisplayRectsToSouthEast", Direction::SouthEast);
+}
+
+void GroundGrid::ShiftDisplayRectsToSouth() { ShiftDisplayRects("ShiftDisplayRectsToSouth", Direction::South); }
+
+void GroundGrid::ShiftDisplayRectsToSouthWest() {
+  ShiftDisplayRects("ShiftDisplayRectsToSouthWest", Direction::SouthWest);
+}
+
+void GroundGrid::ShiftDisplayRectsToWest() { ShiftDisplayRects("ShiftDisplayRectsToWest", Direction::West); }
+
+void GroundGrid::ShiftDisplayRectsToNorthWest() {
+  ShiftDisplayRects("ShiftDisplayRectsToNorthWest", Direction::NorthWest);
+}
+
+// What is kept moves with its picture; what comes in has none yet.
+void GroundGrid::ShiftDisplayRects(const char* method, Direction direction) {
+  Guard(kModule, method, [&] {
+    const GridStep step = kGridSteps[static_cast<std::uint32_t>(direction)];
+    const auto comesIn = [&](int i, int j) { return !IsInGrid(i + step.columns, j + step.rows); };
+    // Making rectangles can fail and comes before the first one is moved, so the grid is never left with holes.
+    Rects shifted;
+    ForEachPlace([&](int i, int j) {
+      if (comesIn(i, j)) RectAt(shifted, i, j) = MakeRect();
+    });
+    ForEachPlace([&](int i, int j) {
+      if (!comesIn(i, j)) RectAt(shifted, i, j) = std::move(RectAt(mRects, i + step.columns, j + step.rows));
+    });
+    mRects.swap(shifted);
+    InitAllDisplayRects();
+  });
+}
+
+// ---- Frames ----
+
+void GroundGrid::Blit(SDL_Surface& window, int left, int top) {
+  // An error may have cut a shift short.
+  if (!RectAt(mRects, kMiddle, kMiddle)->IsStartFieldSet()) InitAllDisplayRects();
+  const bool isCovered = left <= 0 && top <= 0 && left + kWidth >= window.w && top + kHeight >= window.h;
+  if (!isCovered) SDL_FillRect(&window, nullptr, SDL_MapRGB(window.format, 0, 0, 0));
+  ForEachPlace([&](int i, int j) {
+    const int x = left + GameDisplayRect::kWidth * i;
+    const int y = top + GameDisplayRect::kHeight * j;
+    if (x >= window.w || x + GameDisplayRect::kWidth <= 0 || y >= window.h || y + GameDisplayRect::kHeight <= 0) return;
+    GameDisplayRect& rect = *RectAt(mRects, i, j);
+    if (!rect.IsCurrent()) rect.Update();
+    rect.Blit(&window, static_cast<std::int16_t>(x), static_cast<std::int16_t>(y));
+  });
+}
+
+}  // namespace tolva
