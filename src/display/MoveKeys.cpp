@@ -6,7 +6,7 @@
 namespace tolva {
 namespace {
 
-constexpr std::uint32_t kPatienceMs = 500;
+constexpr std::uint32_t kPatienceMs = 1000;
 
 struct MoveKey {
   SDLKey key;
@@ -31,14 +31,14 @@ Direction MoveKeys::DirectionOf(SDLKey key) {
   return row == std::end(kMoveKeys) ? Direction::None : row->direction;
 }
 
-bool MoveKeys::Admit(const SDL_Event& event, std::uint32_t now) {
+bool MoveKeys::Admit(const SDL_Event& event, std::uint32_t now, bool isWorldHidden) {
   if (event.type != SDL_KEYDOWN && event.type != SDL_KEYUP) return true;
   const MoveKey* row = Find(event.key.keysym.sym);
   if (row == std::end(kMoveKeys)) return true;
   const std::uint32_t bit = 1U << (row - kMoveKeys);
   const bool isRepeat = event.type == SDL_KEYDOWN && (mHeld & bit) != 0;
   mHeld = event.type == SDL_KEYDOWN ? mHeld | bit : mHeld & ~bit;
-  return !isRepeat || !mRequestWaits || now - mRequestTick >= kPatienceMs;
+  return !isRepeat || (!isWorldHidden && (!mRequestWaits || now - mRequestTick >= kPatienceMs));
 }
 
 void MoveKeys::NoteRequest(std::uint32_t now) {

@@ -265,7 +265,7 @@ void ScreenGame::BlitBottom() {
 void ScreenGame::SdlEventHandler(SDL_Event event) {
   Guard(kModule, "SdlEventHandler", [&] {
     const std::uint32_t now = GetTicks();
-    if (!mMoveKeys.Admit(event, now)) return;
+    if (!mMoveKeys.Admit(event, now, mStatusMaximum != 0)) return;
     std::unique_ptr<Packet> packet(HandleEvent(event));
     if (packet == nullptr) return;
     if (PacketCast<PacketMoveRequest>(packet.get()) != nullptr) mMoveKeys.NoteRequest(now);

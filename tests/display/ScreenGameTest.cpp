@@ -166,6 +166,27 @@ TEST_F(ScreenGameTest, TheHistoryGrowsShrinksAndScrolls) {
   EXPECT_TRUE(Matches("history-oldest", panels[1])) << "200 are kept: from 104 on";
 }
 
+TEST_F(ScreenGameTest, AHeldKeyWaitsForItsAnswerAndForTheWorld) {
+  static Uint32 sNow;
+  sNow = SDL_GetTicks();
+  SetTickSource([] { return sNow; });
+  Press(SDLK_UP);
+  EXPECT_EQ(Sent().size(), 1u);
+  for (const auto& [later, requests] : {std::pair{999u, 0u}, {1u, 1u}, {999u, 0u}}) {
+    sNow += later;
+    Press(SDLK_UP);
+    EXPECT_EQ(Sent().size(), requests) << "a second without an answer is a refusal";
+  }
+  sNow += 1000;
+  Deliver(new PacketInternStatus(0, 49));
+  Press(SDLK_UP);
+  EXPECT_TRUE(Sent().empty()) << "nobody sees where the held key leads";
+  Press(SDLK_UP, SDL_KEYUP);
+  Press(SDLK_UP);
+  EXPECT_EQ(Sent().size(), 1u) << "a fresh press asks";
+  SetTickSource(nullptr);
+}
+
 TEST_F(ScreenGameTest, ShowsNothingOfTheWorldBeforeItsGround) {
   PacketDarkness dusk;
   dusk.mByDarkness = 30;
