@@ -62,6 +62,34 @@ TEST_F(GameDisplayRectTest, LaysTheGroundSoftlyTogether) {
   }
 }
 
+TEST_F(GameDisplayRectTest, KnowsWhatItsPictureComesFrom) {
+  const auto drawn = [&] {
+    mRect.Blit(mVideo, -100, 0);
+    const auto* pixels = static_cast<const char*>(mVideo->pixels);
+    std::string picture(pixels, std::size_t{432} * mVideo->pitch);
+    mRect.Blit(mVideo, 0, 0);
+    return picture.append(pixels, std::size_t{432} * mVideo->pitch);
+  };
+  for (const auto& [fx, fy] : {std::pair<Uint8, Uint8>{0, 12}, {12, 0}, {23, 23}}) {
+    mRect.SetStartField(3, 3, fx, fy);
+    mRect.Update();
+    std::string before = drawn();
+    int stale = 0;
+    for (int i = 0; i < 49; ++i) {
+      EXPECT_TRUE(mRect.IsCurrent());
+      for (int k = 0; k < 576; ++k) Lay(k, fx == 12 ? kSand : kSea, 15, Uint8(i / 7), Uint8(i % 7));
+      const bool isCurrent = mRect.IsCurrent();
+      mRect.Update();
+      EXPECT_TRUE(!isCurrent || drawn() == before) << "area " << i;
+      before = drawn();
+      stale += isCurrent ? 0 : 1;
+    }
+    EXPECT_LE(stale, 7) << "of all areas";
+  }
+  mGraphics.SetDarkness(1);
+  EXPECT_FALSE(mRect.IsCurrent());
+}
+
 TEST_F(GameDisplayRectTest, BlendsLineByLineAtEveryDepth) {
   const int edges[][4] = {{50, 6, 1, 158}, {50, 30, -1, 127}, {25, 30, -1, 127}, {25, 6, 1, 158}};  // x, y, way in, own
   for (int i = 0; i < 576; ++i) Lay(i, kSea, 5);
