@@ -57,7 +57,7 @@ void SynchronizeMap(benchmark::State& state) {
   InfoHandler log;
   Repository repository;
   const auto drop = [](std::unique_ptr<Packet>) {};
-  WorldSynchronizer synchronizer(repository, "area/", {drop, drop}, log);
+  WorldSynchronizer synchronizer(repository, "area/", {[](auto make) { make(); }, [] {}, drop}, log);
   PacketCharPosition packet;
   static_cast<FieldPosition&>(packet) = kPlace;
   if (!synchronizer.SynchronizeMap(packet)) state.SkipWithError("refused");

@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::uint32_t kPauseMs = 5;
 constexpr std::uint32_t kPingIntervalMs = 2500;
-constexpr std::uint16_t kLobbyMusic = 1;
 constexpr char kAreaCache[] = "area/";
 
 }  // namespace
@@ -19,7 +18,8 @@ constexpr char kAreaCache[] = "area/";
 ClientBase::ClientBase(Mailbox* mailbox)
     : ManagerThread(mailbox),
       mWorld(mRepository, kAreaCache,
-             {[this](auto request) { AskServer(std::move(request)); },
+             {[this](auto make) { mRequests.Add(RequestQueue::Kind::Area, std::move(make)); },
+              [this] { mRequests.Discard(RequestQueue::Kind::Area); },
               [this](auto progress) { Send(mDisplayMailbox, std::move(progress)); }},
              mInfoHandler) {
   Report(mErrHandler, "ClientBase", "ClientBase", [&] {
@@ -43,12 +43,15 @@ void ClientBase::Run() {
   RunPasses("ClientBase", kPauseMs, [&] {
     HandleMyMailbox();
     Ping();
+    SendRequest();
+    SendMusicOrder();
   });
 }
 
 void ClientBase::HandleMyMailbox() {
   Guard("ClientBase", "HandleMyMailbox", [&] {
-    if (IsDisplayBehind()) return;
+    // What then waits here is as good as coming in.
+    if (IsDisplayBehind()) return mRequests.NoteReceived(GetTicks());
     std::unique_ptr<Packet> packet(FetchMail());
     if (packet == nullptr) return;
     if (packet->mObjSource == &mServerMailbox) return HandleMailFromServer(std::move(packet));
@@ -66,6 +69,24 @@ bool ClientBase::IsFromDisplay(const Packet& packet) const {
 // Mail that waits here makes the server instance wait in turn, so a display that cannot keep up costs bounded memory.
 bool ClientBase::IsDisplayBehind() { return mIsDisplayKnown && mDisplayMailbox->GetCount() > kMailboxHighWater; }
 
+void ClientBase::GiveToServer(std::unique_ptr<Packet> packet) {
+  mRequests.NoteSent(GetTicks());
+  Send(&mServerMailbox, std::move(packet));
+}
+
+void ClientBase::SendRequest() {
+  Guard("ClientBase", "SendRequest", [&] {
+    auto request = mRequests.TakeDue(GetTicks(), mServerMailbox.GetCount() == 0);
+    if (request != nullptr) GiveToServer(std::move(request));
+  });
+}
+
+void ClientBase::SendMusicOrder() {
+  Guard("ClientBase", "SendMusicOrder", [&] {
+    if (auto order = mMusic.Take(mSoundMailbox.GetCount() == 0)) Send(&mSoundMailbox, std::move(order));
+  });
+}
+
 void ClientBase::AdoptDisplay(Mailbox* mailbox) {
   mDisplayMailbox = mailbox;
   mIsDisplayKnown = mailbox != nullptr;
@@ -76,7 +97,7 @@ void ClientBase::Ping() {
   Guard("ClientBase", "Ping", [&] {
     const std::uint32_t now = GetTicks();
     if (now - mLastPing <= kPingIntervalMs) return;
-    Send(&mServerMailbox, std::make_unique<PacketInternPing>(now));
+    GiveToServer(std::make_unique<PacketInternPing>(now));
     mLastPing = now;
   });
 }
@@ -106,11 +127,11 @@ void ClientBase::HandleMailFromDisplay(std::unique_ptr<Packet> packet) {
       To<PacketChatMsg>(Target::Server),
       To<PacketEnterChatRequest>(Target::Server),
       To<PacketQuit, &ClientBase::Quit>(Target::Display),
-      To<PacketServerInfo>(Target::Server),
+      To<PacketServerInfo, &ClientBase::AskForServerVersion>(Target::Nobody),
       To<PacketEnterGameRequest>(Target::Server),
       To<PacketMoveRequest>(Target::Server),
-      To<PacketMusicPlay>(Target::Sound),
-      To<PacketMusicStop>(Target::Sound),
+      To<PacketMusicPlay, &ClientBase::PlayMusic>(Target::Nobody),
+      To<PacketMusicStop, &ClientBase::StopMusic>(Target::Nobody),
   };
   Guard("ClientBase", "HandleMailFromDisplay", [&] {
     LogTraffic("Recieved from display", *packet);
@@ -122,7 +143,7 @@ void ClientBase::HandleMailFromDisplay(std::unique_ptr<Packet> packet) {
 // the accepted chat) and music orders: the client chooses what it plays.
 void ClientBase::HandleMailFromServer(std::unique_ptr<Packet> packet) {
   static constexpr Route kRoutes[] = {
-      To<PacketInternConnectionLost>(Target::Display),
+      To<PacketInternConnectionLost, &ClientBase::LoseConnection>(Target::Display),
       To<PacketInternPong>(Target::Display),
       To<PacketLoginDeny>(Target::Display),
       To<PacketChatMsg>(Target::Display),
@@ -145,6 +166,7 @@ void ClientBase::HandleMailFromServer(std::unique_ptr<Packet> packet) {
   };
   Guard("ClientBase", "HandleMailFromServer", [&] {
     LogTraffic("Recieved from server", *packet);
+    mRequests.NoteReceived(GetTicks());
     Dispatch(kRoutes, std::move(packet));
   });
 }
@@ -154,21 +176,14 @@ void ClientBase::Dispatch(std::span<const Route> routes, std::unique_ptr<Packet>
       std::find_if(routes.begin(), routes.end(), [&](const Route& r) { return r.code == packet->mEnmCode; });
   if (route == routes.end() || !IsGenuine(*packet)) return;
   if (route->step != nullptr && !(this->*route->step)(*packet)) return;
-  Send(MailboxOf(route->target), std::move(packet));
-}
-
-Mailbox* ClientBase::MailboxOf(Target target) {
-  switch (target) {
+  switch (route->target) {
     case Target::Server:
-      return &mServerMailbox;
-    case Target::Sound:
-      return &mSoundMailbox;
+      return GiveToServer(std::move(packet));
     case Target::Display:
-      return mDisplayMailbox;
+      return Send(mDisplayMailbox, std::move(packet));
     case Target::Nobody:
-      break;
+      return;
   }
-  return nullptr;
 }
 
 void ClientBase::StampVersion(PacketLoginRequest& request) {
@@ -177,9 +192,17 @@ void ClientBase::StampVersion(PacketLoginRequest& request) {
   request.mUintVersionBugfix = kVersionBugfix;
 }
 
+void ClientBase::AskForServerVersion(const PacketServerInfo& question) {
+  const std::shared_ptr<const Packet> kept(question.Clone());
+  mRequests.Add(RequestQueue::Kind::ServerVersion, [kept] { return std::unique_ptr<Packet>(kept->Clone()); });
+}
+
+// Nobody will answer.
+void ClientBase::LoseConnection(Packet&) { mRequests.Clear(); }
+
 void ClientBase::EnterChat(Packet&) {
   SetState(eClientStateInChat);
-  Send(&mSoundMailbox, std::make_unique<PacketMusicPlay>(kLobbyMusic));
+  mMusic.EnterLobby();
 }
 
 void ClientBase::EnterGame(Packet&) { SetState(eClientStateInGame); }
@@ -190,6 +213,8 @@ void ClientBase::ServerQuit(Packet& quit) {
 }
 
 void ClientBase::Quit(Packet& quit) {
+  mRequests.Clear();
+  mMusic.Clear();
   Send(&mServerMailbox, std::unique_ptr<Packet>(quit.Clone()));
   if (mServerInstance != nullptr) mServerInstance->WaitThread(nullptr);
   Log(InfoLevel::Progress, "Thread ServerInstance returned");
@@ -203,12 +228,6 @@ void ClientBase::Quit(Packet& quit) {
 void ClientBase::UpdateAreaGround(const PacketAreaGround& packet) {
   mWorld.CountAreaAnswer();
   mWorld.UpdateAreaGround(packet);
-}
-
-// The server instance passes on ten requests a second, and each placement asks for 49 areas: a server that places the
-// player over and over would fill the memory.
-void ClientBase::AskServer(std::unique_ptr<Packet> request) {
-  if (mServerMailbox.GetCount() <= kMailboxHighWater) Send(&mServerMailbox, std::move(request));
 }
 
 }  // namespace tolva

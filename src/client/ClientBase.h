@@ -6,6 +6,8 @@
 #include <span>
 #include <type_traits>
 
+#include "client/MusicOrders.h"
+#include "client/RequestQueue.h"
 #include "foundation/Mailbox.h"
 #include "foundation/ManagerThread.h"
 #include "media/SoundManager.h"
@@ -35,7 +37,7 @@ class ClientBase : public ManagerThread {
   void HandleMyMailbox() override;
 
  private:
-  enum class Target { Server, Sound, Display, Nobody };
+  enum class Target { Server, Display, Nobody };
   // What happens to packets of one code: the step, if there is one; then, unless it says no, the packet is passed on.
   struct Route {
     PacketCode code;
@@ -74,12 +76,18 @@ class ClientBase : public ManagerThread {
   bool IsDisplayBehind();
   void AdoptDisplay(Mailbox* mailbox);
   void Ping();
+  // Sends the next request that is due.
+  void SendRequest();
+  void SendMusicOrder();
+  void GiveToServer(std::unique_ptr<Packet> packet);
   void SetState(ClientState state);
 
-  // Null, so that what is sent there is deleted, for nobody and for the display while it is unknown.
-  Mailbox* MailboxOf(Target target);
-
   void StampVersion(PacketLoginRequest& request);
+  // These go on when their time comes.
+  void AskForServerVersion(const PacketServerInfo& question);
+  void PlayMusic(const PacketMusicPlay& order) { mMusic.Order(order); }
+  void StopMusic(const PacketMusicStop& order) { mMusic.Order(order); }
+  void LoseConnection(Packet&);
   void EnterChat(Packet&);
   void EnterGame(Packet&);
   void ServerQuit(Packet& quit);
@@ -95,7 +103,6 @@ class ClientBase : public ManagerThread {
   void RemoveChar(const PacketRemoveChar& packet) { mWorld.RemoveChar(packet); }
   void MoveChar(const PacketMove& packet) { mWorld.MoveChar(packet); }
   void ShowChatMessage(const PacketGameChatMsg& packet) { mWorld.ShowChatMessage(packet); }
-  void AskServer(std::unique_ptr<Packet> request);
 
   Mailbox mServerMailbox;
   Mailbox mSoundMailbox;
@@ -106,6 +113,8 @@ class ClientBase : public ManagerThread {
   bool mIsDisplayKnown = false;
   Mailbox* mDisplayMailbox = nullptr;
   std::uint32_t mLastPing = 0;
+  RequestQueue mRequests;
+  MusicOrders mMusic;
   Repository mRepository;
   WorldSynchronizer mWorld;
   ClientState mState = eClientStateNotConnected;

@@ -9,9 +9,10 @@ namespace tolva {
 
 struct Packet;
 
-// More than this many packets waiting means that the reader does not keep up: whoever feeds the mailbox from the
-// network side then stops reading its own source, so that a fast server costs bounded memory.
-constexpr std::uint32_t kMailboxHighWater = 256;
+// So many packets waiting mean that the reader does not keep up: whoever feeds the mailbox from the network side then
+// stops reading its own source. A fast server so costs bounded memory, and what the player does waits behind few
+// packets.
+constexpr std::uint32_t kMailboxHighWater = 64;
 
 // A first-in, first-out queue of packets. Any thread may put; one thread reads. Owns what is queued, and deletes what
 // is left when it is destroyed.

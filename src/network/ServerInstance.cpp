@@ -65,7 +65,7 @@ void ServerInstance::HandleLoginRequest(std::unique_ptr<Packet> packet) {
 
 void ServerInstance::HandleTcpConnection() {
   Guard("ServerInstance", "HandleTcpConnection", [&] {
-    if (mCentralMailbox != nullptr && mCentralMailbox->GetCount() > kMailboxHighWater) return;
+    if (mCentralMailbox != nullptr && mCentralMailbox->GetCount() >= kMailboxHighWater) return;
     std::unique_ptr<Packet> packet = mConnection.Recieve();
     if (packet == nullptr) return;
     LogTraffic("Recieved from server", *packet);

@@ -212,7 +212,7 @@ bool SocketControl::Send(const Packet& packet) {
 }
 
 bool SocketControl::IsCentralMailboxFull() const {
-  return mCentralMailbox != nullptr && mCentralMailbox->GetCount() > kMailboxHighWater;
+  return mCentralMailbox != nullptr && mCentralMailbox->GetCount() > kSocketHighWater;
 }
 
 void SocketControl::ReportPacket(std::unique_ptr<Packet> packet) {

@@ -13,6 +13,10 @@
 
 namespace tolva {
 
+// With more packets than this waiting for its owner, a socket control leaves the rest with the peer. Nothing that the
+// player does waits behind them, so they may be many: one read of the socket can bring hundreds.
+constexpr std::uint32_t kSocketHighWater = 512;
+
 // The thread that owns one TCP socket. Takes commands and packets to send from its mailbox, and reports everything that
 // the socket brings, and every failure, to its central mailbox: that of the first sender, its owner. As a client it
 // connects, or adopts an accepted socket; as a server it listens and reports accepted sockets. Others reach it through

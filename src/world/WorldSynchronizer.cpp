@@ -1,5 +1,6 @@
 #include "world/WorldSynchronizer.h"
 
+#include <optional>
 #include <utility>
 
 #include "foundation/Guard.h"
@@ -42,7 +43,11 @@ Field* WorldSynchronizer::FindField(const FieldPosition& position) const {
 
 bool WorldSynchronizer::SynchronizeMap(const PacketCharPosition& packet) {
   return Guard("ClientBase", "SynchronizeMap", [&] {
-    if (!IsInRange(packet)) return false;
+    if (!IsInRange(packet)) {
+      LogBadPlacement();
+      return false;
+    }
+    mOutlets.forgetRequests();
     Locked([&](ClientMap& map) {
       map.SetMapCoordinatesByCenter(packet);
       map.GetCenterArea()->GetField(packet.mByFx, packet.mByFy)->AddCharacter(&mRepository.GetPlayer());
@@ -57,18 +62,34 @@ bool WorldSynchronizer::SynchronizeMap(const PacketCharPosition& packet) {
   });
 }
 
+// A server can send any number of them.
+void WorldSynchronizer::LogBadPlacement() {
+  if (std::exchange(mHasLoggedPlacement, true)) return;
+  mInfoHandler.HandleInfo(new Info("The server placed the player on a field that does not exist", InfoLevel::Failure));
+}
+
 void WorldSynchronizer::SynchronizeArea(std::uint8_t r, std::uint8_t c) {
   Guard("ClientBase", "SynchronizeArea", [&] {
-    std::unique_ptr<PacketAreaVersion> request;
+    // By the time it is due the area may stand at another place in the map.
+    std::optional<AreaPosition> position;
     Locked([&](ClientMap& map) {
-      Area* area = map.GetAreaAt(r, c);
+      if (const Area* area = map.GetAreaAt(r, c)) position = area->GetPosition();
+    });
+    if (position) mOutlets.askServer([this, place = *position] { return MakeAreaRequest(place); });
+  });
+}
+
+std::unique_ptr<Packet> WorldSynchronizer::MakeAreaRequest(const AreaPosition& position) {
+  return Guard("ClientBase", "SynchronizeArea", [&] {
+    std::unique_ptr<Packet> request;
+    Locked([&](ClientMap&) {
+      Area* area = FindArea(position);
       if (area == nullptr) return;
       area->Load(mCacheDirectory.c_str());
-      const AreaPosition& position = area->GetPosition();
       request = std::make_unique<PacketAreaVersion>(position.mUintRx, position.mUintRy, position.mByAx, position.mByAy,
                                                     position.mByLevel, area->GetVersion());
     });
-    if (request != nullptr) mOutlets.toServer(std::move(request));
+    return request;
   });
 }
 

@@ -21,10 +21,14 @@ namespace tolva {
 // packets of another level than the map's, or of places outside it, change nothing.
 class WorldSynchronizer {
  public:
-  using Send = std::function<void(std::unique_ptr<Packet>)>;
+  // Makes a request; null when there is nothing to ask any more.
+  using MakeRequest = std::function<std::unique_ptr<Packet>()>;
   struct Outlets {
-    Send toServer;
-    Send toDisplay;
+    // Keeps the request until it is due, makes it then and sends it to the server, in the order of the calls.
+    std::function<void(MakeRequest)> askServer;
+    // Drops all that have not been made.
+    std::function<void()> forgetRequests;
+    std::function<void(std::unique_ptr<Packet>)> toDisplay;
   };
 
   // `cacheDirectory` ends with '/'; without that directory every area comes from the server. Repository and log writer
@@ -32,9 +36,11 @@ class WorldSynchronizer {
   WorldSynchronizer(Repository& repository, std::string cacheDirectory, Outlets outlets, InfoHandler& infoHandler);
 
   // Places map and player, starts a full synchronisation and asks for all 49 areas. False, with nothing done, when the
-  // packet's numbers name no field: then the display must not see it either.
+  // packet's numbers name no field: then the display must not see it either, and one log line a run says so. What is
+  // still to be asked for the placement before is forgotten.
   [[nodiscard]] bool SynchronizeMap(const PacketCharPosition& packet);
-  // Loads the area from the cache and tells the server which version that is. Nothing when r or c is 7 or more.
+  // When its turn comes, loads the area from the cache and tells the server which version that is; nothing if it has
+  // left the map by then. Nothing when r or c is 7 or more.
   void SynchronizeArea(std::uint8_t r, std::uint8_t c);
   // Counts the server's answer for one area (its ground, or that the cached version is current) and shows the display
   // the progress of a running full synchronisation.
@@ -62,7 +68,9 @@ class WorldSynchronizer {
   template <typename Change>
   void UpdateArea(const AreaHeader& header, Change&& change);
   void SynchronizeNewAreas(Direction shift);
+  std::unique_ptr<Packet> MakeAreaRequest(const AreaPosition& position);
   void SendStatus();
+  void LogBadPlacement();
 
   Repository& mRepository;
   std::string mCacheDirectory;
@@ -70,6 +78,7 @@ class WorldSynchronizer {
   InfoHandler& mInfoHandler;
   std::uint16_t mAreaSyncTotal = 0;
   std::uint16_t mAreaSyncCount = 0;
+  bool mHasLoggedPlacement = false;
 };
 
 }  // namespace tolva

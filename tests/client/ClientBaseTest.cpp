@@ -101,7 +101,7 @@ TEST_F(ClientBaseTest, ServerGetsWhatTheDisplayAsksAndNothingElse) {
     mDisplay.Give(CreatePacket(code));
   }
   mDisplay.Give(PacketChatMsg());
-  EXPECT_EQ(ServerGets(6), (Codes{400, 402, 600, 800, 850, 400}));
+  EXPECT_EQ(ServerGets(6), (Codes{400, 402, 800, 850, 400, 600})) << "the question for the version can wait";
   mDisplay.Give(PacketMusicPlay(1));
   EXPECT_TRUE(PlaysTheTune());
 }
@@ -148,7 +148,7 @@ TEST_F(ClientBaseTest, ADisplayThatFallsBehindBoundsTheMailAndPingsGoOn) {
   ASSERT_TRUE(WaitUntil([&] { return mDisplay.GetWaitingCount() > kMailboxHighWater; }));
   EXPECT_EQ(ServerGets(2, kQuit), (Codes{kPing, kPing}));
   EXPECT_EQ(mDisplay.GetWaitingCount(), kMailboxHighWater + 1);
-  EXPECT_LE(mDisplay.GetTheirs()->GetCount(), kMailboxHighWater + 1);
+  EXPECT_LE(mDisplay.GetTheirs()->GetCount(), kMailboxHighWater);
   EXPECT_EQ(mDisplay.Next(kFlood), Codes(kFlood, PacketDarkness::kCode));
 }
 

@@ -23,9 +23,12 @@ struct ClientBaseWorldTest : testing::Test {
     display.Give(PacketLoginRequest());
     EXPECT_TRUE(server.Accept());
   }
-  ~ClientBaseWorldTest() override {
+  ~ClientBaseWorldTest() override { End(); }
+  void End() {
+    if (client == nullptr) return;
     display.Give(PacketQuit());
     client->WaitThread(nullptr);
+    client.reset();
   }
   void FromServer(const Packet& packet) { server.Send(Record(packet)); }
   // Waits for the packet, whatever is sent before it.
@@ -35,13 +38,27 @@ struct ClientBaseWorldTest : testing::Test {
     return !byte.empty();
   }
 
+  // How many questions for areas the server gets before the packet.
+  int RequestsBefore(const Packet& packet) {
+    const std::string request = Record(PacketAreaVersion()).substr(0, kHeaderSize);
+    std::string stream, byte;
+    int count = 0;
+    while (!stream.ends_with(Record(packet)) && !(byte = server.Receive(1)).empty()) {
+      stream += byte;
+      if (stream.ends_with(request)) ++count;
+    }
+    return byte.empty() ? 1000 : count;
+  }
+
+  const PacketEnterChatRequest escape;
+  const PacketChatMsg line{"", "One more thing"};
   const TempDir dir;
   LoopbackPeer server;
   Correspondent display;
   std::unique_ptr<ClientBase> client;
 };
 
-// One run, since the 49 requests that follow a placement take five seconds. All happens in area (0, 0) of region (0,
+// All happens in area (0, 0) of region (0,
 // 0).
 TEST_F(ClientBaseWorldTest, WhatTheServerTellsOfTheWorldReachesMapAndDisplay) {
   const auto announcement = display.Next();
@@ -53,7 +70,7 @@ TEST_F(ClientBaseWorldTest, WhatTheServerTellsOfTheWorldReachesMapAndDisplay) {
   placement.mByFy = 23;
   FromServer(placement);
   EXPECT_EQ(display.Next(2), (Codes{PacketInternStatus::kCode, PacketCharPosition::kCode}));
-  EXPECT_TRUE(ServerGets(PacketAreaVersion(0, 0, 3, 3, 0, 0))) << "the last of the 49";
+  EXPECT_TRUE(ServerGets(PacketAreaVersion(0xFFFFFFFF, 0xFFFFFFFF, 5, 5, 0, 0))) << "the first of the 49";
 
   server.Send(FalseClaim(PacketAreaVersion::kCode));
   for (const PacketCode code : {700u, 701u, 702u}) FromServer(*CreatePacket(code));
@@ -80,6 +97,21 @@ TEST_F(ClientBaseWorldTest, WhatTheServerTellsOfTheWorldReachesMapAndDisplay) {
   EXPECT_EQ(display.Next(2), (Codes{PacketRemoveChar::kCode, PacketMove::kCode}));
   EXPECT_EQ(field.GetCharacter(), nullptr);
   EXPECT_TRUE(ServerGets(PacketAreaVersion(0, 0, 3, 4, 0, 0))) << "the map followed";
+}
+
+// While a placement's 49 requests wait.
+TEST_F(ClientBaseWorldTest, NothingThatThePlayerDoesWaitsBehindRequests) {
+  FromServer(PacketCharPosition());
+  EXPECT_TRUE(ServerGets(PacketAreaVersion(0xFFFFFFFF, 0xFFFFFFFF, 5, 5, 0, 0)));
+  for (const Packet* what : {static_cast<const Packet*>(&escape), static_cast<const Packet*>(&line)}) {
+    display.Give(*what);
+    EXPECT_LE(RequestsBefore(*what), 2) << "one on its way, and one that waited";
+  }
+  display.Give(line);
+  display.Give(PacketQuit());
+  EXPECT_LE(RequestsBefore(line), 2) << "what was said before a quit is still sent";
+  End();
+  EXPECT_TRUE(server.SeesEnd()) << "and nothing more";
 }
 
 }  // namespace

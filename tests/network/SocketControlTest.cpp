@@ -195,9 +195,9 @@ TEST(SocketControl, LeavesAFloodWithThePeerAndDeliversAllOfItBeforeTheLoss) {
   PacketInternResend numbered;
   for (; numbered.mUintResendFrom < kCount; ++numbered.mUintResendFrom) flood += Record(numbered);
   ASSERT_TRUE(peer.Send(flood));
-  ASSERT_TRUE(WaitUntil([&] { return owner.GetWaitingCount() > kMailboxHighWater; }));
+  ASSERT_TRUE(WaitUntil([&] { return owner.GetWaitingCount() > kSocketHighWater; }));
   for (int i = 0; i < 10; ++i) owner.WaitForPass(peer);  // its own pings go on
-  EXPECT_LE(owner.GetWaitingCount(), kMailboxHighWater + 16);
+  EXPECT_LE(owner.GetWaitingCount(), kSocketHighWater + 16);
 
   peer.Close();
   for (int i = 0; i < 5; ++i) owner.Give(PacketChatMsg("ann", "anybody there?"));

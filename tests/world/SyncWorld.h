@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <memory>
 #include <vector>
 
@@ -23,11 +24,16 @@ PacketX At(const FieldPosition& position, Direction direction = Direction::None)
 struct SyncWorld {
   using Packets = std::vector<std::unique_ptr<Packet>>;
 
-  WorldSynchronizer::Send Into(Packets& packets) {
+  std::function<void(std::unique_ptr<Packet>)> Into(Packets& packets) {
     return [&](std::unique_ptr<Packet> packet) {
       const SemaphoreLock lock(repository);  // waits for ever if it is still held
       packets.push_back(std::move(packet));
     };
+  }
+  void MakeRequests() {
+    for (; !waiting.empty(); waiting.pop_front()) {
+      if (auto request = waiting.front()()) Into(toServer)(std::move(request));
+    }
   }
   // Places the player after forgetting what was sent.
   bool Place(const FieldPosition& position) {
@@ -43,7 +49,17 @@ struct SyncWorld {
   ClientCharacter& player = repository.GetPlayer();
   Packets toServer;
   Packets toDisplay;
-  WorldSynchronizer sync{repository, "area/", {Into(toServer), Into(toDisplay)}, log};
+  // What has been asked for and not made yet; without `delaysRequests` each is made at once.
+  std::deque<WorldSynchronizer::MakeRequest> waiting;
+  bool delaysRequests = false;
+  WorldSynchronizer sync{repository,
+                         "area/",
+                         {[this](auto make) {
+                            waiting.push_back(std::move(make));
+                            if (!delaysRequests) MakeRequests();
+                          },
+                          [this] { waiting.clear(); }, Into(toDisplay)},
+                         log};
 };
 
 }  // namespace tolva::test

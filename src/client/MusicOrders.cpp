@@ -1,0 +1,28 @@
+#include "client/MusicOrders.h"
+
+#include <utility>
+
+namespace tolva {
+namespace {
+
+constexpr std::uint16_t kLobbyMusic = 1;
+
+}  // namespace
+
+void MusicOrders::Order(const PacketMusicPlay& play) {
+  mIsMusicWanted = true;
+  mNewest.reset(play.Clone());
+}
+
+void MusicOrders::Order(const PacketMusicStop& stop) {
+  mIsMusicWanted = false;
+  mNewest.reset(stop.Clone());
+}
+
+void MusicOrders::EnterLobby() {
+  if (mIsMusicWanted) mNewest = std::make_unique<PacketMusicPlay>(kLobbyMusic);
+}
+
+std::unique_ptr<Packet> MusicOrders::Take(bool isMailboxEmpty) { return isMailboxEmpty ? std::move(mNewest) : nullptr; }
+
+}  // namespace tolva

@@ -1,0 +1,48 @@
+#include "client/RequestQueue.h"
+
+#include <utility>
+
+namespace tolva {
+namespace {
+
+constexpr std::size_t kCapacity = 256;
+
+// How long the server instance pauses after each packet, how long nothing must have come after that, and how long the
+// next request waits for silence at most.
+constexpr std::uint32_t kSendPauseMs = 100;
+constexpr std::uint32_t kSilenceMs = 15;
+constexpr std::uint32_t kPatienceMs = 250;
+
+}  // namespace
+
+void RequestQueue::Add(Kind kind, Make make) {
+  mWaiting.push_back({kind, std::move(make)});
+  if (mWaiting.size() > kCapacity) mWaiting.pop_front();
+}
+
+void RequestQueue::Discard(Kind kind) {
+  std::erase_if(mWaiting, [&](const Request& request) { return request.kind == kind; });
+}
+
+std::unique_ptr<Packet> RequestQueue::TakeDue(std::uint32_t now, bool isMailboxEmpty) {
+  if (!isMailboxEmpty) {
+    mBusyTick = now;
+    return nullptr;
+  }
+  if (mWaiting.empty() || !IsDue(now)) return nullptr;
+  std::unique_ptr<Packet> request;
+  while (request == nullptr && !mWaiting.empty()) {
+    const Make make = std::move(mWaiting.front().make);
+    mWaiting.pop_front();
+    request = make();
+  }
+  if (request != nullptr) mRequestTick = now;
+  return request;
+}
+
+bool RequestQueue::IsDue(std::uint32_t now) const {
+  if (now - mRequestTick >= kPatienceMs) return true;
+  return now - mBusyTick >= kSendPauseMs + kSilenceMs && now - mReceivedTick >= kSilenceMs;
+}
+
+}  // namespace tolva
