@@ -1,9 +1,12 @@
 #include <algorithm>
+#include <atomic>
+#include <filesystem>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "client/ClientBase.h"
+#include "foundation/Ticks.h"
 #include "protocol/PacketList.h"
 #include "support/Correspondent.h"
 #include "support/LoopbackPeer.h"
@@ -152,11 +155,37 @@ TEST_F(ClientBaseTest, ADisplayThatFallsBehindBoundsTheMailAndPingsGoOn) {
   EXPECT_EQ(mDisplay.Next(kFlood), Codes(kFlood, PacketDarkness::kCode));
 }
 
+TEST_F(ClientBaseTest, PingsWhenMoreThan2500MillisecondsHavePassed) {
+  static std::atomic<Uint32> sNow;
+  Connect();
+  sNow = SDL_GetTicks() + 10'000;
+  SetTickSource([] { return sNow.load(); });
+  EXPECT_EQ(ServerGets(1, kQuit), Codes{kPing}) << "the clock was set on";
+  sNow += 2500;
+  for (int i = 0; i < 2; ++i) {
+    mDisplay.Give(PacketChatMsg());
+    EXPECT_EQ(ServerGets(1, kQuit), Codes{PacketChatMsg::kCode}) << "not yet";
+  }
+  ++sNow;
+  EXPECT_EQ(ServerGets(1, kQuit), Codes{kPing});
+  SetTickSource(nullptr);
+}
+
 TEST_F(ClientBaseTest, QuitOfTheServerEndsTheThreadsInOrder) {
   Connect();
+  FromServer(PacketEnterChatAccept());
+  EXPECT_TRUE(PlaysTheTune());
+  EXPECT_EQ(mDisplay.Next(1), Codes{PacketEnterChatAccept::kCode});
+  for (int i = 0; i < 3; ++i) mDisplay.Give(PacketChatMsg());
+  const Uint32 start = SDL_GetTicks();
   FromServer(PacketQuit());
+  EXPECT_EQ(mDisplay.Next(1), Codes{kQuit});
+  EXPECT_GE(SDL_GetTicks() - start, 200u) << "what was said before is sent, with its pauses";
+  EXPECT_FALSE(std::filesystem::exists("Sound.tmp")) << "the music has ended";
   mClient->WaitThread(nullptr);
-  ExpectOrderlyEnd();
+  const std::string log = ReadFile("log.clf");
+  const auto left = log.find("Changed state to eClientStateInChat");
+  EXPECT_NE(log.find("Changed state to eClientStateNotConnected", left), std::string::npos);
 }
 
 TEST_F(ClientBaseTest, QuitOfTheDisplayDoesNotWaitForAServerThatNeverAnswers) {

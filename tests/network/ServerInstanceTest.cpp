@@ -55,6 +55,11 @@ TEST(ServerInstance, ConnectsAtTheFirstLoginAndSendsWhatIsForTheServer) {
   const std::string logins = peer.Receive(2 * ann.size());  // the two wait in turns
   EXPECT_TRUE(logins == ann + bob || logins == bob + ann);
 
+  const Uint32 start = SDL_GetTicks();
+  for (int i = 0; i < 3; ++i) controller.Give(PacketUserInGame());
+  EXPECT_EQ(peer.Receive(3 * 16), Record(PacketUserInGame()) + Record(PacketUserInGame()) + Record(PacketUserInGame()));
+  EXPECT_GE(SDL_GetTicks() - start, 200u) << "a pause after each";
+
   for (const PacketCode code : {12, 200, 400, 500}) {
     Packet claim;
     claim.mEnmCode = code;
@@ -66,6 +71,19 @@ TEST(ServerInstance, ConnectsAtTheFirstLoginAndSendsWhatIsForTheServer) {
   controller.Give(PacketUserInGame());
   controller.Quit();
   EXPECT_EQ(peer.Receive(1000), Record(PacketUserInGame()));  // and neither claims nor the quit
+  EXPECT_FALSE(peer.HasCaller());
+}
+
+TEST(ServerInstance, AfterALostConnectionMakesNoSecondOne) {
+  LoopbackPeer peer;
+  Controller controller(peer.GetPort());
+  controller.Give(LoginOf("ann"));
+  ASSERT_TRUE(peer.Accept());
+  ASSERT_EQ(controller.Next(1), Codes{PacketInternConnectionInfo::kCode});
+  peer.Close();
+  ASSERT_EQ(controller.Next(1), Codes{PacketInternConnectionLost::kCode});
+  controller.Give(LoginOf("ann"));
+  controller.Quit();
   EXPECT_FALSE(peer.HasCaller());
 }
 

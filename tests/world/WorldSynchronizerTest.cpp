@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <filesystem>
 #include <numeric>
 
@@ -57,6 +58,48 @@ TEST_F(WorldSynchronizerTest, AsksForEveryAreaAndCountsTheAnswers) {
     EXPECT_EQ(status->mUintValue, i);
     EXPECT_EQ(status->mUintMaxValue, 49);
   }
+  constexpr FieldPosition kElsewhere = {{70, 80, 0, 7, 3}, 0, 0};
+  ASSERT_TRUE(Place(kHome));
+  for (int answer = 0; answer < 20; ++answer) sync.CountAreaAnswer();
+  ASSERT_TRUE(Place(kElsewhere));
+  for (const auto& packet : toServer) {
+    EXPECT_EQ(PacketCast<PacketAreaVersion>(packet.get())->mByVersion, 0) << "a version of the place before";
+  }
+  sync.CountAreaAnswer();
+  EXPECT_EQ(PacketCast<PacketInternStatus>(toDisplay.back().get())->mUintValue, 1) << "of this placement";
+}
+
+TEST_F(WorldSynchronizerTest, AsksWhenTheTurnComesForWhatIsStillOnTheMap) {
+  delaysRequests = true;
+  ASSERT_TRUE(Place({kHome, 5, 23}));
+  ASSERT_TRUE(Place({kHome, 5, 23}));
+  EXPECT_EQ(waiting.size(), 49u) << "the placement before has lost its requests";
+  Move({kHome, 5, 23}, 1);
+  PacketAreaVolu volu;
+  static_cast<AreaHeader&>(volu) = {map.GetCenterArea()->GetPosition(), 9};
+  sync.UpdateAreaVolu(volu);
+  MakeRequests();
+  EXPECT_EQ(toServer.size(), 49u) << "seven areas have left the map, seven have come in";
+  for (const auto& packet : toServer) {
+    const auto* request = PacketCast<PacketAreaVersion>(packet.get());
+    const Area* area = map.GetArea(*request);
+    ASSERT_NE(area, nullptr);
+    EXPECT_EQ(request->mByVersion, area == map.GetCenterArea() ? 9 : 0) << "what came meanwhile counts";
+  }
+}
+
+TEST_F(WorldSynchronizerTest, LeavesAloneWhatCannotBeAndSaysSo) {
+  const ClientCharacter* first = Add({kHome, 3, 3});
+  EXPECT_EQ(Add({kHome, 3, 3}), first);
+  EXPECT_EQ(map.GetCharacterCount(), 1u);
+  for (int i = 0; i < 3; ++i) EXPECT_FALSE(Place({kHome, 24, 0}));
+  EXPECT_EQ(player.GetField(), map.GetField(kHome));
+  sync.RemoveChar(At<PacketRemoveChar>({{99, 99, 0, 0, 3}, 0, 0}));
+  const std::string text = test::ReadFile("log.clf");
+  EXPECT_EQ(std::ranges::count(text, '\n'), 2) << text;
+  EXPECT_NE(text.find("001                       The server placed the player on a field that does not exist\n"),
+            std::string::npos);
+  EXPECT_NE(text.find("001                       Could not remove char\n"), std::string::npos);
 }
 
 TEST_F(WorldSynchronizerTest, KeepsWhatTheServerSendsInMapAndCache) {
