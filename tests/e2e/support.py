@@ -23,7 +23,8 @@ from PIL import ImageChops, ImageGrab
 NETWORK_HOST = "127.0.0.1"
 # How long a program may take to do what it is asked, on a slow machine that does other things besides.
 PATIENCE = 20
-QUIT_SECONDS = 2
+# How long the client may take to end: what waits to be sent holds it up, and a machine that does other things besides.
+QUIT_SECONDS = 3
 
 
 class Failure(Exception):
@@ -52,22 +53,21 @@ def end(process):
 
 
 class Xvfb:
-    """A screen without a monitor, on the first display number that nobody has.
+    """A screen without a monitor, on a display number that nobody has: the X server finds one and tells it.
 
     It does not reset when its last client leaves: SDL opens the display twice, and the second time would meet the reset.
     """
 
-    def __init__(self, first_number):
-        for number in range(first_number, first_number + 50):
-            self.name, self.files = f":{number}", [Path(f"/tmp/.X11-unix/X{number}"), Path(f"/tmp/.X{number}-lock")]
-            if any(path.exists() for path in self.files):
-                continue
-            self.process = spawn(["Xvfb", self.name, "-ac", "-noreset", "-nolisten", "tcp", "-screen", "0", "1280x1024x24"],
-                                 stderr=subprocess.DEVNULL)
-            wait_until("Xvfb starts", lambda: self.process.poll() is not None or self.files[0].exists())
-            if self.process.poll() is None:
-                return
-        raise Failure("no free X display")
+    def __init__(self):
+        told, tells = os.pipe()
+        self.process = spawn(["Xvfb", "-displayfd", tells, "-ac", "-noreset", "-nolisten", "tcp", "-screen", "0",
+                              "1280x1024x24"], pass_fds=(tells,), stderr=subprocess.DEVNULL)
+        os.close(tells)
+        with open(told) as line:
+            number = line.readline().strip()
+        if not number:
+            raise Failure("Xvfb does not start")
+        self.name, self.files = f":{number}", [Path(f"/tmp/.X11-unix/X{number}"), Path(f"/tmp/.X{number}-lock")]
 
     def end(self):
         end(self.process)
@@ -109,11 +109,21 @@ class FakeServer:
     def _serve(self):
         # The client under test may be gone at any moment; what it did is for the test to judge.
         with contextlib.suppress(OSError):
-            peer, _ = self.listener.accept()
-            self.received += peer.recv(65536)
-            peer.sendall(self.payload)
-            while data := peer.recv(65536):
-                self.received += data
+            self._talk(self.listener.accept()[0])
+
+    def _talk(self, peer):
+        self.received += peer.recv(65536)
+        peer.sendall(self.payload)
+        while data := peer.recv(65536):
+            self.received += data
+
+    @staticmethod
+    def pour(peer, payload):
+        """Whether the peer is still there to take it."""
+        with contextlib.suppress(OSError):
+            peer.sendall(payload)
+            return True
+        return False
 
 
 class Client:
@@ -124,7 +134,7 @@ class Client:
         self.folder = folder
         self.environment = environment or {}
         self.process = None
-        self.screen = Xvfb(args.display)
+        self.screen = Xvfb()
         shutil.rmtree(folder / "area", ignore_errors=True)
         (folder / "area").mkdir(parents=True)
         for archive in args.data.glob("*.cc?"):
@@ -172,6 +182,8 @@ class Client:
         self.history = 0, height - 54, width - 20, height - 36
         # Where a line stands that the player's own character says.
         self.over_head = width // 2 - 150, height // 2 - 95, width // 2 + 150, height // 2 - 80
+        # Between what stands at the lower edge and where people speak.
+        self.view = width // 2 - 150, height // 2 - 60, width // 2 + 150, height // 2 + 60
         self.world_input = 20, height - 31, width, height - 11
         self.point(width - 1, height - 1)
         self.wait("the start screen shows", lambda: self.grab().getbbox())
@@ -248,6 +260,12 @@ class Client:
             return differ(pictures[-1], pictures[0]) and not differ(pictures[-1], pictures[-2])
 
         self.wait(what, settled)
+
+    def rests(self):
+        """Whether two looks at the middle of the world show the same."""
+        view = self.grab(self.view)
+        time.sleep(0.1)  # longer than any picture of a slide stands
+        return not differ(view, self.grab(self.view))
 
     def wait_colour(self, what, region, colour):
         """Waits until some pixel of the region has about this colour (screens have fewer shades than we name)."""
@@ -353,7 +371,6 @@ def parse_arguments(description, **extra):
                                 ("data", "build/data", "folder of the packed archives"),
                                 ("out", "build/e2e", "folder for run directories and screenshots")):
         parser.add_argument(f"--{name}", type=lambda path: Path(path).resolve(), default=default, help=text)
-    parser.add_argument("--display", type=int, default=81, help="the first X display number to try")
     for name, options in extra.items():
         parser.add_argument(f"--{name}", **options)
     args = parser.parse_args()
