@@ -13,6 +13,7 @@
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
 #include "media/ArchiveFormat.h"
+#include "media/GameGraphics.h"
 #include "protocol/ChatPackets.h"
 #include "protocol/GamePackets.h"
 #include "protocol/InternPackets.h"
@@ -45,6 +46,7 @@ Display::Display(Mailbox* mailbox)
       mFrameRateTime(GetTicks()) {
   Report(mErrHandler, "Display", "Display", [&] {
     mInfoHandler.SetModuleName("Display");
+    GameGraphics::ForgetMissing();
     mSettings = std::make_unique<Ini>("client.ini");
     ReadSettings();
     if (Initialize()) {

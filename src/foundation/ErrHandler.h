@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/InfoHandler.h"
+#include "foundation/LogLimit.h"
 
 namespace tolva {
 
@@ -13,11 +14,12 @@ class ErrHandler {
   virtual ~ErrHandler() = default;
 
   // Logs tick, module and method of `error` (never null; its message is not logged) and deletes it, also when logging
-  // fails.
+  // fails. A loop whose every pass fails does not fill the disk: see LogLimit.
   void HandleError(Error* error);
 
  private:
   InfoHandler mInfoHandler;
+  LogLimit mLimit;
 };
 
 }  // namespace tolva

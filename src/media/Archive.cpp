@@ -8,6 +8,7 @@
 
 #include "foundation/Guard.h"
 #include "foundation/InfoHandler.h"
+#include "foundation/LogLimit.h"
 #include "foundation/RegularFile.h"
 #include "media/ArchiveFormat.h"
 #include "media/PngCheck.h"
@@ -18,6 +19,10 @@ namespace {
 
 constexpr char kModule[] = "Archive";
 constexpr char kNotDecoded[] = "Failed to load picture from archive (Archive - LoadImage)";
+
+// Archives come and go with the screens and their parts; what a server's unknown ids may add to the log is counted over
+// the whole run.
+LogLimit sFailures;
 
 SurfacePtr DecodePng(const std::vector<std::uint8_t>& bytes) {
   SDL_RWops* stream = SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size()));
@@ -82,6 +87,8 @@ SurfacePtr Archive::Decode(std::uint32_t id) {
   return picture == nullptr ? fail(kNotDecoded) : std::move(picture);
 }
 
-void Archive::LogFailure(const char* text) { mInfoHandler->HandleInfo(new Info(text, InfoLevel::Failure)); }
+void Archive::LogFailure(const char* text) {
+  if (sFailures.Admit(*mInfoHandler)) mInfoHandler->HandleInfo(new Info(text, InfoLevel::Failure));
+}
 
 }  // namespace tolva

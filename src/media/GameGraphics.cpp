@@ -3,10 +3,10 @@
 #include <cstddef>
 #include <cstring>
 #include <stdexcept>
+#include <unordered_set>
 #include <utility>
 
 #include "foundation/Guard.h"
-#include "foundation/Ticks.h"
 #include "media/Archive.h"
 
 namespace tolva {
@@ -14,9 +14,15 @@ namespace {
 
 constexpr char kModule[] = "GameGraphics";
 
-constexpr std::uint32_t kRetryMs = 1000;
-// When so many misses are remembered, those that no longer count are dropped first.
-constexpr std::size_t kManyMisses = 4096;
+constexpr std::size_t kMostMissing = 65'536;
+
+// The ids of which the archive has no picture. Each visit to the world has a store of its own, the run has one archive.
+std::unordered_set<std::uint32_t> sMissing;
+
+SDL_Surface* Remember(std::uint32_t id, SDL_Surface* found) {
+  if (found == nullptr) sMissing.insert(id);
+  return found;
+}
 
 // The 16-bit surface whose way there and back turns a picture into its mask: all channels share these bits.
 constexpr Uint32 kMaskChannel = 0x000000FF;
@@ -104,14 +110,12 @@ SDL_Surface* GameGraphics::GetMask(std::uint32_t id) {
 }
 
 SDL_Surface* GameGraphics::FindGraphic(std::uint32_t id) {
-  return Guard(kModule, "FindGraphic", [&]() -> SDL_Surface* {
-    if (id == 0 || WasMissedLately(id)) return nullptr;
-    return Remember(id, GetGraphic(id));
-  });
+  return Guard(kModule, "FindGraphic",
+               [&]() -> SDL_Surface* { return id != 0 && MayBeThere(id) ? Remember(id, GetGraphic(id)) : nullptr; });
 }
 
 SDL_Surface* GameGraphics::FindMask(std::uint32_t id) {
-  return Guard(kModule, "FindMask", [&] { return WasMissedLately(id) ? nullptr : Remember(id, GetMask(id)); });
+  return Guard(kModule, "FindMask", [&] { return MayBeThere(id) ? Remember(id, GetMask(id)) : nullptr; });
 }
 
 void GameGraphics::SetDarkness(std::uint8_t darkness) {
@@ -135,10 +139,7 @@ bool GameGraphics::LoadGraphic(std::uint32_t id) {
 }
 
 void GameGraphics::UnloadGraphics() {
-  Guard(kModule, "UnloadGraphics", [&] {
-    mGraphics.clear();
-    mMisses.clear();
-  });
+  Guard(kModule, "UnloadGraphics", [&] { mGraphics.clear(); });
 }
 
 GameGraphics::GraphicEntry* GameGraphics::FindEntry(std::uint32_t id) {
@@ -147,26 +148,16 @@ GameGraphics::GraphicEntry* GameGraphics::FindEntry(std::uint32_t id) {
   return found == mGraphics.end() ? nullptr : &found->second;
 }
 
-bool GameGraphics::WasMissedLately(std::uint32_t id) {
-  const auto miss = mMisses.find(id);
-  if (miss == mMisses.end()) return false;
-  if (GetTicks() - miss->second < kRetryMs) return true;
-  mMisses.erase(miss);
-  return false;
+void GameGraphics::ForgetMissing() { sMissing.clear(); }
+
+bool GameGraphics::MayBeThere(std::uint32_t id) const {
+  if (mGraphics.contains(id)) return true;
+  return sMissing.size() < kMostMissing && !sMissing.contains(id);
 }
 
-SDL_Surface* GameGraphics::Remember(std::uint32_t id, SDL_Surface* found) {
-  if (found != nullptr) return found;
-  const std::uint32_t now = GetTicks();
-  if (mMisses.size() >= kManyMisses) {
-    std::erase_if(mMisses, [&](const auto& miss) { return now - miss.second >= kRetryMs; });
-  }
-  mMisses[id] = now;
-  return nullptr;
-}
-
-// Both copies share the source's colour key, so that nothing is drawn where the picture is see-through; there the mask
-// puts the key's colour back.
+// Where the picture is see-through nothing is drawn, because both copies share the source's colour key. The veil is
+// drawn over what is opaque, and over it the mask: white where the picture is opaque, which is the mask's own key, so
+// that the darkened colours stay, and magenta elsewhere, so that no shade of the veil has taken the place of the key.
 void GameGraphics::Darken(GraphicEntry& entry) const {
   if (entry.darkened == nullptr) {
     entry.darkened = Copy(entry.source);

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <map>
-#include <unordered_map>
 
 #include "foundation/SurfacePtr.h"
 
@@ -30,10 +29,13 @@ class GameGraphics {
   // failure as GetGraphic, but knows no exception for id 0.
   SDL_Surface* GetMask(std::uint32_t id);
 
-  // The same two for code that draws: a picture that was not there is looked for at most once a second, so that an
-  // unknown id, of which a server can send any number, costs neither the frame rate nor the log.
+  // The same two for code that draws: a picture that was not there is not looked for again in this run, by any store,
+  // so that an unknown id, of which a server can send any number, costs neither the frame rate nor the log. When 65,536
+  // such ids are known, no picture is loaded any more.
   SDL_Surface* FindGraphic(std::uint32_t id);
   SDL_Surface* FindMask(std::uint32_t id);
+  // A new run begins: every picture may be there again.
+  static void ForgetMissing();
 
   // From 0 (full daylight) to 255 (black). Draws every loaded picture anew.
   void SetDarkness(std::uint8_t darkness);
@@ -52,15 +54,12 @@ class GameGraphics {
   };
 
   GraphicEntry* FindEntry(std::uint32_t id);
-  bool WasMissedLately(std::uint32_t id);
-  SDL_Surface* Remember(std::uint32_t id, SDL_Surface* found);
+  bool MayBeThere(std::uint32_t id) const;
   void Darken(GraphicEntry& entry) const;
 
   Archive* const mArchive;
   std::map<std::uint32_t, GraphicEntry> mGraphics;
   std::uint8_t mDarkness = 0;
-  // When each picture that was not there was last looked for, in SDL ticks.
-  std::unordered_map<std::uint32_t, std::uint32_t> mMisses;
 };
 
 }  // namespace tolva

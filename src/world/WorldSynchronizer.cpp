@@ -146,7 +146,8 @@ void WorldSynchronizer::RemoveChar(const PacketRemoveChar& packet) {
       isOnMap = field != nullptr;
       if (isOnMap) map.RemoveCharacter(*field);
     });
-    if (!isOnMap) mInfoHandler.HandleInfo(new Info("Could not remove char", InfoLevel::Failure));
+    if (isOnMap || !mLostCharacters.Admit(mInfoHandler)) return;
+    mInfoHandler.HandleInfo(new Info("Could not remove char", InfoLevel::Failure));
   });
 }
 

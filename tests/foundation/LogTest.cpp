@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstdlib>
+#include <deque>
 #include <sstream>
 #include <stdexcept>
 #include <vector>
@@ -7,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "foundation/Guard.h"
+#include "foundation/LogLimit.h"
+#include "foundation/Ticks.h"
 #include "support/TempDir.h"
 
 namespace tolva::test {
@@ -44,6 +47,33 @@ TEST(Log, KeepsFailuresErrorsAndProgressCutToTheirFields) {
   const std::string rest = " ClientMain            100%s";
   const std::string cut = " 004 " + std::string(21, 'm') + " " + std::string(255, 't');
   EXPECT_EQ(LogLines(), (std::vector<std::string>{" 001" + rest, " 002" + rest, " 004" + rest, cut}));
+}
+
+// An hour in which a loop fails every 5 ms, on a clock that runs as fast as the loop.
+TEST(LogLimit, BoundsTheLinesOfASecondAndOfARun) {
+  const TempDir dir;
+  static std::uint32_t sNow;
+  sNow = 0xFFFFFFFF - 5000;  // the clock wraps around meanwhile
+  SetTickSource([] { return sNow; });
+  LogLimit limit;
+  InfoHandler handler;
+  std::deque<std::uint32_t> admitted;
+  std::size_t count = 0, most = 0;
+  for (int pass = 0; pass < 3600 * 200; ++pass, sNow += 5) {
+    if (!limit.Admit(handler)) continue;
+    ++count;
+    admitted.push_back(sNow);
+    while (sNow - admitted.front() >= 1000) admitted.pop_front();
+    most = std::max(most, admitted.size());
+  }
+  EXPECT_EQ(most, 100u);
+  EXPECT_EQ(count, 10'000u);
+  EXPECT_EQ(LogLines().size(), 1u) << "one line says that lines are missing";
+
+  ErrHandler errors;
+  for (int pass = 0; pass < 3600 * 200; ++pass, sNow += 5) errors.HandleError(new Error("Display", "Blit"));
+  EXPECT_EQ(LogLines().size(), 1u + 2 * 10'000 + 1) << "two for each error, the second of them empty";
+  SetTickSource(nullptr);
 }
 
 TEST(Errors, NameTheInnermostOperationThatSawTheFailure) {
