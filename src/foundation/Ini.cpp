@@ -1,13 +1,20 @@
 #include "foundation/Ini.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 #include <sstream>
 #include <string>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "foundation/Guard.h"
+#include "foundation/ReplacingFile.h"
 #include "foundation/Text.h"
 
 namespace tolva {
@@ -19,6 +26,45 @@ struct CloseFile {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : mNumber(number) {}
+  ~Descriptor() {
+    if (IsOpen()) ::close(mNumber);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  bool IsOpen() const { return mNumber >= 0; }
+  int Get() const { return mNumber; }
+
+ private:
+  const int mNumber;
+};
+
+bool WriteInPlace(int file, const std::string& text, bool isRegular) {
+  for (std::size_t done = 0; done < text.size();) {
+    const ssize_t written = ::write(file, text.data() + done, text.size() - done);
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return false;
+    done += static_cast<std::size_t>(written);
+  }
+  return !isRegular || ::ftruncate(file, static_cast<off_t>(text.size())) == 0;
+}
+
+// Puts `text` in the place of the content of the file that is open for writing under `path`.
+bool Replace(const char* path, int file, const std::string& text) {
+  struct stat facts;
+  const bool isRegular = ::fstat(file, &facts) == 0 && S_ISREG(facts.st_mode);
+  std::error_code fault;
+  const std::filesystem::path target = std::filesystem::canonical(path, fault);
+  if (isRegular && !fault) {
+    ReplacingFile replacement(target.string());
+    if (replacement.TakeRights(file)) return replacement.Write(text.data(), text.size()) && replacement.Commit();
+  }
+  return WriteInPlace(file, text, isRegular);
+}
 
 }  // namespace
 
@@ -32,6 +78,9 @@ Ini::Ini(const char* fileName) {
 std::int32_t Ini::Load() {
   return Guard("Ini", "Load", [&] {
     mSections.clear();
+    // A pipe would keep us waiting, and a device may never end.
+    std::error_code fault;
+    if (!std::filesystem::is_regular_file(mFileName, fault)) return 0;
     // Settings that could not be written back are not taken in either, hence "r+".
     const File file(std::fopen(mFileName, "r+"));
     char line[kLineCapacity];
@@ -54,16 +103,13 @@ void Ini::TakeLine(char* line) {
 
 void Ini::Save() const {
   Guard("Ini", "Save", [&] {
-    // The text is complete before the file is emptied.
     std::ostringstream stream;
     for (const IniSection& section : mSections) section.Print(stream);
-    const std::string text = stream.str();
-
-    File file(std::fopen(mFileName, "w"));
-    if (!file) throw new Error("Ini", "WriteIni", "Unable to open ini file");
-    const bool written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
-    const bool closed = std::fclose(file.release()) == 0;
-    if (!written || !closed) throw new Error("Ini", "WriteIni", "Unable to write ini file");
+    // Creates the file, also the one that a link leads to, but neither empties it nor waits for the reader of a pipe.
+    const Descriptor old(::open(mFileName, O_WRONLY | O_CREAT | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, 0666));
+    if (!old.IsOpen() || !Replace(mFileName, old.Get(), stream.str())) {
+      throw new Error("Ini", "WriteIni", "Unable to open ini file");
+    }
   });
 }
 

@@ -22,7 +22,9 @@ class Ini {
   // Forgets everything and reads the file again. Returns the number of sections read. What is neither a section's
   // header nor a pair is skipped.
   std::int32_t Load();
-  // Rewrites the file from memory; what Load skipped is gone then. Throws an Error when it cannot be written.
+  // Rewrites the file from memory; what Load skipped is gone then. The new file takes the place of the old one, or of
+  // what a link leads to, when it is whole, so a full disk costs nothing. Only where no file can be made beside it, or
+  // where it is no regular file, it is written in place. Throws an Error when it cannot be written.
   void Save() const;
 
   // The value as written in the file, or null when the section or the key is missing. It stays valid until the pair is

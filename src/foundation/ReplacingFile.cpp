@@ -33,6 +33,15 @@ ReplacingFile::~ReplacingFile() {
   ::unlink(mTemporaryPath.c_str());
 }
 
+bool ReplacingFile::TakeRights(int descriptor) {
+  struct stat old, own;
+  if (!IsOpen() || ::fstat(descriptor, &old) != 0 || ::fstat(mDescriptor, &own) != 0) return false;
+  const bool sameOwner = old.st_uid == own.st_uid && old.st_gid == own.st_gid;
+  // The owner first: changing it may clear bits of the mode.
+  return (sameOwner || ::fchown(mDescriptor, old.st_uid, old.st_gid) == 0) &&
+         ::fchmod(mDescriptor, old.st_mode & 07777) == 0;
+}
+
 bool ReplacingFile::Write(const void* bytes, std::size_t count) {
   const auto* next = static_cast<const char*>(bytes);
   while (count > 0 && IsOpen() && !mFailed) {

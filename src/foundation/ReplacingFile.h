@@ -17,6 +17,9 @@ class ReplacingFile {
   ReplacingFile& operator=(const ReplacingFile&) = delete;
 
   bool IsOpen() const { return mDescriptor >= 0; }
+  // Gives the new file the mode and the owner of the one that is open under the descriptor. False when it may not have
+  // them.
+  bool TakeRights(int descriptor);
   // False when the bytes could not be written; Commit then fails too.
   bool Write(const void* bytes, std::size_t count);
   // Puts the file in place. False when it could not be opened, written or renamed.

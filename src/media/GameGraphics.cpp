@@ -155,9 +155,8 @@ bool GameGraphics::MayBeThere(std::uint32_t id) const {
   return sMissing.size() < kMostMissing && !sMissing.contains(id);
 }
 
-// Where the picture is see-through nothing is drawn, because both copies share the source's colour key. The veil is
-// drawn over what is opaque, and over it the mask: white where the picture is opaque, which is the mask's own key, so
-// that the darkened colours stay, and magenta elsewhere, so that no shade of the veil has taken the place of the key.
+// The veil is black all over, so it darkens the pixels of the colour key too, and they would be drawn. The mask, which
+// has the key's colour where the picture is see-through and is see-through elsewhere, lays that colour over them again.
 void GameGraphics::Darken(GraphicEntry& entry) const {
   if (entry.darkened == nullptr) {
     entry.darkened = Copy(entry.source);

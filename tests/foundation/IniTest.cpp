@@ -1,6 +1,9 @@
+#include <csignal>
 #include <filesystem>
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 #include "foundation/Guard.h"
 #include "foundation/Ini.h"
@@ -49,6 +52,54 @@ TEST(Ini, KeepsChangesAndTheTextsItHandedOut) {
   ini.Save();
   EXPECT_TRUE(ReadFile("client.ini").starts_with("[A]\nx=1\n0=0\n"));
   EXPECT_TRUE(ReadFile("client.ini").ends_with("[9]\nk=0\n"));
+}
+
+// What Save must not do to files that other programs or users care for.
+TEST(Ini, SavesThroughLinksWithTheOldRightsOrInPlaceAndLosesNothing) {
+  namespace fs = std::filesystem;
+  const TempDir dir;
+  fs::create_directory("home");
+  ErrHandler handler;
+  const auto saves = [&](const char* value) {
+    Ini ini("client.ini");
+    ini.SetValue("S", "k", value);
+    return Report(handler, "Test", "Save", [&] { ini.Save(); });
+  };
+  const auto rightsOf = [](const char* path) { return static_cast<unsigned>(fs::status(path).permissions()); };
+  fs::create_symlink("home/real.ini", "client.ini");
+  EXPECT_TRUE(saves("new")) << "a link that leads nowhere yet";
+  fs::permissions("home/real.ini", fs::perms{0640});
+  EXPECT_TRUE(saves("1"));
+  EXPECT_EQ(ReadFile("home/real.ini"), "[S]\nk=1\n");
+  EXPECT_EQ(rightsOf("home/real.ini"), 0640u);
+  EXPECT_TRUE(fs::is_symlink("client.ini"));
+
+  // A full disk, as far as a process can make one for itself.
+  ::signal(SIGXFSZ, SIG_IGN);
+  rlimit before, small{4, 4};
+  ::getrlimit(RLIMIT_FSIZE, &before);
+  small.rlim_max = before.rlim_max;
+  ::setrlimit(RLIMIT_FSIZE, &small);
+  EXPECT_FALSE(saves("2"));
+  ::setrlimit(RLIMIT_FSIZE, &before);
+  EXPECT_EQ(ReadFile("home/real.ini"), "[S]\nk=1\n");
+  EXPECT_EQ(std::distance(fs::directory_iterator("home"), {}), 1) << "nothing is left beside";
+
+  fs::create_directories("home/real.ini.part/in the way");
+  EXPECT_TRUE(saves("a longer one"));
+  EXPECT_TRUE(saves("3"));
+  EXPECT_EQ(ReadFile("home/real.ini"), "[S]\nk=3\n");
+  for (const char* device : {"/dev/full", "/dev/null"}) {
+    fs::remove("client.ini");
+    fs::create_symlink(device, "client.ini");
+    EXPECT_EQ(saves("4"), device == std::string("/dev/null")) << device;
+    EXPECT_TRUE(fs::is_character_file(device));
+  }
+  fs::remove("client.ini");
+  Ini ini("client.ini");
+  ::mkfifo("client.ini", 0666);
+  EXPECT_EQ(ini.Load(), 0);
+  EXPECT_FALSE(Report(handler, "Test", "Save", [&] { ini.Save(); })) << "nobody reads the pipe";
 }
 
 TEST(Ini, WithoutAUsableFileIsEmptyAndFailsWhenSaved) {

@@ -17,7 +17,10 @@ constexpr char kMusicFile[] = "Sound.tmp";
 class SoundManagerTest : public ::testing::Test {
  protected:
   void Start() {
-    WriteArchive("Sounds", 1, ReadFile(TOLVA_TEST_MUSIC));
+    const std::string music = ReadFile(TOLVA_TEST_MUSIC);
+    const auto size = static_cast<std::uint32_t>(music.size());
+    WriteFile("Sounds.cci", MakeIndex({{7, size, 8}, {1, 0, size}}));
+    WriteFile("Sounds.cca", music + "no music");
     mSoundManager = std::make_unique<SoundManager>(&mMailbox);
   }
   // SDL chooses its driver anew for the next test.
@@ -61,6 +64,9 @@ TEST_F(SoundManagerTest, PlaysAPieceOverAndOverUntilToldToStop) {
   EXPECT_EQ(Mix_PlayingMusic(), 0);
   Order(new PacketMusicPlay(1));
   EXPECT_EQ(Mix_PlayingMusic(), 1);
+  Order(new PacketMusicPlay(7));
+  EXPECT_EQ(ReadFile(kMusicFile), "no music") << "the piece that was asked for";
+  EXPECT_EQ(Mix_PlayingMusic(), 0);
   Quit();
   EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 0);
   EXPECT_FALSE(std::filesystem::exists(kMusicFile));

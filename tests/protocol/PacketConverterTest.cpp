@@ -64,6 +64,8 @@ TEST(PacketConverter, EveryClassSurvivesTheWireAndNothingShorterDoes) {
       // The same bytes under a header that claims to be whole.
       if (size < kHeaderSize) continue;
       ASSERT_EQ(ReadRecord(WithWord(cut, 8, static_cast<std::uint32_t>(size))).consumed, 0u) << size;
+      // Others' bytes behind it do not make it whole.
+      ASSERT_EQ(ReadRecord(WithWord(bytes, 8, static_cast<std::uint32_t>(size))).consumed, 0u) << size;
     }
   });
 }
