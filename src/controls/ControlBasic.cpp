@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "controls/FlagScope.h"
+#include "controls/MouseWheel.h"
 #include "controls/SdlCalls.h"
 #include "foundation/Guard.h"
 
@@ -37,6 +38,11 @@ ControlBasic::ControlBasic(std::uint32_t id, SDL_Surface* parentSurface, void* c
 
 void ControlBasic::HandleSdlEvent(SDL_Event event) {
   GuardControl(kModule, "HandleSdlEvent", [&] {
+    if (IsWheel(event)) {
+      const int notches = event.button.button == SDL_BUTTON_WHEELDOWN ? 1 : -1;
+      if (event.type == SDL_MOUSEBUTTONDOWN) TurnWheel(event.button.x, event.button.y, notches);
+      return;
+    }
     SetActive(true);
     if (event.type == SDL_MOUSEBUTTONDOWN) RoutePress(event.button);
     // Nothing may follow: whoever handles the event may change the tree.
@@ -55,8 +61,9 @@ void ControlBasic::RoutePress(SDL_MouseButtonEvent& press) {
   // First everything below loses the focus, then the path down to here gets it back.
   SetActive(false);
   SetActive(true);
-  const auto hit = std::find_if(mSubControls.begin(), mSubControls.end(),
-                                [&](const auto& control) { return control->IsHit(press.x, press.y); });
+  const auto hit = std::find_if(mSubControls.begin(), mSubControls.end(), [&](const auto& control) {
+    return control->mEnabled && control->IsShownAt(press.x, press.y);
+  });
   if (hit != mSubControls.end()) {
     ControlBasic& control = **hit;
     if (!control.mKeepOrder) mSubControls.splice(mSubControls.begin(), mSubControls, hit);
@@ -67,9 +74,19 @@ void ControlBasic::RoutePress(SDL_MouseButtonEvent& press) {
   SDL_GetRelativeMouseState(nullptr, nullptr);
 }
 
-bool ControlBasic::IsHit(int x, int y) const {
+bool ControlBasic::IsShownAt(int x, int y) const {
   const bool inside = x >= mRect.x && x <= mRect.x + mRect.w && y >= mRect.y && y <= mRect.y + mRect.h;
-  return inside && mEnabled && mVisible;
+  return inside && mVisible;
+}
+
+bool ControlBasic::TurnWheel(int x, int y, int notches) {
+  return GuardControl(kModule, "TurnWheel", [&] {
+    const int innerX = x - mRect.x;
+    const int innerY = y - mRect.y;
+    const auto front = std::find_if(mSubControls.begin(), mSubControls.end(),
+                                    [&](const auto& control) { return control->IsShownAt(innerX, innerY); });
+    return front != mSubControls.end() && (*front)->TurnWheel(innerX, innerY, notches);
+  });
 }
 
 void ControlBasic::SetActive(bool active) {

@@ -29,7 +29,8 @@ class ControlBasic {
   // ---- Events and frames: the virtual operations, overridden along the class chain ----
 
   // Routes an event to the sub-control that has the focus, or to `SdlEventHandler`. A press chooses the focus anew and
-  // arrives in the receiver's own coordinates; everything else travels unchanged.
+  // arrives in the receiver's own coordinates; everything else travels unchanged. The mouse wheel has no part in this:
+  // it goes to `TurnWheel`.
   virtual void HandleSdlEvent(SDL_Event event);
   // Composes this control and its sub-controls onto the parent surface.
   virtual void Blit();
@@ -47,6 +48,9 @@ class ControlBasic {
   virtual void SdlEventHandler(SDL_Event event);
   // The reaction to the report of a sub-control that was created with `CallbackWrapper`.
   virtual void EventHandler(ControlEvent event);
+  // The wheel turned by `notches`, positive when down, with the pointer at (x, y) in the parent's coordinates, inside
+  // this control. Scrolls what is in front there; false when that has nothing to scroll.
+  virtual bool TurnWheel(int x, int y, int notches);
 
   // ---- Geometry, in pixels of the parent ----
 
@@ -133,7 +137,7 @@ class ControlBasic {
   SDL_Surface* GetSurfaceForSubControls() const;
   void PassSurfaceToSubControls();
   void RoutePress(SDL_MouseButtonEvent& press);
-  bool IsHit(int x, int y) const;
+  bool IsShownAt(int x, int y) const;
   void PaintBackground();
   void PaintTiles();
   void PaintFrame();

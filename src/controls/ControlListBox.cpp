@@ -5,6 +5,7 @@
 
 #include "controls/ControlLabel.h"
 #include "controls/ControlScrollbar.h"
+#include "controls/MouseWheel.h"
 #include "foundation/Guard.h"
 
 namespace tolva {
@@ -99,6 +100,13 @@ void ControlListBox::SetScrollbarValueBackgroundColor(std::uint8_t r, std::uint8
 void ControlListBox::EventHandler(ControlEvent event) {
   GuardControl(kModule, "EventHandler", [&] {
     if (event.sender == mScrollbar && event.code == ControlScrollbar::kEventValue) Refresh(true);
+  });
+}
+
+bool ControlListBox::TurnWheel(int /*x*/, int /*y*/, int notches) {
+  return GuardControl(kModule, "TurnWheel", [&] {
+    mScrollbar->SetValue(mScrollbar->GetValue() + kRowsPerNotch * notches);
+    return true;
   });
 }
 

@@ -24,6 +24,7 @@ class ControlListBox : public ControlBasic {
   void SetBorderSurface(SDL_Surface* surface) override;
   void Refresh(bool recursive) override;
   void EventHandler(ControlEvent event) override;
+  bool TurnWheel(int x, int y, int notches) override;
 
   virtual void AddEntry(const char* text);
   // Removes the first entry that equals `text`. False when there is none.

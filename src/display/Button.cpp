@@ -1,5 +1,6 @@
 #include "display/Button.h"
 
+#include "controls/MouseWheel.h"
 #include "foundation/Guard.h"
 
 namespace tolva {
@@ -16,7 +17,7 @@ void Button::Blit(SDL_Surface* target) {
 
 void Button::HandleEvent(SDL_Event event) {
   Guard("Button", "HandleEvent", [&] {
-    if (event.type == SDL_MOUSEBUTTONDOWN) SetActive(!mPressed);
+    if (event.type == SDL_MOUSEBUTTONDOWN && !IsWheel(event)) SetActive(!mPressed);
   });
 }
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "controls/ControlLabel.h"
+#include "controls/MouseWheel.h"
 #include "display/DisplayRequests.h"
 #include "foundation/Guard.h"
 #include "protocol/LoginPackets.h"
@@ -58,7 +59,7 @@ void ScreenStart::HandleSdlEvent(SDL_Event event) {
     const bool isKey = event.type == SDL_KEYDOWN;
     if (isKey && event.key.keysym.sym == SDLK_ESCAPE) {
       QueuePacket(std::make_unique<PacketQuit>());
-    } else if (isKey || event.type == SDL_MOUSEBUTTONDOWN) {
+    } else if (isKey || (event.type == SDL_MOUSEBUTTONDOWN && !IsWheel(event))) {
       AskForLogin();
     }
   });

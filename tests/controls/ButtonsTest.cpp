@@ -54,6 +54,7 @@ TEST_F(WindowTest, IsDraggedByItsCaptionWithTheLeftButton) {
     mRoot.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, 60, 70));
     gMouse.dx += 7;
     gMouse.dy -= 70;
+    Click(mRoot, 60, 70, SDL_BUTTON_WHEELUP);
     mRoot.HandleSdlEvent(Mouse(SDL_MOUSEMOTION, 1, 1));
     EXPECT_EQ(mWindow.GetX(), button == 1 ? 57 : 50);
     EXPECT_EQ(mWindow.GetY(), button == 1 ? -10 : 60);
@@ -64,7 +65,10 @@ TEST_F(WindowTest, ClosesByItsButton) {
   // Stretching a see-through caption bar refreshes the window that stretches it.
   mWindow.SetCaptionColor(255, 0, 255);
   mWindow.SetWidth(200);
-  Click(mRoot, 50 + 200 - 3, 60 + 3);
+  for (const int button : {SDL_BUTTON_WHEELUP, SDL_BUTTON_WHEELDOWN, SDL_BUTTON_LEFT}) {
+    EXPECT_TRUE(mWindow.IsVisible());
+    Click(mRoot, 50 + 200 - 3, 60 + 3, button);
+  }
   EXPECT_FALSE(mWindow.IsVisible());
   EXPECT_EQ(mReports, (Reports{{5, 0}}));
 }

@@ -9,18 +9,19 @@
 
 namespace tolva::test {
 
-inline SDL_Event Mouse(Uint8 type, int x, int y) {
+inline SDL_Event Mouse(Uint8 type, int x, int y, int button = SDL_BUTTON_LEFT) {
   SDL_Event event{};
   event.button.type = type;
   event.button.x = static_cast<Uint16>(x);
   event.button.y = static_cast<Uint16>(y);
+  event.button.button = static_cast<Uint8>(button);
   return event;
 }
 
 // Presses at (x, y) and releases far away from there.
-inline void Click(ControlBasic& root, int x, int y) {
-  root.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, x, y));
-  root.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONUP, 799, 599));
+inline void Click(ControlBasic& root, int x, int y, int button = SDL_BUTTON_LEFT) {
+  root.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, x, y, button));
+  root.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONUP, 799, 599, button));
 }
 
 class ControlsTest : public VideoTest {

@@ -55,6 +55,27 @@ TEST_F(ListsTest, AListScrollsThroughAllItsEntries) {
   EXPECT_EQ(TextsOf(list), (Texts{"b", "d", "c"}));
 }
 
+TEST_F(ListsTest, TheWheelScrollsWhatIsInFrontUnderThePointerAndNothingElse) {
+  ControlListBox& list = AddList<ControlListBox>();
+  list.SetHeight(60);
+  for (const char* text : {"0", "1", "2", "3", "4", "5", "6", "7"}) list.AddEntry(text);
+  auto* window = new ControlBasic(8, nullptr, nullptr, nullptr);
+  window->SetPosition(100, 0, 100, 100);
+  mRoot.AddSubControl(window);
+  constexpr int kUp = SDL_BUTTON_WHEELUP;
+  constexpr int kDown = SDL_BUTTON_WHEELDOWN;
+  const struct {
+    int x, y, button;
+    const char* top;
+  } turns[] = {{20, 30, kDown, "3"}, {150, 30, kDown, "3"}, {295, 5, kDown, "5"}, {20, 59, kDown, "5"},
+               {20, 90, kUp, "5"},   {150, 30, kUp, "5"},   {292, 30, kUp, "2"},  {20, 30, kUp, "0"}};
+  for (const auto& turn : turns) {
+    Click(mRoot, turn.x, turn.y, turn.button);
+    EXPECT_EQ(TextsOf(list)[0], turn.top) << turn.x << ", " << turn.y;
+    EXPECT_FALSE(list.IsActive() || window->IsActive());
+  }
+}
+
 TEST_F(ListsTest, WrappingLosesNothingAndAlwaysEnds) {
   std::string bytes;
   for (int byte = 255; byte > 0; --byte) bytes.push_back(static_cast<char>(byte));

@@ -91,11 +91,12 @@ class DisplayFixture : public ::testing::Test {
     }
     mDisplay->RunPass();
   }
-  void Click(int x, int y) {
+  void Click(int x, int y, Uint8 button = SDL_BUTTON_LEFT) {
     for (const Uint8 type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) {
       SDL_Event event{type};
       event.button.x = static_cast<Uint16>(x);
       event.button.y = static_cast<Uint16>(y);
+      event.button.button = button;
       EXPECT_EQ(SDL_PushEvent(&event), 0);
     }
     mDisplay->RunPass();

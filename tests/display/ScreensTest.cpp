@@ -1,5 +1,6 @@
 #include "controls/ControlTextBox.h"
 #include "display/DisplayFixture.h"
+#include "display/ScreenChat.h"
 #include "display/ScreenLogin.h"
 
 namespace tolva::test {
@@ -32,6 +33,29 @@ TEST_P(ScreensTest, EveryPixelIsCoveredAtEverySizeWithAndWithoutPictures) {
       EXPECT_EQ(uncovered, 0) << size;
     }
   }
+}
+
+TEST_P(ScreensTest, TheWheelIsNoButton) {
+  Start();
+  GoToScreen();
+  if (GetParam() == Which::Chat) ClickOn({ScreenChat::kButtonBar, ScreenChat::kOptionsButton});
+  const Screen* before = mDisplay->GetScreen();
+  for (int place = 0; place < 80 * 60; ++place) {
+    SDL_Event event{SDL_MOUSEBUTTONDOWN};
+    event.button.x = static_cast<Uint16>(place % 80 * 10 + 5);
+    event.button.y = static_cast<Uint16>(place / 80 * 10 + 5);
+    for (const Uint8 button : {SDL_BUTTON_WHEELUP, SDL_BUTTON_WHEELDOWN}) {
+      event.button.button = button;
+      for (const Uint8 type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) {
+        event.type = type;
+        mDisplay->GetScreen()->HandleSdlEvent(event);
+      }
+    }
+  }
+  mDisplay->RunPass();
+  EXPECT_EQ(mDisplay->GetScreen(), before);
+  EXPECT_TRUE(Sent().empty());
+  EXPECT_FALSE(std::filesystem::exists("client.ini"));
 }
 
 // The code is all that a stranger chooses freely; nobody may take it for the class.
