@@ -5,6 +5,7 @@
 
 #include "controls/ControlChatBox.h"
 #include "controls/ControlLabel.h"
+#include "controls/MouseWheel.h"
 #include "controls/SdlCalls.h"
 #include "display/BottomStrip.h"
 #include "display/Component.h"
@@ -122,7 +123,7 @@ void MessageHistory::Add(const char* name, const char* text, std::time_t when) {
   std::vector<std::string> lines;
   const int count = ControlChatBox::WrapText(text, room, font, lines);
   for (std::string& line : lines) {
-    mRows.push_back({&line == lines.data() ? heading : "", headingWidth, std::move(line)});
+    mRows.push_back({heading, headingWidth, std::move(line), &line == lines.data()});
   }
   ++mMessageCount;
   DropOldest();
@@ -134,14 +135,43 @@ void MessageHistory::DropOldest() {
   for (; mMessageCount > kMaxMessages; --mMessageCount) {
     do {
       mRows.pop_front();
-    } while (mRows.front().heading.empty());
+    } while (!mRows.front().isFirst);
   }
 }
 
 void MessageHistory::ScrollBy(int rows) {
-  const int most = std::max(0, static_cast<int>(mRows.size()) - GetVisibleRows());
+  const int most = std::max(0, GetRowCount() - GetVisibleRows());
   mScrolledBack = std::clamp(mScrolledBack + rows, 0, most);
   mIsPainted = false;
+}
+
+bool MessageHistory::TurnWheel(int x, int y, int notches) {
+  const int fromTop = y - GetTop();
+  if (x < 0 || x >= mWindow.w || fromTop < 0 || fromTop >= GetPanelHeight(mMode, mWindow.h)) return false;
+  if (mMode > 0) {
+    ScrollBy(-kRowsPerNotch * notches);
+  } else {
+    ScrollToMessage(notches < 0);
+  }
+  return true;
+}
+
+// In the one row, scrolling by rows would change nothing until the end of the message is reached.
+void MessageHistory::ScrollToMessage(bool isOlder) {
+  const int shown = GetLastShown();
+  if (shown < 0) return;
+  const int target = isOlder ? FindFirstRow(shown) - 1 : FindLastRow(FindLastRow(shown) + 1);
+  ScrollBy(shown - target);
+}
+
+int MessageHistory::FindFirstRow(int row) const {
+  while (row > 0 && !mRows[static_cast<std::size_t>(row)].isFirst) --row;
+  return row;
+}
+
+int MessageHistory::FindLastRow(int row) const {
+  while (row + 1 < GetRowCount() && !mRows[static_cast<std::size_t>(row) + 1].isFirst) ++row;
+  return std::min(row, GetRowCount() - 1);
 }
 
 // ---- Drawing ----
@@ -159,15 +189,21 @@ void MessageHistory::Paint() {
   for (const int x : {0, panel.w - left, GetTextRight()}) TileDown(mSideTile.get(), panel, x);
   TileAcross(mTopTile.get(), panel);
 
-  const int last = static_cast<int>(mRows.size()) - mScrolledBack - 1;
-  for (int row = 0; row < GetVisibleRows() && row <= last; ++row) {
-    const Row& shown = mRows[static_cast<std::size_t>(last - row)];
-    const int y = panel.h - kRowHeight * (row + 1);
-    const int textX = left + shown.headingWidth;
-    PaintText(shown.heading, left, y, shown.headingWidth, kNameColor);
-    PaintText(shown.text, textX, y, GetTextRight() - textX, kWhite);
+  const int visible = GetVisibleRows();
+  const int last = mMode > 0 || mRows.empty() ? GetLastShown() : FindFirstRow(GetLastShown());
+  for (int line = 0; line < visible && line <= last; ++line) {
+    const Row& row = mRows[static_cast<std::size_t>(last - line)];
+    // Who reads on the topmost line shall not have to scroll to learn who speaks.
+    PaintRow(row, panel.h - kRowHeight * (line + 1), row.isFirst || line == visible - 1);
   }
   mIsPainted = true;
+}
+
+void MessageHistory::PaintRow(const Row& row, int y, bool hasHeading) {
+  const int left = GetLineWidth();
+  const int textX = left + row.headingWidth;
+  if (hasHeading) PaintText(row.heading, left, y, row.headingWidth, kNameColor);
+  PaintText(row.text, textX, y, GetTextRight() - textX, kWhite);
 }
 
 void MessageHistory::PaintText(const std::string& text, int x, int y, int width, Rgb color) {

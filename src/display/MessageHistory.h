@@ -22,8 +22,9 @@ constexpr Rgb kNameColor{247, 231, 135};
 class InfoHandler;
 
 // The panel of the game screen that shows what was said last, the newest at the bottom, in one of three sizes, with
-// four buttons at its right end: they enlarge and shrink it and scroll by a line. Stands on the bottom strip. Texts are
-// wrapped; any byte may come in them. Display thread only.
+// four buttons at its right end: they enlarge and shrink it and scroll by a line. Texts are wrapped; time and name stand
+// at the topmost visible row of each. The smallest size has one row, with which the last message begins. Stands on the
+// bottom strip. Any byte may come in texts. Display thread only.
 class MessageHistory {
  public:
   // How many messages are kept.
@@ -39,6 +40,10 @@ class MessageHistory {
   // Who said what, and when. An empty name stands for the client itself. Who has scrolled back keeps reading there.
   void Add(const char* name, const char* text, std::time_t when = std::time(nullptr));
 
+  // The wheel turned by `notches`, positive when down, with the pointer at (x, y). Scrolls by three rows; in the smallest
+  // size from message to message. False when the pointer is not over the panel.
+  bool TurnWheel(int x, int y, int notches);
+
   // A mouse button went down: the first button under the pointer, if any, does what it is for and looks pressed.
   void HandlePress(const SDL_Event& event);
   // Every button looks released.
@@ -48,16 +53,26 @@ class MessageHistory {
 
  private:
   struct Row {
-    std::string heading;  // time and name; empty in the rows that continue a message
+    std::string heading;  // time and name
     int headingWidth;
     std::string text;
+    bool isFirst;  // of its message
   };
   enum ButtonIndex : std::size_t { kEnlarge, kShrink, kBack, kForward, kButtonCount };  // in the order of being hit
 
   void PlaceButtons();
   void ScrollBy(int rows);
+  // To the message before, or to the next one.
+  void ScrollToMessage(bool isOlder);
+  int GetRowCount() const { return static_cast<int>(mRows.size()); }
+  // The row at which the panel ends.
+  int GetLastShown() const { return GetRowCount() - 1 - mScrolledBack; }
+  // Of the message that has this row.
+  int FindFirstRow(int row) const;
+  int FindLastRow(int row) const;
   void DropOldest();
   void Paint();
+  void PaintRow(const Row& row, int y, bool hasHeading);
   void PaintText(const std::string& text, int x, int y, int width, Rgb color);
   int GetTop() const;
   int GetVisibleRows() const;

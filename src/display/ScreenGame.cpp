@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "controls/FlagScope.h"
+#include "controls/MouseWheel.h"
 #include "controls/SdlCalls.h"
 #include "display/Component.h"
 #include "display/FieldTiles.h"
@@ -278,6 +279,7 @@ void ScreenGame::SdlEventHandler(SDL_Event event) {
 
 Packet* ScreenGame::HandleEvent(SDL_Event event) {
   return Guard(kModule, "HandleEvent", [&]() -> Packet* {
+    if (IsWheel(event)) return nullptr;
     switch (event.type) {
       case SDL_KEYDOWN:
         return HandleKey(event).release();
@@ -291,6 +293,10 @@ Packet* ScreenGame::HandleEvent(SDL_Event event) {
         return nullptr;
     }
   });
+}
+
+bool ScreenGame::TurnWheel(int x, int y, int notches) {
+  return Guard(kModule, "TurnWheel", [&] { return mStatusMaximum == 0 && mHistory->TurnWheel(x, y, notches); });
 }
 
 std::unique_ptr<Packet> ScreenGame::HandleKey(const SDL_Event& event) {

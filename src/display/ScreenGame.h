@@ -37,6 +37,7 @@ class ScreenGame final : public Screen {
   // Hands the event to HandleEvent, unless it is the repeat of a held key that must wait, and queues the result.
   void SdlEventHandler(SDL_Event event) override;
   Packet* HandleEvent(SDL_Event event) override;
+  bool TurnWheel(int x, int y, int notches) override;
   void HandlePacket(Packet* packet) override;
   void InitializeComponents() override;
   void TerminateComponents() override;

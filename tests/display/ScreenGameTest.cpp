@@ -154,16 +154,28 @@ TEST_F(ScreenGameTest, ShowsProgressThenTheWorldInItsLightAndTheRoundTripTime) {
 TEST_F(ScreenGameTest, TheHistoryGrowsShrinksAndScrolls) {
   const SDL_Rect panels[] = {{42, 545, 758, 19}, {42, 497, 758, 67}, {42, 299, 758, 265}};  // behind the time
   Say(1, 2);
+  EXPECT_TRUE(Matches("history-line", panels[0]));
   const std::string wide = "Come along, we can walk from the market to the water and be back before it is dark; does ";
   Screen().HandlePacket(new PacketChatMsg("*** ", (wide + wide).c_str()));
   // Where the buttons are clicked, and the size that follows; enlarging and shrinking stop at the ends.
-  const std::pair<int, int> steps[] = {{0, 0}, {554, 1}, {506, 2}, {308, 2}, {556, 1}, {556, 0}, {572, 0}, {554, 1}};
+  const std::pair<int, int> steps[] = {{0, 0}, {554, 1}, {506, 2}, {308, 2}, {556, 1}, {556, 0}, {572, 0}};
   for (const auto& [y, size] : steps) {
     Click(790, y);
     EXPECT_TRUE(Matches("history" + std::to_string(size), panels[size])) << y;
   }
+  for (const auto& [button, golden] :
+       {std::pair{SDL_BUTTON_WHEELUP, "history-line"}, {SDL_BUTTON_WHEELDOWN, "history0"}}) {
+    Click(300, 550, Uint8(button));
+    EXPECT_TRUE(Matches(golden, panels[0])) << "the one line goes from message to message";
+  }
+  Click(790, 554);
   Say(3, 13);
-  for (int i = 0; i < 5; ++i) Click(790, i < 4 ? 520 : 538);
+  // Buttons and notches; the last two notches are not over the panel. Eight rows back a message is cut at the top.
+  const std::pair<int, Uint8> turns[] = {
+      {520, SDL_BUTTON_LEFT},    {520, SDL_BUTTON_LEFT},      {520, SDL_BUTTON_LEFT},    {520, SDL_BUTTON_WHEELUP},
+      {498, SDL_BUTTON_WHEELUP}, {562, SDL_BUTTON_WHEELDOWN}, {520, SDL_BUTTON_WHEELUP}, {538, SDL_BUTTON_LEFT},
+      {496, SDL_BUTTON_WHEELUP}, {564, SDL_BUTTON_WHEELUP}};
+  for (const auto& [y, button] : turns) Click(790, y, button);
   EXPECT_TRUE(Matches("history-back", panels[1]));
   Say(14, 16);
   EXPECT_TRUE(Matches("history-back", panels[1])) << "who reads stays where he is";
