@@ -21,6 +21,9 @@ Sint16 ToPosition(int value) {
 
 Uint16 ToSize(int value) { return static_cast<Uint16>(std::clamp<int>(value, 0, std::numeric_limits<Uint16>::max())); }
 
+// SDL counts the buttons from 1; no mouse has 32.
+std::uint32_t ToBit(const SDL_MouseButtonEvent& event) { return std::uint32_t{1} << event.button % 32; }
+
 Uint32 MapColor(const SDL_Surface& surface, Rgb color) { return SDL_MapRGB(surface.format, color.r, color.g, color.b); }
 
 }  // namespace
@@ -43,6 +46,7 @@ void ControlBasic::HandleSdlEvent(SDL_Event event) {
       if (event.type == SDL_MOUSEBUTTONDOWN) TurnWheel(event.button.x, event.button.y, notches);
       return;
     }
+    if (event.type == SDL_MOUSEBUTTONUP) return RouteRelease(event);
     SetActive(true);
     if (event.type == SDL_MOUSEBUTTONDOWN) RoutePress(event.button);
     // Nothing may follow: whoever handles the event may change the tree.
@@ -55,6 +59,8 @@ void ControlBasic::HandleSdlEvent(SDL_Event event) {
 }
 
 void ControlBasic::RoutePress(SDL_MouseButtonEvent& press) {
+  // Held already: its release has been lost on the way.
+  if (ControlBasic* before = FindReceiverOfPress(ToBit(press))) before->mHeldButtons &= ~ToBit(press);
   mFocusedControl = nullptr;
   press.x = static_cast<Uint16>(press.x - mRect.x);
   press.y = static_cast<Uint16>(press.y - mRect.y);
@@ -69,9 +75,26 @@ void ControlBasic::RoutePress(SDL_MouseButtonEvent& press) {
     if (!control.mKeepOrder) mSubControls.splice(mSubControls.begin(), mSubControls, hit);
     mFocusedControl = &control;
     control.SetActive(true);
+  } else {
+    mHeldButtons |= ToBit(press);
   }
   // A drag that starts with this press counts from here.
   SDL_GetRelativeMouseState(nullptr, nullptr);
+}
+
+void ControlBasic::RouteRelease(const SDL_Event& release) {
+  ControlBasic* receiver = FindReceiverOfPress(ToBit(release.button));
+  if (receiver == nullptr) return;
+  receiver->mHeldButtons &= ~ToBit(release.button);
+  receiver->SdlEventHandler(release);
+}
+
+ControlBasic* ControlBasic::FindReceiverOfPress(std::uint32_t button) {
+  if ((mHeldButtons & button) != 0) return this;
+  for (const auto& control : mSubControls) {
+    if (ControlBasic* receiver = control->FindReceiverOfPress(button)) return receiver;
+  }
+  return nullptr;
 }
 
 bool ControlBasic::IsShownAt(int x, int y) const {

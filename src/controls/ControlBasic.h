@@ -29,8 +29,9 @@ class ControlBasic {
   // ---- Events and frames: the virtual operations, overridden along the class chain ----
 
   // Routes an event to the sub-control that has the focus, or to `SdlEventHandler`. A press chooses the focus anew and
-  // arrives in the receiver's own coordinates; everything else travels unchanged. The mouse wheel has no part in this:
-  // it goes to `TurnWheel`.
+  // arrives in the receiver's own coordinates; everything else travels unchanged. A release goes to whoever got the
+  // press and leaves the focus alone; without that press, or when its receiver is gone, nobody hears of it. The mouse
+  // wheel has no part in all this: it goes to `TurnWheel`.
   virtual void HandleSdlEvent(SDL_Event event);
   // Composes this control and its sub-controls onto the parent surface.
   virtual void Blit();
@@ -137,6 +138,9 @@ class ControlBasic {
   SDL_Surface* GetSurfaceForSubControls() const;
   void PassSurfaceToSubControls();
   void RoutePress(SDL_MouseButtonEvent& press);
+  void RouteRelease(const SDL_Event& release);
+  // The control here or below that got the press of a button that is still held, or null.
+  ControlBasic* FindReceiverOfPress(std::uint32_t button);
   bool IsShownAt(int x, int y) const;
   void PaintBackground();
   void PaintTiles();
@@ -156,6 +160,8 @@ class ControlBasic {
   ControlBasic* mFocusedControl = nullptr;
   ControlBasic* mParentControl = nullptr;
   const std::uint32_t mId;
+  // A bit for each mouse button whose press this control got. No pointers: a receiver may be deleted before the release.
+  std::uint32_t mHeldButtons = 0;
   bool mActive = false;
   bool mEnabled = true;
   bool mVisible = true;

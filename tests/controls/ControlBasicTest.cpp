@@ -1,3 +1,5 @@
+#include <cstring>
+
 #include "controls/ControlsTest.h"
 
 namespace tolva::test {
@@ -66,6 +68,39 @@ TEST_F(ControlBasicTest, OnlyPressesArriveInTheReceiversCoordinatesAndEverything
   EXPECT_TRUE(mRoot.RemoveSubControl(2));
   mRoot.HandleSdlEvent({SDL_KEYDOWN});
   EXPECT_EQ(mRoot.mEvents.size(), 1u);
+}
+
+// 'L' and 'R' press the left and the right button on the first control, 'l' and 'r' on the second; '<' and '>' release
+// them elsewhere. 'k' types into the second, 'd' deletes it.
+TEST_F(ControlBasicTest, AReleaseGoesToWhoeverGotThePress) {
+  const struct {
+    const char* steps;
+    std::size_t first, second;  // how many events each gets
+  } cases[] = {{"Lk<", 2, 1},  {"L<<", 2, 0}, {"Lr<>", 2, 2}, {"Ll<", 1, 2},
+               {"LR<>", 4, 0}, {"L>", 1, 0},  {"<", 0, 0},    {"ld<", 0, 0}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.steps);
+    Probe root(0);
+    root.SetSize(200, 200);
+    Probe& first = *Add(*Add(root, 1, 10), 3, 0);
+    first.SetPosition(0, 0);
+    Probe* second = Add(root, 2, 40);
+    for (const char step : std::string(each.steps)) {
+      const int button = std::strchr("Rr>", step) != nullptr ? SDL_BUTTON_RIGHT : SDL_BUTTON_LEFT;
+      if (std::strchr("LRlr", step)) root.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, step < 'a' ? 15 : 45, 15, button));
+      if (std::strchr("<>", step)) root.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONUP, 199, 199, button));
+      if (step == 'k') {
+        second->SetActive(true);
+        root.HandleSdlEvent({SDL_KEYDOWN});
+      }
+      if (step == 'd' && root.RemoveSubControl(2)) second = nullptr;
+    }
+    EXPECT_EQ(first.mEvents.size(), each.first);
+    EXPECT_EQ(second == nullptr ? 0 : second->mEvents.size(), each.second);
+    EXPECT_EQ(second != nullptr && second->IsActive(), std::strpbrk(each.steps, "klr") != nullptr && second != nullptr)
+        << "a release moves no focus";
+    EXPECT_TRUE(root.mEvents.empty());
+  }
 }
 
 TEST_F(ControlBasicTest, AClickRaisesUnlessTheOrderIsKept) {
