@@ -160,7 +160,8 @@ class ControlBasic {
   ControlBasic* mFocusedControl = nullptr;
   ControlBasic* mParentControl = nullptr;
   const std::uint32_t mId;
-  // A bit for each mouse button whose press this control got. No pointers: a receiver may be deleted before the release.
+  // A bit for each mouse button whose press this control got. No pointers: a receiver may be deleted before the
+  // release.
   std::uint32_t mHeldButtons = 0;
   bool mActive = false;
   bool mEnabled = true;

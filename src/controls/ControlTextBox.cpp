@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "controls/SdlCalls.h"
+#include "controls/TypedCharacter.h"
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
 #include "foundation/Ticks.h"
@@ -20,13 +21,6 @@ constexpr std::uint32_t kBlinkMs = 500;
 // A cursor of full line height would touch the frame.
 constexpr double kCursorHeight = 0.75;
 constexpr int kCursorTop = 3;
-
-// The character that a key types, or 0. SDL gives the keypad's digits no Unicode value.
-char ToCharacter(const SDL_keysym& key) {
-  const bool keypadDigit = key.sym >= SDLK_KP0 && key.sym <= SDLK_KP9;
-  if (keypadDigit && (key.mod & KMOD_NUM) != 0) return static_cast<char>('0' + (key.sym - SDLK_KP0));
-  return static_cast<char>(key.unicode & 0xFF);
-}
 
 }  // namespace
 
@@ -57,6 +51,8 @@ void ControlTextBox::ScrollToCursor() {
   }
   const int room = GetWidth() - 2 * kMargin;
   while (mFirstShown < mCursor && MeasureDisplayed(mFirstShown, mCursor, "SetText") > room) ++mFirstShown;
+  // After a deletion there is room for characters that had been pushed out.
+  while (mFirstShown > 0 && MeasureDisplayed(mFirstShown - 1, GetLength(), "SetText") <= room) --mFirstShown;
 }
 
 void ControlTextBox::SetPassword(bool password) {
@@ -101,6 +97,7 @@ void ControlTextBox::SdlEventHandler(SDL_Event event) {
 void ControlTextBox::HandleKey(const SDL_keysym& key) {
   switch (key.sym) {
     case SDLK_RETURN:
+    case SDLK_KP_ENTER:
       return ReportEvent(kEventEnter);
     case SDLK_TAB:
       return ReportEvent(kEventTab);
@@ -127,7 +124,7 @@ void ControlTextBox::HandleKey(const SDL_keysym& key) {
       mCursor = GetLength();
       break;
     default:
-      InsertCharacter(ToCharacter(key));
+      InsertCharacter(GetTypedCharacter(key));
   }
   SetText(mEntered);
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "controls/SdlCalls.h"
+#include "controls/TypedCharacter.h"
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
 
@@ -13,12 +14,6 @@ namespace {
 
 constexpr char kModule[] = "InputBox";
 constexpr std::uint32_t kBlinkMs = 500;
-
-// The character that a key types, or 0.
-char CharacterOf(const SDL_keysym& key) {
-  const bool isDigit = key.sym >= SDLK_KP0 && key.sym <= SDLK_KP9 && (key.mod & KMOD_NUM) != 0;
-  return static_cast<char>(isDigit ? '0' + (key.sym - SDLK_KP0) : key.unicode & 0xFF);
-}
 
 }  // namespace
 
@@ -85,7 +80,7 @@ bool InputBox::HandleKey(const SDL_keysym& key) {
     case SDLK_END:
       return MoveTo(GetLength());
     default:
-      return Type(CharacterOf(key));
+      return Type(GetTypedCharacter(key));
   }
 }
 

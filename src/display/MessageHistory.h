@@ -22,9 +22,9 @@ constexpr Rgb kNameColor{247, 231, 135};
 class InfoHandler;
 
 // The panel of the game screen that shows what was said last, the newest at the bottom, in one of three sizes, with
-// four buttons at its right end: they enlarge and shrink it and scroll by a line. Texts are wrapped; time and name stand
-// at the topmost visible row of each. The smallest size has one row, with which the last message begins. Stands on the
-// bottom strip. Any byte may come in texts. Display thread only.
+// four buttons at its right end: they enlarge and shrink it and scroll by a line. Texts are wrapped; time and name
+// stand at the topmost visible row of each. The smallest size has one row, with which the last message begins. Stands
+// on the bottom strip. Any byte may come in texts. Display thread only.
 class MessageHistory {
  public:
   // How many messages are kept.
@@ -40,8 +40,8 @@ class MessageHistory {
   // Who said what, and when. An empty name stands for the client itself. Who has scrolled back keeps reading there.
   void Add(const char* name, const char* text, std::time_t when = std::time(nullptr));
 
-  // The wheel turned by `notches`, positive when down, with the pointer at (x, y). Scrolls by three rows; in the smallest
-  // size from message to message. False when the pointer is not over the panel.
+  // The wheel turned by `notches`, positive when down, with the pointer at (x, y). Scrolls by three rows; in the
+  // smallest size from message to message. False when the pointer is not over the panel.
   bool TurnWheel(int x, int y, int notches);
 
   // A mouse button went down: the first button under the pointer, if any, does what it is for and looks pressed.

@@ -7,6 +7,7 @@
 #include "controls/FlagScope.h"
 #include "controls/MouseWheel.h"
 #include "controls/SdlCalls.h"
+#include "controls/TypedCharacter.h"
 #include "display/Component.h"
 #include "display/FieldTiles.h"
 #include "display/PictureIds.h"
@@ -301,7 +302,7 @@ bool ScreenGame::TurnWheel(int x, int y, int notches) {
 
 std::unique_ptr<Packet> ScreenGame::HandleKey(const SDL_Event& event) {
   const SDLKey key = event.key.keysym.sym;
-  if (key == SDLK_RETURN) return TakeTypedLine();
+  if (IsReturn(key)) return TakeTypedLine();
   if (key == SDLK_ESCAPE) return std::make_unique<PacketEnterChatRequest>();
   const Direction direction = MoveKeys::DirectionOf(key);
   if (direction == Direction::None) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstring>
 #include <string_view>
 
 #include "controls/ControlLabel.h"
@@ -64,13 +65,18 @@ TEST_F(TextBoxTest, Editing) {
 }
 
 TEST_F(TextBoxTest, KeysThatTypeReportOrDoNothing) {
-  for (const SDL_keysym& key :
-       {SDL_keysym{0, SDLK_KP7, KMOD_NUM, 0}, {0, SDLK_KP7, KMOD_NONE, 0}, {0, SDLK_a, KMOD_NONE, 0x0141}}) {
+  for (const SDL_keysym& key : {SDL_keysym{0, SDLK_KP7, KMOD_NUM, 0},
+                                {0, SDLK_KP7, KMOD_NONE, 0},
+                                {0, SDLK_a, KMOD_NONE, 0x0141},
+                                {0, SDLK_a, KMOD_LCTRL, 1},
+                                {0, SDLK_a, KMOD_NONE, 0x1F},
+                                {0, SDLK_a, KMOD_NONE, 0x017F}}) {
     mBox.HandleSdlEvent(Key(key));
   }
   EXPECT_STREQ(mBox.GetText(), "7\x41");
-  for (SDLKey key : {SDLK_RETURN, SDLK_TAB, SDLK_ESCAPE}) mBox.HandleSdlEvent(Key({0, key, KMOD_NONE, 13}));
-  EXPECT_EQ(mReports, (Reports{{1, 0}, {1, 1}, {1, 2}}));
+  for (SDLKey key : {SDLK_RETURN, SDLK_KP_ENTER, SDLK_TAB, SDLK_ESCAPE})
+    mBox.HandleSdlEvent(Key({0, key, KMOD_NONE, 13}));
+  EXPECT_EQ(mReports, (Reports{{1, 0}, {1, 0}, {1, 1}, {1, 2}}));
 }
 
 TEST_F(TextBoxTest, TheCursorStaysInViewAndTheStartIsShownWithoutFocus) {
@@ -88,6 +94,14 @@ TEST_F(TextBoxTest, TheCursorStaysInViewAndTheStartIsShownWithoutFocus) {
     Type("^");
     EXPECT_EQ(Shown(), displayed);
     EXPECT_EQ(mBox.GetText(), text);
+    Type("$");
+    for (const char* keys : {"B", "<<D", "$BBBBBBBBBB", "BBBBBBBBBBBBBBBBB", "BBBBBBBBBB"}) {
+      Type(keys);
+      const std::string left = password ? std::string(std::strlen(mBox.GetText()), '*') : mBox.GetText();
+      const std::size_t hidden = left.size() - Shown().size();
+      EXPECT_LE(WidthOf(Shown()), 94);
+      EXPECT_TRUE(hidden == 0 || WidthOf(left.substr(hidden - 1)) > 94) << Shown() << " of " << left;
+    }
   }
 }
 

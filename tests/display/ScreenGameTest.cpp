@@ -125,7 +125,8 @@ TEST_F(ScreenGameTest, KeysAskForStepsSpeakAndLeave) {
     EXPECT_EQ(Sent().size(), 1u);
     Press(keys[i], SDL_KEYUP);
   }
-  Type("\rhi 5\r\r");
+  Type("\rhi 5");
+  for (const SDLKey key : {SDLK_KP_ENTER, SDLK_RETURN}) Press(key);
   EXPECT_STREQ(NextSent<PacketChatMsg>().mStrMsg, "hi 5");
   Type("\x1b");
   EXPECT_EQ(Sent().size(), 1u);

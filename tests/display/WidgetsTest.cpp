@@ -65,7 +65,7 @@ TEST_F(WidgetsTest, KeysEditTheTextOfAnInputBox) {
   for (const std::string test :
        {"/xyz\xe4_bcd/xyz\xe4_b", "ab cdefg/|E|/ab cdefg", "ab cd/\bL|/|ab cd", "ab cd/E\x7FR|/ab cd|",
         "ab cd/El|/ab |cd", "ab cd/Ell|/|ab cd", "ab cd/r|/ab |cd", "ab cd/rr|/ab cd|", "a  b/Ell|/|a  b",
-        "abc/R\b|/|bc", "abc/ER\bL\x7FH|/|a", "/78\t\x1b\r|/7|"}) {
+        "abc/R\b|/|bc", "abc/ER\bL\x7FH|/|a", "/78\t\x1b\r\x01\x1f|/7|"}) {
     const std::size_t first = test.find('/'), last = test.rfind('/');
     InputBox box(0, 0, 800, 20, 255, 255, 255, 6, test.substr(0, first).c_str(), &mLog);
     Press(box, "ignored");

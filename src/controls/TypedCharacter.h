@@ -1,0 +1,14 @@
+#pragma once
+
+#include <SDL.h>
+
+namespace tolva {
+
+// The Latin-1 character that a key types, or 0 for none: the font has no picture for control characters, which keys
+// with Ctrl and a cut to one byte produce.
+char GetTypedCharacter(const SDL_keysym& key);
+
+// The main keyboard's Return or the key pad's Enter.
+inline bool IsReturn(SDLKey key) { return key == SDLK_RETURN || key == SDLK_KP_ENTER; }
+
+}  // namespace tolva
