@@ -75,7 +75,7 @@ void ControlChatBox::StoreLines(const Message& message) {
   WrapText(message.text.c_str(), width, font, wrapped);
   for (std::string& text : wrapped) {
     const bool first = &text == &wrapped.front();
-    mLines.push_back({nameWidth, first ? message.name : "", std::move(text)});
+    mLines.push_back({nameWidth, first ? message.name : "", std::move(text), message.name == kServerName});
     DropOldest(mLines, mMaxLines);
   }
 }
@@ -130,16 +130,16 @@ void ControlChatBox::CreateEntryLabels() {
 }
 
 void ControlChatBox::CreateRow(int row) {
-  static const Line kNoLine{kGap, "", ""};
+  static const Line kNoLine{kGap, "", "", false};
   const std::size_t index = static_cast<std::size_t>(mScrollbar->GetValue()) + static_cast<std::size_t>(row);
   const Line& line = index < mLines.size() ? mLines[index] : kNoLine;
-  const bool fromServer = line.name == kServerName;
   const int border = GetBorderWidth();
   const int y = border + kRowHeight * row;
   const int textWidth = GetWidth() - 2 * border - line.nameWidth - mScrollbar->GetWidth();
   AddLabel(2 * row, border, y, line.nameWidth, line.name.empty() ? "" : InBrackets(line.name),
-           fromServer ? kServerColor : mNameColor);
-  AddLabel(2 * row + 1, line.nameWidth + border, y, textWidth, line.text, fromServer ? kServerColor : mForegroundColor);
+           line.isFromServer ? kServerColor : mNameColor);
+  AddLabel(2 * row + 1, line.nameWidth + border, y, textWidth, line.text,
+           line.isFromServer ? kServerColor : mForegroundColor);
 }
 
 void ControlChatBox::DeleteEntryLabels() {

@@ -48,8 +48,9 @@ class ControlChatBox : public ControlListBox {
   };
   struct Line {
     int nameWidth;
-    std::string name;
+    std::string name;  // empty in the lines that continue a message
     std::string text;
+    bool isFromServer;
   };
 
   void StoreLines(const Message& message);
