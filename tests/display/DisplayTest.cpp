@@ -50,5 +50,23 @@ TEST_F(DisplayTest, WhatFailsSaysWhyAsksToQuitAndServesOnlyItsMailbox) {
   }
 }
 
+TEST_F(DisplayTest, WhoHasAskedToQuitSeesNoMoreOfTheMail) {
+  Start();
+  const Screen* before = mDisplay->GetScreen();
+  SDL_Event close{SDL_QUIT};
+  EXPECT_EQ(SDL_PushEvent(&close), 0);
+  mDisplay->RunPass();
+  for (int round = 0; round < 2; ++round) {
+    for (int i = 0; i < 300; ++i) EXPECT_TRUE(mMailbox.Put(new PacketEnterChatAccept));
+    mDisplay->RunPass();
+    EXPECT_EQ(mMailbox.GetCount(), 0u);
+    EXPECT_EQ(mDisplay->GetScreen(), before);
+  }
+  for (int i = 0; i < 300; ++i) EXPECT_TRUE(mMailbox.Put(new PacketEnterChatAccept));
+  EXPECT_TRUE(mMailbox.Put(new PacketQuit));
+  mDisplay->Run();
+  EXPECT_EQ(Sent(), std::vector<PacketCode>{PacketQuit::kCode}) << "and asks once";
+}
+
 }  // namespace
 }  // namespace tolva::test
