@@ -186,10 +186,14 @@ void Display::GetVideoInfo() {
 // ---- Screens ----
 
 template <typename T, typename... Extra>
-void Display::ShowScreen(const char* step, Extra... extra) {
+void Display::ShowScreen(const char* step, const Extra&... extra) {
   mStep = step;
+  // Before `extra` is read: what they ask for may be a part of it.
+  ServeQueuedRequests();
+  const bool isSoundEnabled = mScreen == nullptr || mScreen->IsSoundEnabled();
   mScreen.reset();
   mScreen = std::make_unique<T>(0, mMainSurface, nullptr, nullptr, &mInfoHandler, extra...);
+  mScreen->SetSoundEnabled(isSoundEnabled);
 }
 
 void Display::Fail() {
@@ -216,6 +220,7 @@ void Display::SetDisplaySize(const DisplaySize& size) {
     mSettings->SetValue(kSection, "Height", FormattedText("%d", size.height));
     mSettings->SetValue(kSection, "Fullscreen", size.fullScreen ? "1" : "0");
     mSettings->Save();
+    mChosenSize = size;
   });
 }
 
@@ -273,7 +278,7 @@ void Display::HandleScreenPacket(std::unique_ptr<Packet> packet) {
 }
 
 void Display::EnterChat() {
-  ShowScreen<ScreenChat>("build the chat screen");
+  ShowScreen<ScreenChat>("build the chat screen", mChosenSize);
   // Without numbers it asks for the server's version.
   Send(mControllerMailbox, std::make_unique<PacketServerInfo>());
 }
@@ -310,6 +315,16 @@ void Display::HandleRequest(const SDL_UserEvent& request) {
     ShowScreen<ScreenLogin>("build the login screen");
   } else if (request.code == kRequestDisplaySize && request.data1 != nullptr) {
     SetDisplaySize(*static_cast<const DisplaySize*>(request.data1));
+  }
+}
+
+// An error may have left requests in the queue, behind the event that caused it. The size that one of them points to
+// goes with its screen; a login screen is no longer wanted by a screen that goes.
+void Display::ServeQueuedRequests() {
+  SDL_Event event;
+  while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_EVENTMASK(SDL_USEREVENT)) > 0) {
+    if (event.user.code != kRequestDisplaySize) continue;
+    Report(mErrHandler, "Display", "HandleRequest", [&] { HandleRequest(event.user); });
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <SDL.h>
@@ -53,9 +54,9 @@ class Display : public ManagerThread {
   bool Terminate();
 
   // The one place where a screen gives way to another: deletes the current one and shows a new T, constructed with
-  // `extra` behind what all screens get. `step` tells the player what failed if it does.
+  // `extra` behind what all screens get; the music stays on or off. `step` tells the player what failed if it does.
   template <typename T, typename... Extra>
-  void ShowScreen(const char* step, Extra... extra);
+  void ShowScreen(const char* step, const Extra&... extra);
   // There is nothing to show (any more): tells the player and leaves for good.
   void Fail();
   void QuitWithoutScreen();
@@ -66,6 +67,7 @@ class Display : public ManagerThread {
   void HandleEvents();
   void HandleEvent(const SDL_Event& event);
   void HandleRequest(const SDL_UserEvent& request);
+  void ServeQueuedRequests();
   void SendScreenPackets();
   void HandleScreenPacket(std::unique_ptr<Packet> packet);
   void EnterChat();
@@ -76,6 +78,7 @@ class Display : public ManagerThread {
   const std::unique_ptr<Archive> mArchive;
   std::unique_ptr<Ini> mSettings;
   DisplaySize mSize{800, 600, false};
+  std::optional<DisplaySize> mChosenSize;  // for the next start
   std::unique_ptr<ControlTextBasic> mFontKeeper;
   std::unique_ptr<Screen> mScreen;
   SDL_Surface* mMainSurface = nullptr;  // SDL's own

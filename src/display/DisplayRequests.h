@@ -7,7 +7,7 @@
 namespace tolva {
 
 // What a screen asks of the display that shows it. The requests travel as SDL_USEREVENTs, because the display may
-// replace a screen only when that screen is not at work.
+// replace a screen only when that screen is not at work. Before it does, it serves those that point into the screen.
 constexpr int kRequestLoginScreen = 1;
 constexpr int kRequestDisplaySize = 2;  // data1 points to the screen's DisplaySize
 

@@ -37,6 +37,7 @@ class Screen : public ControlBasic {
   virtual void SetDarkness(std::uint8_t darkness);
   // Whether music is wanted.
   virtual void SetSoundEnabled(bool enabled);
+  bool IsSoundEnabled() const { return mSoundEnabled; }
   // Each screen's own constructor and destructor call their own versions.
   virtual void InitializeComponents() {}
   virtual void TerminateComponents() {}

@@ -30,9 +30,10 @@ constexpr Resolution kResolutions[] = {{ScreenChat::kSmallToggle, 800, 600},
 }  // namespace
 
 ScreenChat::ScreenChat(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback,
-                       InfoHandler* logger)
+                       InfoHandler* logger, std::optional<DisplaySize> chosenSize)
     : Screen(id, videoSurface, context, callback, logger),
-      mWantedSize{videoSurface->w, videoSurface->h, (videoSurface->flags & SDL_FULLSCREEN) != 0} {
+      mWantedSize(chosenSize.value_or(
+          DisplaySize{videoSurface->w, videoSurface->h, (videoSurface->flags & SDL_FULLSCREEN) != 0})) {
   Guard("ScreenChat", "ScreenChat", [&] { ScreenChat::InitializeComponents(); });
 }
 

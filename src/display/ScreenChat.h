@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "display/DisplayRequests.h"
 #include "display/Screen.h"
 #include "protocol/ChatPackets.h"
@@ -58,7 +60,9 @@ class ScreenChat final : public Screen {
     kFullScreenToggle = 41
   };
 
-  ScreenChat(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback, InfoHandler* logger);
+  // `chosenSize` is what the player has chosen for the next start, if anything; else the options show the present mode.
+  ScreenChat(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback, InfoHandler* logger,
+             std::optional<DisplaySize> chosenSize = std::nullopt);
   ~ScreenChat() override;
 
   void HandleSdlEvent(SDL_Event event) override;

@@ -88,16 +88,36 @@ TEST_F(ScreenChatTest, OptionsAreKeptForTheNextStartAndMusicIsSwitchedAtOnce) {
   EnterChat();
   OpenOptions();
   for (const Id toggle : {Id::kMediumToggle, Id::kLargeToggle, Id::kFullScreenToggle}) ClickToggle(toggle);
-  EXPECT_EQ(ReadFile("client.ini"), "[NETWORK]\nHost=example.org\n[DISPLAY]\nWidth=1280\nHeight=1024\nFullscreen=1\n");
-  EnterChat();
-  EXPECT_FALSE(IsOn(Id::kMediumToggle));
-  EXPECT_TRUE(IsOn(Id::kLargeToggle));
-  EXPECT_TRUE(IsOn(Id::kFullScreenToggle));
+  const std::string chosen = "[NETWORK]\nHost=example.org\n[DISPLAY]\nWidth=1280\nHeight=1024\nFullscreen=1\n";
+  EXPECT_EQ(ReadFile("client.ini"), chosen);
+  // A new lobby before and after the next start.
+  for (const bool hasStarted : {false, true}) {
+    hasStarted ? EnterChat() : Deliver(new PacketEnterChatAccept);
+    for (const Id toggle : {Id::kSmallToggle, Id::kMediumToggle}) EXPECT_FALSE(IsOn(toggle));
+    for (const Id toggle : {Id::kLargeToggle, Id::kFullScreenToggle, Id::kMusicToggle}) EXPECT_TRUE(IsOn(toggle));
+    OpenOptions();
+    std::filesystem::remove("client.ini");
+    ClickToggle(Id::kLargeToggle);
+    EXPECT_TRUE(IsOn(Id::kLargeToggle));
+    EXPECT_FALSE(std::filesystem::exists("client.ini")) << "pressed twice, it stays and nothing is written";
+    WriteFile("client.ini", chosen);
+    Sent();
+  }
+  ClickToggle(Id::kMusicToggle);
+  Deliver(new PacketEnterChatAccept);
+  EXPECT_FALSE(IsOn(Id::kMusicToggle));
+  EXPECT_EQ(Sent(), (std::vector<PacketCode>{PacketMusicStop::kCode, PacketServerInfo::kCode}));
   OpenOptions();
   ClickToggle(Id::kMusicToggle);
-  EXPECT_EQ(Sent(), std::vector<PacketCode>{PacketMusicStop::kCode});
-  ClickToggle(Id::kMusicToggle);
   EXPECT_EQ(NextSent<PacketMusicPlay>().mUintMusicId, 1);
+}
+
+// As when an error cuts the batch of events in which the player chose.
+TEST_F(ScreenChatTest, AChoiceOutlivesTheScreenItWasMadeOn) {
+  Find<ControlButton>({Id::kOptionsWindow, Id::kMediumToggle}).HandleSdlEvent({SDL_MOUSEBUTTONDOWN});
+  Deliver(new PacketEnterChatAccept);
+  EXPECT_EQ(ReadFile("client.ini"), "[DISPLAY]\nWidth=1024\nHeight=768\nFullscreen=0\n");
+  EXPECT_TRUE(IsOn(Id::kMediumToggle));
 }
 
 }  // namespace
