@@ -115,6 +115,14 @@ TEST_F(ControlBasicTest, AClickRaisesUnlessTheOrderIsKept) {
   }
 }
 
+TEST_F(ControlBasicTest, UnderOverrideSubControlsDrawOntoTheParentsSurface) {
+  mRoot.SetOverrideBaseSurface(true);
+  Add(mRoot, 4, 50);
+  mRoot.SetSize(100, 100);
+  for (const std::uint32_t id : {1u, 4u}) EXPECT_EQ(mRoot.GetSubControl(id)->GetParentSurface(), mVideo);
+  EXPECT_EQ(Add(mRoot, 5, 70)->GetParentSurface(), mVideo);
+}
+
 TEST_F(ControlBasicTest, ABackgroundPictureIsTiledAndAFrameIsCutFromItsPicture) {
   const SurfacePtr border = MakePicture(32, 32, [](int x, int y) { return x * 64 + y + 1; });
   const SurfacePtr tile = MakePicture(7, 5, [](int x, int y) { return x * 8 + y; });

@@ -96,6 +96,7 @@ TEST_F(ListsTest, WrappingLosesNothingAndAlwaysEnds) {
     }
   }
   EXPECT_EQ(Wrap("one two three", WidthOf("one two")), (Texts{"one two", "three"}));
+  EXPECT_EQ(Wrap("one two ", WidthOf("one two")), (Texts{"one two"}));
   EXPECT_EQ(Wrap("a mmmmmm b", WidthOf("mmmm")), (Texts{"a", "mmmm", "mm b"}));
 }
 
