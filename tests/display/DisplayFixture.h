@@ -31,14 +31,17 @@ inline std::string MakePicture(std::uint8_t r, std::uint8_t g, std::uint8_t b) {
 
 inline Entries OnlyTheFont() { return {{1, ReadFile("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf")}}; }
 
-// Every picture that the screens know; none has the colour (0, 255, 255).
+// Every picture that the screens know, each of a colour of its own; none has the colour (0, 255, 255).
 inline Entries AllPictures() {
   Entries entries = OnlyTheFont();
   entries[kPictureWindowIcon] = entries[kPictureTitle] = MakePicture(80, 80, 200);
   entries[kPictureIslandDay] = MakePicture(255, 0, 0);
   entries[kPictureIslandDusk] = MakePicture(0, 255, 0);
   entries[kPictureIslandNight] = MakePicture(0, 0, 255);
-  for (PictureId id = kPictureFrame; id <= kPicturePanel; ++id) entries[id] = MakePicture(100, 90, 80);
+  for (PictureId id = kPictureFrame; id <= kPicturePanel; ++id) {
+    const auto shade = static_cast<std::uint8_t>(16 * (id - kPictureFrame));
+    entries[id] = MakePicture(static_cast<std::uint8_t>(240 - shade), 60, shade);
+  }
   return entries;
 }
 
