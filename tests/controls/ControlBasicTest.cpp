@@ -76,7 +76,7 @@ TEST_F(ControlBasicTest, AReleaseGoesToWhoeverGotThePress) {
   const struct {
     const char* steps;
     std::size_t first, second;  // how many events each gets
-  } cases[] = {{"Lk<", 2, 1},  {"L<<", 2, 0}, {"Lr<>", 2, 2}, {"Ll<", 1, 2},
+  } cases[] = {{"Lk<", 2, 1},  {"L<<", 2, 0}, {"Lr<>", 2, 2}, {"Ll<<", 1, 2},
                {"LR<>", 4, 0}, {"L>", 1, 0},  {"<", 0, 0},    {"ld<", 0, 0}};
   for (const auto& each : cases) {
     SCOPED_TRACE(each.steps);

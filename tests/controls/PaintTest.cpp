@@ -103,7 +103,7 @@ class PaintTest : public TextTest {
   ControlWindow& mWindow = Add<ControlWindow>(1, 10, 10, 300, 200);
   ControlLabel& mUnder = Add<ControlLabel>(2, 100, 24, 120, 40);
   ControlLabel& mHeading = Add<ControlLabel>(3, 106, 28, 100, 20);
-  ControlLabel& mPlain = Add<ControlLabel>(4, 110, 34, 100, 24);
+  ControlLabel& mPlain = Add<ControlLabel>(4, 150, 34, 140, 24);
   ControlListBox& mList = Add<ControlListBox>(5, 8, 70, 90, 84);
   ControlChatBox& mChat = Add<ControlChatBox>(6, 106, 70, 186, 84);
   ControlTextBox& mBox = Add<ControlTextBox>(7, 8, 164, 120, 24);
