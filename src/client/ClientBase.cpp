@@ -38,6 +38,12 @@ ClientBase::~ClientBase() {
   Report(mErrHandler, "~ClientBase", "~ClientBase", [&] { Log(InfoLevel::Progress, "Terminating"); });
 }
 
+bool ClientBase::HasStarted() const {
+  // One whose constructor failed is not there.
+  const auto hasStarted = [](const Thread* part) { return part != nullptr && part->HasStarted(); };
+  return ManagerThread::HasStarted() && hasStarted(mServerInstance.get()) && hasStarted(mSoundManager.get());
+}
+
 void ClientBase::Run() {
   Report(mErrHandler, "ClientBase", "Run", [&] { Log(InfoLevel::Progress, "Running"); });
   RunPasses("ClientBase", kPauseMs, [&] {

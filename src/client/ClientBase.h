@@ -33,6 +33,7 @@ class ClientBase : public ManagerThread {
   // Only after WaitThread: the thread is neither stopped nor waited for here.
   ~ClientBase() override;
 
+  bool HasStarted() const override;
   void Run() override;
   void HandleMyMailbox() override;
 

@@ -1,5 +1,6 @@
 #include "client/ClientMain.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
@@ -35,6 +36,11 @@ int RunClient(InfoHandler& infoHandler, Mailbox& controllerMailbox, Mailbox& dis
   log("Initialized", InfoLevel::Progress);
   Announce(displayMailbox, controllerMailbox);
   sController = new ClientBase(&controllerMailbox);
+  if (!sController->HasStarted()) {
+    std::fputs("Tolva could not start all of its threads. More is in log.clf in this directory.\n", stderr);
+    // Those that were started go on and need their mailboxes, as after any other failure.
+    throw new Error("Main", "main", "A thread could not be started");
+  }
   sDisplay = new Display(&displayMailbox);
   Announce(controllerMailbox, displayMailbox);
   // The X library calls exit() when the X server goes away. Registered last, this runs first, and nothing is cleaned up

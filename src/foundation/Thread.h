@@ -24,6 +24,10 @@ class Thread {
   // `status` unless that is null.
   void WaitThread(int* status);
 
+  // Whether the thread was started, with all others that the object needs. For the thread that made the object, before
+  // WaitThread.
+  virtual bool HasStarted() const { return mThread != nullptr; }
+
  protected:
   // Starts the thread: the last step of a concrete class's constructor, when all its members are ready. Throws an Error
   // when SDL cannot.

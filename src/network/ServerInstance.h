@@ -21,6 +21,7 @@ class ServerInstance final : public ManagerThread {
   // The thread must have ended.
   ~ServerInstance() override;
 
+  bool HasStarted() const override { return ManagerThread::HasStarted() && mConnection.HasStarted(); }
   void Run() override;
   void HandleMyMailbox() override;
 

@@ -52,6 +52,8 @@ TcpConnection::~TcpConnection() {
   });
 }
 
+bool TcpConnection::HasStarted() const { return mSocketControl->HasStarted(); }
+
 bool TcpConnection::Connect(const char* host, std::uint16_t port) {
   return Guard("TcpConnection", "Connect", [&] {
     auto connect = std::make_unique<PacketInternConnect>(host, port);

@@ -33,6 +33,9 @@ class TcpConnection {
   // The oldest packet that the peer sent or the socket control reported, or null. Never waits.
   std::unique_ptr<Packet> Recieve();
 
+  // Whether the socket control's thread was started; without it every order is in vain.
+  bool HasStarted() const;
+
   // Whether a connection has ever worked; a loss does not clear it.
   bool IsConnected() const { return mConnected; }
   // The peer's address in network byte order, 0 until it is known.
