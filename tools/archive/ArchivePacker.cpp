@@ -40,8 +40,11 @@ bool ArchivePacker::Pack(const std::string& baseName) {
   ArchiveWriter writer(baseName);
   for (const auto& [id, path] : mPaths) {
     const std::vector<std::uint8_t> bytes = Load(path);
-    if (mRefusals.empty() && !writer.Add(id, bytes)) {
-      Refuse(path, "the archive cannot take it: it cannot be written or would be larger than 2 GB");
+    if (!mRefusals.empty()) continue;
+    if (writer.HasRoomFor(bytes.size())) {
+      writer.Add(id, bytes);
+    } else {
+      Refuse(path, "with it the archive would be larger than 2 GB");
     }
   }
   if (mRefusals.empty() && !writer.Commit()) Refuse(baseName, "the archive cannot be written");

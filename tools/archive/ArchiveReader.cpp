@@ -25,26 +25,28 @@ ArchiveReader::ArchiveReader(const std::string& baseName) {
   }
 }
 
-std::string ArchiveReader::List() const {
-  std::string text;
+ArchiveReader::Listing ArchiveReader::List() const {
+  Listing listing;
   for (const auto& [id, entry] : mIndex.GetEntries()) {
     char line[128];
     std::snprintf(line, sizeof line, "%10u %10u %10u ", id, entry.offset, entry.size);
-    text += line + Describe(entry) + "\n";
+    const Description description = Describe(entry);
+    listing.text += line + description.text + "\n";
+    if (description.isBroken) ++listing.brokenEntries;
   }
-  return text;
+  return listing;
 }
 
-std::string ArchiveReader::Describe(const ArchiveEntry& entry) const {
-  if (!entry.IsWithin(mData)) return "outside the data file";
+ArchiveReader::Description ArchiveReader::Describe(const ArchiveEntry& entry) const {
+  if (!entry.IsWithin(mData)) return {"outside the data file", true};
   std::vector<std::uint8_t> start(std::min<std::size_t>(entry.size, kKindBytes));
-  if (!mData.ReadAt(entry.offset, start.data(), start.size())) return "unreadable";
+  if (!mData.ReadAt(entry.offset, start.data(), start.size())) return {"unreadable", true};
   const FileKind kind = TellKind(start);
-  if (kind != FileKind::Picture) return GetKindName(kind);
+  if (kind != FileKind::Picture) return {GetKindName(kind)};
   const PngCheck png(mData, entry.offset);
-  if (!png.IsSound()) return std::string("broken picture: ") + png.GetFault();
-  return std::string(GetKindName(kind)) + " " + std::to_string(png.GetHeader().width) + "x" +
-         std::to_string(png.GetHeader().height);
+  if (!png.IsSound()) return {std::string("broken picture: ") + png.GetFault(), true};
+  return {std::string(GetKindName(kind)) + " " + std::to_string(png.GetHeader().width) + "x" +
+          std::to_string(png.GetHeader().height)};
 }
 
 const char* ArchiveReader::Extract(std::uint32_t id, const std::string& path) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -15,13 +16,22 @@ class ArchiveReader {
 
   // Why the archive cannot be opened; null when it is open.
   const char* GetFault() const { return mFault; }
-  // One line for each entry, sorted by id: id, offset, size, kind, and for a picture its width and height.
-  std::string List() const;
+  struct Listing {
+    // One line for each entry, sorted by id: id, offset, size, kind, and for a picture its width and height; instead of
+    // these what is wrong with the entry.
+    std::string text;
+    std::size_t brokenEntries = 0;
+  };
+  Listing List() const;
   // Copies the entry into the file. Returns what stood in the way, or null.
   const char* Extract(std::uint32_t id, const std::string& path) const;
 
  private:
-  std::string Describe(const ArchiveEntry& entry) const;
+  struct Description {
+    std::string text;
+    bool isBroken = false;
+  };
+  Description Describe(const ArchiveEntry& entry) const;
 
   ArchiveIndex mIndex;
   RegularFile mData;

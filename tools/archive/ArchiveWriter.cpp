@@ -8,16 +8,15 @@ namespace format = archive_format;
 ArchiveWriter::ArchiveWriter(const std::string& baseName)
     : mData(baseName + format::kDataSuffix), mIndex(baseName + format::kIndexSuffix) {}
 
-bool ArchiveWriter::Add(std::uint32_t id, std::span<const std::uint8_t> bytes) {
+bool ArchiveWriter::HasRoomFor(std::size_t size) const { return mSize + size <= format::kMaxPictureOffset; }
+
+void ArchiveWriter::Add(std::uint32_t id, std::span<const std::uint8_t> bytes) {
   std::uint8_t record[format::kRecordSize];
   format::WriteNumber(record + format::kIdAt, id);
   format::WriteNumber(record + format::kOffsetAt, static_cast<std::uint32_t>(mSize));
   format::WriteNumber(record + format::kSizeAt, static_cast<std::uint32_t>(bytes.size()));
   mSize += bytes.size();
-  const bool isWritten = mSize <= format::kMaxPictureOffset && mData.Write(bytes.data(), bytes.size()) &&
-                         mIndex.Write(record, sizeof record);
-  mFailed = mFailed || !isWritten;
-  return isWritten;
+  if (!mData.Write(bytes.data(), bytes.size()) || !mIndex.Write(record, sizeof record)) mFailed = true;
 }
 
 // The data first: with the old index a client finds damaged entries at worst, which it checks.

@@ -14,9 +14,10 @@ class ArchiveWriter {
  public:
   explicit ArchiveWriter(const std::string& baseName);
 
-  // Appends an entry. False when it cannot be written or the archive would grow beyond what its index can tell; Commit
-  // then fails too.
-  bool Add(std::uint32_t id, std::span<const std::uint8_t> bytes);
+  // Whether an entry of so many bytes leaves the archive small enough for its index.
+  bool HasRoomFor(std::size_t size) const;
+  // Appends an entry, for which there is room. When it cannot be written, Commit fails.
+  void Add(std::uint32_t id, std::span<const std::uint8_t> bytes);
   bool Commit();
 
  private:

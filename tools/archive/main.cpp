@@ -35,8 +35,11 @@ int Pack(const std::string& folder, const std::vector<std::pair<std::uint32_t, s
 int List(const std::string& baseName) {
   const tolva::ArchiveReader reader(baseName);
   if (reader.GetFault() != nullptr) return Fail(baseName + ": " + reader.GetFault());
-  std::fputs(reader.List().c_str(), stdout);
-  return kDone;
+  const auto listing = reader.List();
+  std::fputs(listing.text.c_str(), stdout);
+  if (listing.brokenEntries == 0) return kDone;
+  std::fflush(stdout);
+  return Fail(baseName + ": broken entries: " + std::to_string(listing.brokenEntries));
 }
 
 int Extract(const std::string& baseName, std::uint32_t id, const std::string& file) {
