@@ -123,18 +123,5 @@ TEST_F(ControlBasicTest, UnderOverrideSubControlsDrawOntoTheParentsSurface) {
   EXPECT_EQ(Add(mRoot, 5, 70)->GetParentSurface(), mVideo);
 }
 
-TEST_F(ControlBasicTest, ABackgroundPictureIsTiledAndAFrameIsCutFromItsPicture) {
-  const SurfacePtr border = MakePicture(32, 32, [](int x, int y) { return x * 64 + y + 1; });
-  const SurfacePtr tile = MakePicture(7, 5, [](int x, int y) { return x * 8 + y; });
-  mFirst.SetBorderSurface(border.get());
-  mFirst.SetBackgroundSurface(tile.get());
-  mFirst.SetSize(61, 33);
-  const SDL_Surface* painted = mFirst.GetBaseSurface();
-  EXPECT_EQ(PixelAt(painted, 59, 31), PixelAt(border.get(), 30, 30));
-  EXPECT_EQ(PixelAt(painted, 30, 1), PixelAt(border.get(), 4, 1));
-  EXPECT_EQ(PixelAt(painted, 19, 13), PixelAt(tile.get(), 5, 3));
-  for (const int size : {2, 1, 0}) mFirst.SetSize(size, size);
-}
-
 }  // namespace
 }  // namespace tolva::test

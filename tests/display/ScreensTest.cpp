@@ -1,3 +1,5 @@
+#include <typeindex>
+
 #include "controls/ControlTextBox.h"
 #include "display/DisplayFixture.h"
 #include "display/ScreenChat.h"
@@ -39,7 +41,12 @@ TEST_P(ScreensTest, TheWheelIsNoButton) {
   Start();
   GoToScreen();
   if (GetParam() == Which::Chat) ClickOn({ScreenChat::kButtonBar, ScreenChat::kOptionsButton});
-  const Screen* before = mDisplay->GetScreen();
+  // Not by address: a new screen may get the old one's.
+  const auto getKind = [&] {
+    const Screen& screen = *mDisplay->GetScreen();
+    return std::type_index(typeid(screen));
+  };
+  const std::type_index before = getKind();
   for (int place = 0; place < 80 * 60; ++place) {
     SDL_Event event{SDL_MOUSEBUTTONDOWN};
     event.button.x = static_cast<Uint16>(place % 80 * 10 + 5);
@@ -53,7 +60,7 @@ TEST_P(ScreensTest, TheWheelIsNoButton) {
     }
   }
   mDisplay->RunPass();
-  EXPECT_EQ(mDisplay->GetScreen(), before);
+  EXPECT_TRUE(getKind() == before);
   EXPECT_TRUE(Sent().empty());
   EXPECT_FALSE(std::filesystem::exists("client.ini"));
 }
