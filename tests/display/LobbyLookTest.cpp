@@ -28,8 +28,9 @@ class LobbyLookTest : public DisplayFixture {
 
 TEST_F(LobbyLookTest, ShowsWhoIsThereWhatIsSaidAndTheOptions) {
   for (const char* name : {"*** ", "Anna"}) {
-    Deliver(new PacketChatMsg(name, "The ferry leaves from the old landing stage at noon, and again when the lamps are "
-                                    "lit along the water."));
+    Deliver(new PacketChatMsg(name,
+                              "The ferry leaves from the old landing stage at noon, and again when the lamps are "
+                              "lit along the water."));
   }
   auto* users = new PacketChatUsers;
   users->mUintCount = 9;
