@@ -1,8 +1,11 @@
+#include <atomic>
 #include <filesystem>
 
+#include <SDL.h>
 #include <gtest/gtest.h>
 
 #include "client/ClientBase.h"
+#include "foundation/Ticks.h"
 #include "protocol/PacketList.h"
 #include "support/Correspondent.h"
 #include "support/LoopbackPeer.h"
@@ -112,6 +115,23 @@ TEST_F(ClientBaseWorldTest, NothingThatThePlayerDoesWaitsBehindRequests) {
   EXPECT_LE(RequestsBefore(line), 2) << "what was said before a quit is still sent";
   End();
   EXPECT_TRUE(server.SeesEnd()) << "and nothing more";
+}
+
+TEST_F(ClientBaseWorldTest, RequestsWaitWhileTheServerSpeaks) {
+  static std::atomic<std::uint32_t> sNow;
+  sNow = SDL_GetTicks() + 10'000;
+  SetTickSource([] { return sNow.load(); });
+  FromServer(PacketCharPosition());
+  EXPECT_TRUE(ServerGets(PacketAreaVersion(0xFFFFFFFF, 0xFFFFFFFF, 5, 5, 0, 0)));
+  EXPECT_EQ(display.Next(3).back(), PacketCharPosition::kCode);
+  for (const int elapsed : {110, 10}) {
+    sNow += elapsed;
+    FromServer(PacketDarkness());
+    EXPECT_EQ(display.Next(1), Codes{PacketDarkness::kCode});
+  }
+  display.Give(line);
+  EXPECT_EQ(RequestsBefore(line), 0) << "the pause is over, silence is not";
+  SetTickSource(nullptr);
 }
 
 }  // namespace
