@@ -76,7 +76,7 @@ TEST(Ini, SavesThroughLinksWithTheOldRightsOrInPlaceAndLosesNothing) {
 
   // A full disk, as far as a process can make one for itself.
   ::signal(SIGXFSZ, SIG_IGN);
-  rlimit before, small{4, 4};
+  rlimit before, small{7, 7};
   ::getrlimit(RLIMIT_FSIZE, &before);
   small.rlim_max = before.rlim_max;
   ::setrlimit(RLIMIT_FSIZE, &small);
