@@ -123,7 +123,8 @@ void MessageHistory::Add(const char* name, const char* text, std::time_t when) {
   std::vector<std::string> lines;
   const int count = ControlChatBox::WrapText(text, room, font, lines);
   for (std::string& line : lines) {
-    mRows.push_back({heading, headingWidth, std::move(line), &line == lines.data()});
+    const bool isFirst = &line == lines.data();
+    mRows.push_back({heading, headingWidth, std::move(line), isFirst});
   }
   ++mMessageCount;
   DropOldest();

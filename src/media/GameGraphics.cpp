@@ -16,11 +16,13 @@ constexpr char kModule[] = "GameGraphics";
 
 constexpr std::size_t kMostMissing = 65'536;
 
-// The ids of which the archive has no picture. Each visit to the world has a store of its own, the run has one archive.
+// The ids of which the archive has no picture, and those of which it has one. Each visit to the world has a store of
+// its own, the run has one archive.
 std::unordered_set<std::uint32_t> sMissing;
+std::unordered_set<std::uint32_t> sFound;
 
 SDL_Surface* Remember(std::uint32_t id, SDL_Surface* found) {
-  if (found == nullptr) sMissing.insert(id);
+  (found == nullptr ? sMissing : sFound).insert(id);
   return found;
 }
 
@@ -148,11 +150,13 @@ GameGraphics::GraphicEntry* GameGraphics::FindEntry(std::uint32_t id) {
   return found == mGraphics.end() ? nullptr : &found->second;
 }
 
-void GameGraphics::ForgetMissing() { sMissing.clear(); }
+void GameGraphics::ForgetMissing() {
+  sMissing.clear();
+  sFound.clear();
+}
 
-bool GameGraphics::MayBeThere(std::uint32_t id) const {
-  if (mGraphics.contains(id)) return true;
-  return sMissing.size() < kMostMissing && !sMissing.contains(id);
+bool GameGraphics::MayBeThere(std::uint32_t id) {
+  return sFound.contains(id) || (sMissing.size() < kMostMissing && !sMissing.contains(id));
 }
 
 // The veil is black all over, so it darkens the pixels of the colour key too, and they would be drawn. The mask, which

@@ -31,7 +31,7 @@ class GameGraphics {
 
   // The same two for code that draws: a picture that was not there is not looked for again in this run, by any store,
   // so that an unknown id, of which a server can send any number, costs neither the frame rate nor the log. When 65,536
-  // such ids are known, no picture is loaded any more.
+  // such ids are known, only pictures that have been found in this run are looked for.
   SDL_Surface* FindGraphic(std::uint32_t id);
   SDL_Surface* FindMask(std::uint32_t id);
   // A new run begins: every picture may be there again.
@@ -54,7 +54,7 @@ class GameGraphics {
   };
 
   GraphicEntry* FindEntry(std::uint32_t id);
-  bool MayBeThere(std::uint32_t id) const;
+  static bool MayBeThere(std::uint32_t id);
   void Darken(GraphicEntry& entry) const;
 
   Archive* const mArchive;

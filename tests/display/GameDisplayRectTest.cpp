@@ -131,9 +131,11 @@ TEST_F(GameDisplayRectTest, SurvivesAnyGroundAndTheEndOfTheMapWithoutFillingTheL
   EXPECT_EQ(next.FindGraphic(kNone), nullptr);
   EXPECT_EQ(ReadFile("log.clf"), "") << "also on the next visit";
   for (Uint32 id = 1'000'000; id < 1'070'000; ++id) next.FindGraphic(id);
-  WriteGraphics({{kNone, MakeStripedTile({8, 8, 8})}, {kSand, MakeStripedTile({8, 8, 8})}});
+  const std::string tile = MakeStripedTile({8, 8, 8});
+  WriteGraphics({{kNone, tile}, {kSand, tile}, {kSea, tile}});
   EXPECT_EQ(next.FindGraphic(kNone), nullptr);
-  EXPECT_EQ(next.FindGraphic(kSand), nullptr) << "too many unknown ids: nobody asks any more";
+  EXPECT_EQ(next.FindGraphic(kSea), nullptr) << "too many unknown ids: nobody asks for more";
+  EXPECT_NE(next.FindGraphic(kSand), nullptr) << "but for what was there before";
   EXPECT_NE(next.GetGraphic(kNone), nullptr) << "but the store itself does";
   EXPECT_NE(mGraphics.FindGraphic(kSand), nullptr) << "and what has been loaded stays";
   EXPECT_LE(std::ranges::count(ReadFile("log.clf"), '\n'), 10'001);

@@ -19,8 +19,8 @@ class SoundManagerTest : public ::testing::Test {
   void Start() {
     const std::string music = ReadFile(TOLVA_TEST_MUSIC);
     const auto size = static_cast<std::uint32_t>(music.size());
-    WriteFile("Sounds.cci", MakeIndex({{7, size, 8}, {1, 0, size}}));
-    WriteFile("Sounds.cca", music + "no music");
+    WriteFile("Sounds.cci", MakeIndex({{7, size, size + 1}, {1, 0, size}}));
+    WriteFile("Sounds.cca", music + music + '\0');
     mSoundManager = std::make_unique<SoundManager>(&mMailbox);
   }
   // SDL chooses its driver anew for the next test.
@@ -65,8 +65,7 @@ TEST_F(SoundManagerTest, PlaysAPieceOverAndOverUntilToldToStop) {
   Order(new PacketMusicPlay(1));
   EXPECT_EQ(Mix_PlayingMusic(), 1);
   Order(new PacketMusicPlay(7));
-  EXPECT_EQ(ReadFile(kMusicFile), "no music") << "the piece that was asked for";
-  EXPECT_EQ(Mix_PlayingMusic(), 0);
+  EXPECT_EQ(ReadFile(kMusicFile), ReadFile(TOLVA_TEST_MUSIC) + '\0') << "the piece that was asked for";
   Quit();
   EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 0);
   EXPECT_FALSE(std::filesystem::exists(kMusicFile));
