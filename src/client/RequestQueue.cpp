@@ -2,14 +2,15 @@
 
 #include <utility>
 
+#include "network/TcpConnection.h"
+
 namespace tolva {
 namespace {
 
 constexpr std::size_t kCapacity = 256;
 
-// How long the server instance pauses after each packet, how long nothing must have come after that, and how long the
-// next request waits for silence at most.
-constexpr std::uint32_t kSendPauseMs = 100;
+// How long nothing must have come after the pause behind a packet, and how long the next request waits for silence at
+// most.
 constexpr std::uint32_t kSilenceMs = 15;
 constexpr std::uint32_t kPatienceMs = 250;
 
@@ -42,7 +43,7 @@ std::unique_ptr<Packet> RequestQueue::TakeDue(std::uint32_t now, bool isMailboxE
 
 bool RequestQueue::IsDue(std::uint32_t now) const {
   if (now - mRequestTick >= kPatienceMs) return true;
-  return now - mBusyTick >= kSendPauseMs + kSilenceMs && now - mReceivedTick >= kSilenceMs;
+  return now - mBusyTick >= TcpConnection::kSendPauseMs + kSilenceMs && now - mReceivedTick >= kSilenceMs;
 }
 
 }  // namespace tolva

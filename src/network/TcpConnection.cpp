@@ -10,8 +10,6 @@
 namespace tolva {
 namespace {
 
-constexpr std::uint32_t kSendPauseMs = 100;
-
 bool networkInitialised = false;
 std::int32_t connectionCount = 0;
 

@@ -27,7 +27,9 @@ class TcpConnection {
   // the order could not be given. The outcome arrives through Recieve: a PacketInternConnectionInfo or a
   // PacketInternConnectionLost.
   bool Connect(const char* host, std::uint16_t port);
-  // Hands the packet on to be sent, then holds the caller for 100 ms, which bounds how fast it can send. Without a
+  // How long Send holds the caller.
+  static constexpr std::uint32_t kSendPauseMs = 100;
+  // Hands the packet on to be sent, then holds the caller for a pause, which bounds how fast it can send. Without a
   // working connection the packet is dropped. Intern packets are commands to the socket control.
   void Send(std::unique_ptr<Packet> packet);
   // The oldest packet that the peer sent or the socket control reported, or null. Never waits.
