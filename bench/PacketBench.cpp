@@ -1,8 +1,8 @@
 #include <benchmark/benchmark.h>
 
-#include "foundation/Mailbox.h"
 #include "protocol/PacketPrinter.h"
 #include "support/Records.h"
+#include "threads/Mailbox.h"
 
 namespace tolva {
 namespace {

@@ -8,11 +8,11 @@
 
 #include "client/MusicOrders.h"
 #include "client/RequestQueue.h"
-#include "foundation/Mailbox.h"
-#include "foundation/ManagerThread.h"
 #include "media/SoundManager.h"
 #include "network/ServerInstance.h"
 #include "protocol/LoginPackets.h"
+#include "threads/Mailbox.h"
+#include "threads/ManagerThread.h"
 #include "world/Repository.h"
 #include "world/WorldSynchronizer.h"
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <limits>
 
-#include "controls/FlagScope.h"
 #include "controls/MouseWheel.h"
-#include "controls/SdlCalls.h"
+#include "foundation/FlagScope.h"
 #include "foundation/Guard.h"
+#include "sdl/SdlCalls.h"
 
 namespace tolva {
 

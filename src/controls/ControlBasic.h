@@ -7,8 +7,8 @@
 #include <SDL.h>
 
 #include "controls/ControlEvent.h"
-#include "controls/Rgb.h"
-#include "foundation/SurfacePtr.h"
+#include "sdl/Rgb.h"
+#include "sdl/SurfacePtr.h"
 
 namespace tolva {
 

@@ -4,9 +4,9 @@
 
 #include "controls/ControlScrollbar.h"
 #include "controls/ControlTextBasic.h"
-#include "controls/FlagScope.h"
-#include "controls/SdlCalls.h"
+#include "foundation/FlagScope.h"
 #include "foundation/Guard.h"
+#include "sdl/SdlCalls.h"
 
 namespace tolva {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
-#include "controls/SdlCalls.h"
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
+#include "sdl/SdlCalls.h"
 
 namespace tolva {
 

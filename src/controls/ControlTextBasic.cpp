@@ -1,7 +1,7 @@
 #include "controls/ControlTextBasic.h"
 
-#include "controls/SdlCalls.h"
 #include "foundation/Guard.h"
+#include "sdl/SdlCalls.h"
 
 namespace tolva {
 

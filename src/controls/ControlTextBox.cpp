@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cstring>
 
-#include "controls/SdlCalls.h"
 #include "controls/TypedCharacter.h"
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
 #include "foundation/Ticks.h"
+#include "sdl/SdlCalls.h"
 
 namespace tolva {
 

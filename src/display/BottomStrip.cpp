@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "controls/Rgb.h"
-#include "controls/SdlCalls.h"
 #include "display/Component.h"
 #include "display/PictureIds.h"
 #include "display/Tiles.h"
+#include "sdl/Rgb.h"
+#include "sdl/SdlCalls.h"
 
 namespace tolva {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <SDL.h>
 
-#include "foundation/SurfacePtr.h"
 #include "media/Archive.h"
+#include "sdl/SurfacePtr.h"
 
 namespace tolva {
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 
 #include "controls/ControlLabel.h"
-#include "controls/Rgb.h"
 #include "display/PictureIds.h"
+#include "sdl/Rgb.h"
 
 namespace tolva {
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "archive/ArchiveFormat.h"
 #include "display/FormattedText.h"
 #include "display/PictureIds.h"
 #include "display/ScreenChat.h"
@@ -12,7 +13,6 @@
 #include "display/ScreenStart.h"
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
-#include "media/ArchiveFormat.h"
 #include "media/GameGraphics.h"
 #include "protocol/ChatPackets.h"
 #include "protocol/GamePackets.h"

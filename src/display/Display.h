@@ -11,9 +11,9 @@
 #include "display/DisplayRequests.h"
 #include "display/Screen.h"
 #include "foundation/Ini.h"
-#include "foundation/ManagerThread.h"
-#include "foundation/SurfacePtr.h"
 #include "media/Archive.h"
+#include "sdl/SurfacePtr.h"
+#include "threads/ManagerThread.h"
 
 namespace tolva {
 

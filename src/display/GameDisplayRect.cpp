@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "controls/SdlCalls.h"
 #include "display/FieldTiles.h"
 #include "display/TileBlend.h"
 #include "foundation/Guard.h"
 #include "foundation/InfoHandler.h"
 #include "media/GameGraphics.h"
+#include "sdl/SdlCalls.h"
 #include "world/Repository.h"
 
 namespace tolva {

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "foundation/Info.h"
-#include "foundation/SurfacePtr.h"
 #include "protocol/FieldPosition.h"
 #include "protocol/Steps.h"
+#include "sdl/SurfacePtr.h"
 
 namespace tolva {
 

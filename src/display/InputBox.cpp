@@ -4,10 +4,10 @@
 #include <cstring>
 #include <string>
 
-#include "controls/SdlCalls.h"
 #include "controls/TypedCharacter.h"
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
+#include "sdl/SdlCalls.h"
 
 namespace tolva {
 namespace {

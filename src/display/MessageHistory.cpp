@@ -6,11 +6,11 @@
 #include "controls/ControlChatBox.h"
 #include "controls/ControlLabel.h"
 #include "controls/MouseWheel.h"
-#include "controls/SdlCalls.h"
 #include "display/BottomStrip.h"
 #include "display/Component.h"
 #include "display/PictureIds.h"
 #include "display/Tiles.h"
+#include "sdl/SdlCalls.h"
 
 namespace tolva {
 namespace {

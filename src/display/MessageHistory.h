@@ -9,10 +9,10 @@
 
 #include <SDL.h>
 
-#include "controls/Rgb.h"
 #include "display/Button.h"
-#include "foundation/SurfacePtr.h"
 #include "media/Archive.h"
+#include "sdl/Rgb.h"
+#include "sdl/SurfacePtr.h"
 
 namespace tolva {
 

@@ -9,9 +9,9 @@
 #include "controls/ControlBasic.h"
 #include "display/ScreenComponents.h"
 #include "foundation/InfoHandler.h"
-#include "foundation/Mailbox.h"
 #include "media/Archive.h"
 #include "protocol/Packet.h"
+#include "threads/Mailbox.h"
 
 namespace tolva {
 

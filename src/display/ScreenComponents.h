@@ -10,8 +10,8 @@
 #include "controls/ControlBasic.h"
 #include "display/Component.h"
 #include "display/PictureIds.h"
-#include "foundation/SurfacePtr.h"
 #include "media/Archive.h"
+#include "sdl/SurfacePtr.h"
 
 namespace tolva {
 

@@ -4,16 +4,16 @@
 #include <cstring>
 #include <limits>
 
-#include "controls/FlagScope.h"
 #include "controls/MouseWheel.h"
-#include "controls/SdlCalls.h"
 #include "controls/TypedCharacter.h"
 #include "display/Component.h"
 #include "display/FieldTiles.h"
 #include "display/PictureIds.h"
+#include "foundation/FlagScope.h"
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
 #include "protocol/Steps.h"
+#include "sdl/SdlCalls.h"
 
 namespace tolva {
 namespace {

@@ -11,12 +11,12 @@
 #include "display/MoveKeys.h"
 #include "display/Screen.h"
 #include "display/TextBox.h"
-#include "foundation/SurfacePtr.h"
 #include "media/GameGraphics.h"
 #include "protocol/AreaPackets.h"
 #include "protocol/ChatPackets.h"
 #include "protocol/GamePackets.h"
 #include "protocol/InternPackets.h"
+#include "sdl/SurfacePtr.h"
 #include "world/Repository.h"
 
 namespace tolva {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "archive/ArchiveFormat.h"
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
-#include "media/ArchiveFormat.h"
 
 namespace tolva {
 namespace {

@@ -5,9 +5,9 @@
 
 #include <SDL_ttf.h>
 
-#include "controls/Rgb.h"
 #include "display/Widget.h"
 #include "media/Archive.h"
+#include "sdl/Rgb.h"
 
 namespace tolva {
 

@@ -2,7 +2,7 @@
 
 #include <SDL.h>
 
-#include "controls/SdlCalls.h"
+#include "sdl/SdlCalls.h"
 
 namespace tolva {
 

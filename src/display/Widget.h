@@ -4,7 +4,7 @@
 
 #include <SDL.h>
 
-#include "foundation/SurfacePtr.h"
+#include "sdl/SurfacePtr.h"
 
 namespace tolva {
 

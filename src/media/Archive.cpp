@@ -6,12 +6,12 @@
 
 #include <SDL_image.h>
 
+#include "archive/ArchiveFormat.h"
+#include "archive/PngCheck.h"
 #include "foundation/Guard.h"
 #include "foundation/InfoHandler.h"
 #include "foundation/LogLimit.h"
 #include "foundation/RegularFile.h"
-#include "media/ArchiveFormat.h"
-#include "media/PngCheck.h"
 
 namespace tolva {
 namespace format = archive_format;

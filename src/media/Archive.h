@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "foundation/SurfacePtr.h"
-#include "media/ArchiveIndex.h"
+#include "archive/ArchiveIndex.h"
+#include "sdl/SurfacePtr.h"
 
 namespace tolva {
 

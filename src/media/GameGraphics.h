@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <map>
 
-#include "foundation/SurfacePtr.h"
+#include "sdl/SurfacePtr.h"
 
 namespace tolva {
 

@@ -5,8 +5,8 @@
 
 #include <SDL_mixer.h>
 
-#include "foundation/ManagerThread.h"
 #include "media/Archive.h"
+#include "threads/ManagerThread.h"
 
 namespace tolva {
 

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "foundation/Ini.h"
-#include "foundation/ManagerThread.h"
 #include "network/TcpConnection.h"
+#include "threads/ManagerThread.h"
 
 namespace tolva {
 

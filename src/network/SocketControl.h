@@ -6,10 +6,10 @@
 
 #include <SDL_net.h>
 
-#include "foundation/ManagerThread.h"
 #include "protocol/InternPackets.h"
 #include "protocol/PacketConverter.h"
 #include "protocol/RecordCutter.h"
+#include "threads/ManagerThread.h"
 
 namespace tolva {
 

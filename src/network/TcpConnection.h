@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "foundation/Mailbox.h"
 #include "protocol/Packet.h"
+#include "threads/Mailbox.h"
 
 namespace tolva {
 

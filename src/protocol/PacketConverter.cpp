@@ -1,5 +1,6 @@
 #include "protocol/PacketConverter.h"
 
+#include "foundation/ByteOrder.h"
 #include "foundation/Guard.h"
 #include "protocol/PacketList.h"
 #include "protocol/WireReader.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "foundation/ByteOrder.h"
 #include "protocol/WireFormat.h"
 
 namespace tolva {

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "foundation/ByteOrder.h"
 #include "protocol/Direction.h"
 #include "protocol/PacketField.h"
 #include "protocol/WireFormat.h"
@@ -23,7 +24,7 @@ class WireReader {
     if (const std::uint8_t* bytes = Take(4)) value = LoadBig32(bytes);
   }
   void Read(std::uint16_t& value) {
-    if (const std::uint8_t* bytes = Take(2)) value = static_cast<std::uint16_t>(bytes[0] << 8 | bytes[1]);
+    if (const std::uint8_t* bytes = Take(2)) value = LoadBig16(bytes);
   }
   void Read(std::uint8_t& value) {
     if (const std::uint8_t* bytes = Take(1)) value = *bytes;

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "foundation/ByteOrder.h"
 #include "protocol/Direction.h"
 #include "protocol/PacketField.h"
 #include "protocol/WireFormat.h"
@@ -20,8 +21,8 @@ class WireWriter {
     mPosition += 4;
   }
   void Write(std::uint16_t value) {
-    Write(static_cast<std::uint8_t>(value >> 8));
-    Write(static_cast<std::uint8_t>(value));
+    StoreBig16(mRecord + mPosition, value);
+    mPosition += 2;
   }
   void Write(std::uint8_t value) { mRecord[mPosition++] = value; }
   void Write(std::int8_t value) { Write(static_cast<std::uint8_t>(value)); }

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <string>
 
+#include "foundation/ByteOrder.h"
 #include "foundation/Guard.h"
 #include "foundation/RegularFile.h"
 #include "foundation/ReplacingFile.h"

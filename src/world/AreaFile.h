@@ -22,12 +22,4 @@ constexpr std::size_t kAreaFileSize = kAreaFileVolu + 4 * kAreaFields;
 // The name after the directory: Rx, Ry, Ax, Ay and the level, for printf. A level below 0 takes eight digits.
 constexpr const char* kAreaFileName = "%.8X%.8X%.2X%.2X%.2X";
 
-constexpr void StoreLittle32(std::uint8_t* to, std::uint32_t value) {
-  for (int i = 0; i < 4; ++i) to[i] = static_cast<std::uint8_t>(value >> (8 * i));
-}
-
-constexpr std::uint32_t LoadLittle32(const std::uint8_t* from) {
-  return from[0] | std::uint32_t{from[1]} << 8 | std::uint32_t{from[2]} << 16 | std::uint32_t{from[3]} << 24;
-}
-
 }  // namespace tolva

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Semaphore.h"
+#include "threads/Semaphore.h"
 #include "world/ClientCharacter.h"
 #include "world/ClientMap.h"
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "client/ClientBase.h"
+#include "foundation/ByteOrder.h"
 #include "foundation/Ticks.h"
 #include "protocol/PacketList.h"
 #include "support/Correspondent.h"
@@ -158,7 +159,7 @@ TEST_F(ClientBaseTest, ADisplayThatFallsBehindBoundsTheMailAndPingsGoOn) {
 TEST_F(ClientBaseTest, PingsWhenMoreThan2500MillisecondsHavePassed) {
   static std::atomic<Uint32> sNow;
   Connect();
-  sNow = SDL_GetTicks() + 10'000;
+  sNow = GetTicks() + 10'000;
   SetTickSource([] { return sNow.load(); });
   EXPECT_EQ(ServerGets(1, kQuit), Codes{kPing}) << "the clock was set on";
   sNow += 2500;
@@ -177,10 +178,10 @@ TEST_F(ClientBaseTest, QuitOfTheServerEndsTheThreadsInOrder) {
   EXPECT_TRUE(PlaysTheTune());
   EXPECT_EQ(mDisplay.Next(1), Codes{PacketEnterChatAccept::kCode});
   for (int i = 0; i < 3; ++i) mDisplay.Give(PacketChatMsg());
-  const Uint32 start = SDL_GetTicks();
+  const Uint32 start = GetTicks();
   FromServer(PacketQuit());
   EXPECT_EQ(mDisplay.Next(1), Codes{kQuit});
-  EXPECT_GE(SDL_GetTicks() - start, 200u) << "what was said before is sent, with its pauses";
+  EXPECT_GE(GetTicks() - start, 200u) << "what was said before is sent, with its pauses";
   EXPECT_FALSE(std::filesystem::exists("Sound.tmp")) << "the music has ended";
   mClient->WaitThread(nullptr);
   const std::string log = ReadFile("log.clf");

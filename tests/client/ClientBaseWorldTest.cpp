@@ -119,7 +119,7 @@ TEST_F(ClientBaseWorldTest, NothingThatThePlayerDoesWaitsBehindRequests) {
 
 TEST_F(ClientBaseWorldTest, RequestsWaitWhileTheServerSpeaks) {
   static std::atomic<std::uint32_t> sNow;
-  sNow = SDL_GetTicks() + 10'000;
+  sNow = GetTicks() + 10'000;
   SetTickSource([] { return sNow.load(); });
   FromServer(PacketCharPosition());
   EXPECT_TRUE(ServerGets(PacketAreaVersion(0xFFFFFFFF, 0xFFFFFFFF, 5, 5, 0, 0)));

@@ -8,8 +8,8 @@
 #include <unistd.h>
 
 #include "client/ClientMain.h"
-#include "foundation/Thread.h"
 #include "support/TempDir.h"
+#include "threads/Thread.h"
 
 namespace {
 bool gFailInit = false;

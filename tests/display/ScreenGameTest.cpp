@@ -72,7 +72,7 @@ class ScreenGameTest : public DisplayFixture {
     mDisplay->RunPass();
   }
   void EndSlide() {
-    for (Uint32 now = SDL_GetTicks(); mWorld.player.IsMoving();) mWorld.player.Animate(now += 20);
+    for (Uint32 now = GetTicks(); mWorld.player.IsMoving();) mWorld.player.Animate(now += 20);
   }
   void Say(int first, int last) {
     for (int n = first; n <= last; ++n) Screen().HandlePacket(new PacketChatMsg("Anna", std::to_string(n).c_str()));
@@ -104,7 +104,7 @@ TEST_F(ScreenGameTest, ShowsTheWorldAroundThePlayerAndWhatIsSaid) {
   CopyText(speech.mStrUser, "Berta");
   mWorld.sync.ShowChatMessage(speech);
   EXPECT_TRUE(Matches("speech"));
-  ClientCharacter::On(west)->SetMessageTick(SDL_GetTicks() - 10001);
+  ClientCharacter::On(west)->SetMessageTick(GetTicks() - 10001);
   EXPECT_TRUE(Matches("silence")) << "what was said ten seconds ago is gone, and the name with it";
 }
 
@@ -188,7 +188,7 @@ TEST_F(ScreenGameTest, TheHistoryGrowsShrinksAndScrolls) {
 
 TEST_F(ScreenGameTest, AHeldKeyWaitsForItsAnswerAndForTheWorld) {
   static Uint32 sNow;
-  sNow = SDL_GetTicks();
+  sNow = GetTicks();
   SetTickSource([] { return sNow; });
   Press(SDLK_UP);
   EXPECT_EQ(Sent().size(), 1u);

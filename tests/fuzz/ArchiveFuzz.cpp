@@ -8,11 +8,12 @@
 #include <unistd.h>
 #include <zlib.h>
 
+#include "archive/ArchiveIndex.h"
+#include "archive/PngCheck.h"
+#include "foundation/ByteOrder.h"
 #include "foundation/RegularFile.h"
-#include "foundation/SurfacePtr.h"
-#include "media/ArchiveIndex.h"
-#include "media/PngCheck.h"
 #include "protocol/WireFormat.h"
+#include "sdl/SurfacePtr.h"
 
 namespace tolva {
 namespace {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "foundation/ByteOrder.h"
 #include "network/SocketControl.h"
 #include "protocol/PacketList.h"
 #include "support/Correspondent.h"

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "foundation/ByteOrder.h"
 #include "support/Records.h"
 
 namespace tolva::test {

@@ -3,9 +3,9 @@
 #include <memory>
 #include <vector>
 
-#include "foundation/Mailbox.h"
 #include "protocol/Packet.h"
 #include "support/WaitUntil.h"
+#include "threads/Mailbox.h"
 
 namespace tolva::test {
 

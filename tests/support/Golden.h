@@ -7,7 +7,7 @@
 #include <SDL_image.h>
 #include <gtest/gtest.h>
 
-#include "foundation/SurfacePtr.h"
+#include "sdl/SurfacePtr.h"
 #include "support/TempDir.h"
 #include "support/TestPng.h"
 

@@ -8,6 +8,7 @@
 #include <type_traits>
 #include <vector>
 
+#include "foundation/ByteOrder.h"
 #include "protocol/PacketConverter.h"
 #include "protocol/PacketList.h"
 

@@ -6,7 +6,7 @@
 
 #include <zlib.h>
 
-#include "media/PngCheck.h"
+#include "archive/PngCheck.h"
 
 namespace tolva::test {
 

@@ -3,7 +3,7 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
-#include "foundation/SurfacePtr.h"
+#include "sdl/SurfacePtr.h"
 
 namespace tolva::test {
 

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
-#include "archive/PictureCheck.h"
 #include "support/TestArchive.h"
 #include "support/TestPng.h"
+#include "tools/archive/PictureCheck.h"
 
 namespace tolva::test {
 namespace {

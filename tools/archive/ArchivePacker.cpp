@@ -1,12 +1,12 @@
-#include "archive/ArchivePacker.h"
+#include "tools/archive/ArchivePacker.h"
 
 #include <algorithm>
 #include <charconv>
 
-#include "archive/ArchiveWriter.h"
-#include "archive/FileKind.h"
-#include "archive/PictureCheck.h"
 #include "foundation/RegularFile.h"
+#include "tools/archive/ArchiveWriter.h"
+#include "tools/archive/FileKind.h"
+#include "tools/archive/PictureCheck.h"
 
 namespace tolva {
 

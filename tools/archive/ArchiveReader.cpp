@@ -1,12 +1,12 @@
-#include "archive/ArchiveReader.h"
+#include "tools/archive/ArchiveReader.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <vector>
 
-#include "archive/FileKind.h"
-#include "media/ArchiveFormat.h"
-#include "media/PngCheck.h"
+#include "archive/ArchiveFormat.h"
+#include "archive/PngCheck.h"
+#include "tools/archive/FileKind.h"
 
 namespace tolva {
 namespace format = archive_format;

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "archive/ArchiveIndex.h"
 #include "foundation/RegularFile.h"
-#include "media/ArchiveIndex.h"
 
 namespace tolva {
 

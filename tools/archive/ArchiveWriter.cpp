@@ -1,6 +1,7 @@
-#include "archive/ArchiveWriter.h"
+#include "tools/archive/ArchiveWriter.h"
 
-#include "media/ArchiveFormat.h"
+#include "archive/ArchiveFormat.h"
+#include "foundation/ByteOrder.h"
 
 namespace tolva {
 namespace format = archive_format;
@@ -12,9 +13,9 @@ bool ArchiveWriter::HasRoomFor(std::size_t size) const { return mSize + size <= 
 
 void ArchiveWriter::Add(std::uint32_t id, std::span<const std::uint8_t> bytes) {
   std::uint8_t record[format::kRecordSize];
-  format::WriteNumber(record + format::kIdAt, id);
-  format::WriteNumber(record + format::kOffsetAt, static_cast<std::uint32_t>(mSize));
-  format::WriteNumber(record + format::kSizeAt, static_cast<std::uint32_t>(bytes.size()));
+  StoreLittle32(record + format::kIdAt, id);
+  StoreLittle32(record + format::kOffsetAt, static_cast<std::uint32_t>(mSize));
+  StoreLittle32(record + format::kSizeAt, static_cast<std::uint32_t>(bytes.size()));
   mSize += bytes.size();
   if (!mData.Write(bytes.data(), bytes.size()) || !mIndex.Write(record, sizeof record)) mFailed = true;
 }

@@ -1,4 +1,4 @@
-#include "archive/FileKind.h"
+#include "tools/archive/FileKind.h"
 
 #include <algorithm>
 #include <string_view>

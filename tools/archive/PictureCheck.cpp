@@ -1,10 +1,10 @@
-#include "archive/PictureCheck.h"
+#include "tools/archive/PictureCheck.h"
 
 #include <algorithm>
 #include <cstdio>
 
-#include "archive/PngRows.h"
-#include "media/PngCheck.h"
+#include "archive/PngCheck.h"
+#include "tools/archive/PngRows.h"
 
 namespace tolva {
 namespace {

@@ -1,4 +1,4 @@
-#include "archive/PngRows.h"
+#include "tools/archive/PngRows.h"
 
 #include <cstring>
 #include <new>

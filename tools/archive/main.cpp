@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "archive/ArchivePacker.h"
-#include "archive/ArchiveReader.h"
+#include "tools/archive/ArchivePacker.h"
+#include "tools/archive/ArchiveReader.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "bots/Bot.h"
+#include "tools/bots/Bot.h"
 
 #include <algorithm>
 #include <array>

@@ -8,8 +8,8 @@
 #include <string>
 #include <unordered_map>
 
-#include "bots/MoveBook.h"
 #include "protocol/RecordCutter.h"
+#include "tools/bots/MoveBook.h"
 
 namespace tolva {
 

@@ -1,4 +1,4 @@
-#include "bots/Latencies.h"
+#include "tools/bots/Latencies.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "bots/MoveBook.h"
+#include "tools/bots/MoveBook.h"
 
 #include <algorithm>
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <unordered_map>
 
-#include "bots/Latencies.h"
 #include "server/realm/WorldPoint.h"
+#include "tools/bots/Latencies.h"
 
 namespace tolva {
 

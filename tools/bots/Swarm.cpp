@@ -1,4 +1,4 @@
-#include "bots/Swarm.h"
+#include "tools/bots/Swarm.h"
 
 #include <algorithm>
 #include <cstdio>

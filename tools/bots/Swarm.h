@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "bots/Bot.h"
+#include "tools/bots/Bot.h"
 
 namespace tolva {
 

@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <exception>
 
-#include "bots/Swarm.h"
+#include "tools/bots/Swarm.h"
 
 namespace {
 

@@ -1,10 +1,11 @@
-#include "media/PngCheck.h"
+#include "archive/PngCheck.h"
 
 #include <algorithm>
 #include <cstring>
 
 #include <zlib.h>
 
+#include "foundation/ByteOrder.h"
 #include "foundation/RegularFile.h"
 
 namespace tolva {
@@ -28,11 +29,6 @@ constexpr std::uint32_t kPlte = Type("PLTE");
 constexpr std::uint32_t kTrns = Type("tRNS");
 constexpr std::uint32_t kIdat = Type("IDAT");
 constexpr std::uint32_t kIend = Type("IEND");
-
-std::uint32_t ReadBigEndian(const std::uint8_t* from) {
-  return static_cast<std::uint32_t>(from[0]) << 24 | static_cast<std::uint32_t>(from[1]) << 16 |
-         static_cast<std::uint32_t>(from[2]) << 8 | static_cast<std::uint32_t>(from[3]);
-}
 
 // A chunk whose type begins with a capital letter must be understood by every decoder.
 bool IsCritical(std::uint32_t type) { return (type & 0x20000000) == 0; }
@@ -84,14 +80,14 @@ const char* PngCheck::Walk(const ReadBytes& read) {
 const char* PngCheck::ReadChunk(const ReadBytes& read, Chunk& chunk) {
   const std::uint8_t* header = Append(read, kChunkHeaderSize);
   if (header == nullptr) return kCutShort;
-  const std::uint32_t length = ReadBigEndian(header);
-  chunk.type = ReadBigEndian(header + 4);
+  const std::uint32_t length = LoadBig32(header);
+  chunk.type = LoadBig32(header + 4);
   if (length > kMaxBytes) return "a chunk is too long";
   // Length and type were read; from the type on, everything counts for the checksum.
   const std::uint8_t* data = Append(read, length + kCrcSize);
   if (data == nullptr) return kCutShort;
   const auto summed = static_cast<uInt>(length + sizeof chunk.type);
-  if (crc32(0, data - sizeof chunk.type, summed) != ReadBigEndian(data + length)) return "a chunk's checksum is wrong";
+  if (crc32(0, data - sizeof chunk.type, summed) != LoadBig32(data + length)) return "a chunk's checksum is wrong";
   chunk.data = {data, length};
   return nullptr;
 }
@@ -116,8 +112,8 @@ const char* PngCheck::CheckChunk(const Chunk& chunk) {
 
 const char* PngCheck::CheckHeader(std::span<const std::uint8_t> data) {
   if (data.size() != kHeaderDataSize) return "its header is damaged";
-  mHeader.width = ReadBigEndian(&data[0]);
-  mHeader.height = ReadBigEndian(&data[4]);
+  mHeader.width = LoadBig32(&data[0]);
+  mHeader.height = LoadBig32(&data[4]);
   mHeader.bitDepth = data[8];
   mHeader.colour = static_cast<PngColour>(data[9]);
   const auto compression = data[10], filter = data[11], interlace = data[12];

@@ -24,13 +24,4 @@ constexpr std::uint32_t kMaxPictureOffset = 0x7FFFFFFF;
 // The entry of "Graphics" that holds the font.
 constexpr std::uint32_t kFontId = 1;
 
-inline std::uint32_t ReadNumber(const std::uint8_t* from) {
-  return static_cast<std::uint32_t>(from[0]) | static_cast<std::uint32_t>(from[1]) << 8 |
-         static_cast<std::uint32_t>(from[2]) << 16 | static_cast<std::uint32_t>(from[3]) << 24;
-}
-
-inline void WriteNumber(std::uint8_t* to, std::uint32_t number) {
-  for (int byte = 0; byte < 4; ++byte) to[byte] = static_cast<std::uint8_t>(number >> (8 * byte));
-}
-
 }  // namespace tolva::archive_format

@@ -1,4 +1,4 @@
-#include "media/ArchiveEntry.h"
+#include "archive/ArchiveEntry.h"
 
 #include <algorithm>
 #include <vector>

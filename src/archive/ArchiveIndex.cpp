@@ -1,10 +1,11 @@
-#include "media/ArchiveIndex.h"
+#include "archive/ArchiveIndex.h"
 
 #include <filesystem>
 #include <vector>
 
+#include "archive/ArchiveFormat.h"
+#include "foundation/ByteOrder.h"
 #include "foundation/RegularFile.h"
-#include "media/ArchiveFormat.h"
 
 namespace tolva {
 namespace format = archive_format;
@@ -22,8 +23,8 @@ bool ArchiveIndex::Read(const char* path) {
   mEntries.clear();
   for (std::size_t at = 0; at < records.size(); at += format::kRecordSize) {
     const std::uint8_t* record = &records[at];
-    mEntries[format::ReadNumber(record + format::kIdAt)] = {format::ReadNumber(record + format::kOffsetAt),
-                                                            format::ReadNumber(record + format::kSizeAt)};
+    mEntries[LoadLittle32(record + format::kIdAt)] = {LoadLittle32(record + format::kOffsetAt),
+                                                      LoadLittle32(record + format::kSizeAt)};
   }
   return true;
 }

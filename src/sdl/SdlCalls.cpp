@@ -1,10 +1,10 @@
-#include "controls/SdlCalls.h"
+#include "sdl/SdlCalls.h"
 
 #include <algorithm>
 #include <limits>
 
 #include "foundation/Error.h"
-#include "foundation/SurfacePtr.h"
+#include "sdl/SurfacePtr.h"
 
 namespace tolva {
 

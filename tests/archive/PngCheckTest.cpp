@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "media/PngCheck.h"
+#include "archive/PngCheck.h"
 #include "support/TestPng.h"
 
 namespace tolva::test {

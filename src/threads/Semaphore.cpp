@@ -1,4 +1,4 @@
-#include "foundation/Semaphore.h"
+#include "threads/Semaphore.h"
 
 #include <SDL.h>
 

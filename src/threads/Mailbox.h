@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <deque>
 
-#include "foundation/Semaphore.h"
+#include "threads/Semaphore.h"
 
 namespace tolva {
 

@@ -1,4 +1,4 @@
-#include "foundation/Mailbox.h"
+#include "threads/Mailbox.h"
 
 #include "foundation/Guard.h"
 #include "protocol/Packet.h"

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <map>
 
-#include "media/ArchiveEntry.h"
+#include "archive/ArchiveEntry.h"
 
 namespace tolva {
 

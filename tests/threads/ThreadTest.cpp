@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include "foundation/ManagerThread.h"
 #include "protocol/PacketList.h"
 #include "support/Correspondent.h"
 #include "support/TempDir.h"
+#include "threads/ManagerThread.h"
 
 namespace tolva::test {
 namespace {

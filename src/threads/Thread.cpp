@@ -1,4 +1,4 @@
-#include "foundation/Thread.h"
+#include "threads/Thread.h"
 
 #include <utility>
 

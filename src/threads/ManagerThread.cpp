@@ -1,4 +1,4 @@
-#include "foundation/ManagerThread.h"
+#include "threads/ManagerThread.h"
 
 #include <cstdio>
 

@@ -8,10 +8,10 @@
 #include "foundation/ErrHandler.h"
 #include "foundation/Guard.h"
 #include "foundation/InfoHandler.h"
-#include "foundation/Mailbox.h"
-#include "foundation/Thread.h"
 #include "protocol/Packet.h"
 #include "protocol/PacketPrinter.h"
+#include "threads/Mailbox.h"
+#include "threads/Thread.h"
 
 namespace tolva {
 
