@@ -10,6 +10,7 @@
 #include "client/ClientBase.h"
 #include "display/Display.h"
 #include "foundation/Guard.h"
+#include "foundation/Ticks.h"
 #include "protocol/InternPackets.h"
 
 namespace tolva {
@@ -56,6 +57,8 @@ int RunClient(InfoHandler& infoHandler, Mailbox& controllerMailbox, Mailbox& dis
 }  // namespace
 
 int ClientMain(int, char*[]) {
+  // Every log line carries a tick, so the clock is set before the first writer exists.
+  SetTickSource(SDL_GetTicks);
   ErrHandler errHandler;
   InfoHandler infoHandler;
   auto controllerMailbox = std::make_unique<Mailbox>();

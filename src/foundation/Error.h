@@ -19,7 +19,7 @@ class Error {
   const char* GetModule() const { return mModule; }
   const char* GetMethod() const { return mMethod; }
   const char* GetMessage() const { return mMessage; }
-  // Milliseconds since SDL's start, taken at construction.
+  // GetTicks at construction.
   std::uint32_t GetTick() const { return mTick; }
 
  private:

@@ -1,11 +1,19 @@
 #include "foundation/Ticks.h"
 
 #include <atomic>
-
-#include <SDL.h>
+#include <chrono>
 
 namespace tolva {
 namespace {
+
+using Clock = std::chrono::steady_clock;
+
+const Clock::time_point sProcessStart = Clock::now();
+
+std::uint32_t GetProcessTicks() {
+  using std::chrono::milliseconds;
+  return static_cast<std::uint32_t>(std::chrono::duration_cast<milliseconds>(Clock::now() - sProcessStart).count());
+}
 
 std::atomic<std::uint32_t (*)()> sSource{nullptr};
 
@@ -13,7 +21,7 @@ std::atomic<std::uint32_t (*)()> sSource{nullptr};
 
 std::uint32_t GetTicks() {
   const auto source = sSource.load(std::memory_order_relaxed);
-  return source == nullptr ? SDL_GetTicks() : source();
+  return source == nullptr ? GetProcessTicks() : source();
 }
 
 void SetTickSource(std::uint32_t (*source)()) { sSource.store(source, std::memory_order_relaxed); }
