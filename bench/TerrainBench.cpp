@@ -1,7 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include "server/terrain/AreaPainter.h"
-#include "server/terrain/WorldPlane.h"
+#include "server/terrain/Chance.h"
 
 namespace tolva {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "protocol/Steps.h"
+#include "protocol/FieldPosition.h"
 #include "server/Session.h"
 
 namespace tolva {
@@ -14,7 +14,7 @@ constexpr auto kAnswersWindow = std::chrono::milliseconds(250);
 // A map and the edges of a walk all around it; more waits at no honest client.
 constexpr std::size_t kMostWaiting = 128;
 // The player may have walked into the next area while the question was on its way, and asks for the map's edge there.
-constexpr std::uint64_t kReach = 4;
+constexpr std::int64_t kReach = 4;
 
 }  // namespace
 

@@ -4,8 +4,8 @@
 #include <deque>
 
 #include "protocol/AreaPackets.h"
+#include "protocol/WorldPoint.h"
 #include "server/FloodGuard.h"
-#include "server/realm/WorldPoint.h"
 #include "server/terrain/World.h"
 
 namespace tolva {

@@ -6,8 +6,8 @@ namespace tolva {
 namespace {
 
 // About as far as people see. Squares fill the world evenly, also where it wraps around.
-constexpr std::uint64_t kSquareEdge = 32;
-constexpr std::uint64_t kSquaresAcross = kWorldEdge / kSquareEdge;
+constexpr std::int64_t kSquareEdge = 32;
+constexpr std::int64_t kSquaresAcross = kWorldEdge / kSquareEdge;
 static_assert(kWorldEdge % kSquareEdge == 0);
 
 }  // namespace
@@ -41,15 +41,15 @@ const WorldCharacter* CharacterIndex::FindAt(WorldPoint point) const {
   return found == square->second.end() ? nullptr : *found;
 }
 
-std::vector<WorldCharacter*> CharacterIndex::FindNear(WorldPoint point, std::uint64_t distance) const {
+std::vector<WorldCharacter*> CharacterIndex::FindNear(WorldPoint point, std::int64_t distance) const {
   std::vector<WorldCharacter*> near;
   const auto back = -static_cast<std::int64_t>(distance);
   const WorldPoint corner = Moved(point, back, back);
   const WorldPoint first = SquareOf(corner);
-  const std::uint64_t columns = (corner.x % kSquareEdge + 2 * distance) / kSquareEdge;
-  const std::uint64_t rows = (corner.y % kSquareEdge + 2 * distance) / kSquareEdge;
-  for (std::uint64_t i = 0; i <= columns; ++i) {
-    for (std::uint64_t j = 0; j <= rows; ++j) {
+  const std::int64_t columns = (corner.x % kSquareEdge + 2 * distance) / kSquareEdge;
+  const std::int64_t rows = (corner.y % kSquareEdge + 2 * distance) / kSquareEdge;
+  for (std::int64_t i = 0; i <= columns; ++i) {
+    for (std::int64_t j = 0; j <= rows; ++j) {
       const auto square = mSquares.find({(first.x + i) % kSquaresAcross, (first.y + j) % kSquaresAcross});
       if (square == mSquares.end()) continue;
       std::copy_if(square->second.begin(), square->second.end(), std::back_inserter(near),

@@ -20,7 +20,7 @@ class CharacterIndex {
   const WorldCharacter* Find(CharacterId id) const;
   const WorldCharacter* FindAt(WorldPoint point) const;
   // Everybody at most so many fields away, whoever stands on the point itself included.
-  std::vector<WorldCharacter*> FindNear(WorldPoint point, std::uint64_t distance) const;
+  std::vector<WorldCharacter*> FindNear(WorldPoint point, std::int64_t distance) const;
 
  private:
   using Square = std::vector<WorldCharacter*>;

@@ -16,7 +16,7 @@ constexpr std::size_t kLinesPerSecond = 50;
 // Kept free for clearing the field that the own character steps on, which cannot wait.
 constexpr std::size_t kReserve = 3;
 // Areas from the middle of a client's map to its edge.
-constexpr std::uint64_t kMapReach = 3;
+constexpr std::int64_t kMapReach = 3;
 
 template <typename PacketType>
 PacketType At(WorldPoint point) {

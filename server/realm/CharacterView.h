@@ -13,7 +13,7 @@ namespace tolva {
 class Session;
 
 // How far people see and hear, in fields each way.
-constexpr std::uint64_t kSight = 32;
+constexpr std::int64_t kSight = 32;
 
 // The other characters as one player's client shows them, kept in step with the world by at most 40 packets a second.
 // When more happens than that, the client falls behind, those waiting longest are set right first, and what happened

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "protocol/Steps.h"
+#include "protocol/FieldPosition.h"
 #include "server/realm/CharacterView.h"
 
 namespace tolva {
@@ -46,7 +46,7 @@ bool Crowd::IsWay(WorldPoint from, Direction direction) {
   return step.x == 0 || step.y == 0 || isWalkable(Moved(from, step.x, 0)) || isWalkable(Moved(from, 0, step.y));
 }
 
-bool Crowd::IsPlayerNear(WorldPoint point, std::uint64_t distance) const {
+bool Crowd::IsPlayerNear(WorldPoint point, std::int64_t distance) const {
   const auto near = mIndex.FindNear(point, distance);
   return std::any_of(near.begin(), near.end(), [](const WorldCharacter* other) { return other->view != nullptr; });
 }

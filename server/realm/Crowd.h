@@ -27,7 +27,7 @@ class Crowd {
   bool IsWay(WorldPoint from, Direction direction);
   bool IsTaken(WorldPoint point) const { return mIndex.FindAt(point) != nullptr; }
   // Whether anybody with a player is so near.
-  bool IsPlayerNear(WorldPoint point, std::uint64_t distance) const;
+  bool IsPlayerNear(WorldPoint point, std::int64_t distance) const;
   const CharacterIndex& GetIndex() const { return mIndex; }
 
  private:

@@ -5,7 +5,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "server/realm/WorldPoint.h"
+#include "protocol/WorldPoint.h"
 
 namespace tolva {
 

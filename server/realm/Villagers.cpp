@@ -39,10 +39,10 @@ constexpr const char* kLines[] = {
     "It will be dark before long. It always is.",
 };
 
-constexpr std::uint64_t kFarFromHome = 12;
+constexpr std::int64_t kFarFromHome = 12;
 // Who sees a villager, and who stands near enough to be talked to.
-constexpr std::uint64_t kAudience = 40;
-constexpr std::uint64_t kEarshot = 10;
+constexpr std::int64_t kAudience = 40;
+constexpr std::int64_t kEarshot = 10;
 // Of the eight ways on from a field: with fewer than that it is a doorway, a bridge or a narrow lane.
 constexpr int kOpenWays = 6;
 
@@ -95,7 +95,7 @@ void Villagers::Stroll(Villager& villager, TimePoint now) {
 
 bool Villagers::TryStep(Villager& villager, Direction direction, TimePoint now) {
   WorldCharacter& character = villager.character;
-  const std::uint64_t farther = Distance(Next(character.point, direction), villager.home);
+  const std::int64_t farther = Distance(Next(character.point, direction), villager.home);
   if (farther > kFarFromHome && farther > Distance(character.point, villager.home)) return false;
   return mCrowd.Step(character, direction, now);
 }

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "server/realm/WorldPoint.h"
+#include "protocol/WorldPoint.h"
 
 namespace tolva {
 

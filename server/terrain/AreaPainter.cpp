@@ -138,7 +138,7 @@ class Painting {
 
   std::uint64_t mSeed;
   const Vegetation& mVegetation;
-  PlanePoint mFirstField;
+  WorldPoint mFirstField;
   Landscape mLandscape;
   TerrainLevels mLevels;
   std::array<Tile, static_cast<std::size_t>(kSide) * kSide> mTiles;
@@ -249,7 +249,7 @@ std::uint8_t Painting::SmoothnessAt(int x, int y) {
 std::uint32_t Painting::PictureAt(int x, int y) {
   const Tile& tile = At(x, y);
   if (tile.IsPiece()) return tile.first + static_cast<std::uint32_t>(tile.piece);
-  const std::uint64_t hash = HashOf(mSeed + 31, WrapPlane(mFirstField.x + x), WrapPlane(mFirstField.y + y));
+  const std::uint64_t hash = HashOf(mSeed + 31, WrapCoordinate(mFirstField.x + x), WrapCoordinate(mFirstField.y + y));
   const auto variant = static_cast<std::uint32_t>(hash % kGroundVariants);
   if (!tile.IsPlainGrass()) return tile.first + variant;
   const auto first = static_cast<std::uint32_t>(tile.kind);

@@ -189,7 +189,7 @@ void Landscape::AddRoad(Spot from, Spot to) {
   Spot last = from;
   for (int i = 1; i <= count; ++i) {
     const double part = static_cast<double>(i) / count;
-    const PlanePoint place = {
+    const WorldPoint place = {
         mFirstField.x + static_cast<std::int64_t>(from.x) + static_cast<std::int64_t>(line.x * part),
         mFirstField.y + static_cast<std::int64_t>(from.y) + static_cast<std::int64_t>(line.y * part)};
     const double most = std::min(kBend, length / 5) * std::min(1.0, 5 * part * (1 - part));

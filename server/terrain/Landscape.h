@@ -10,7 +10,7 @@ namespace tolva {
 
 // Region and middle of the square of the arrival village.
 constexpr std::uint32_t kHomeRegion = 1000;
-constexpr PlanePoint kHome = {std::int64_t{kHomeRegion} * kRegionFields + kRegionFields / 2,
+constexpr WorldPoint kHome = {std::int64_t{kHomeRegion} * kRegionFields + kRegionFields / 2,
                               std::int64_t{kHomeRegion} * kRegionFields + kRegionFields / 2};
 // Places of the arrival island, from the village's square.
 constexpr PlanOffset kGlade = {-42, -24};
@@ -86,7 +86,7 @@ class Landscape {
 
   std::uint64_t mSeed;
   AreaPosition mArea;
-  PlanePoint mFirstField;
+  WorldPoint mFirstField;
   LatticeNoise mBend;
   std::vector<Island> mIslands;
   std::vector<Inlet> mInlets;

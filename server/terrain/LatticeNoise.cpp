@@ -14,7 +14,7 @@ double SlopeAt(std::uint64_t hash, double dx, double dy) {
 // Without a kink at 0 and 1, so that no grid shows.
 double Ease(double t) { return t * t * t * (t * (t * 6 - 15) + 10); }
 
-double LayerAt(std::uint64_t seed, int cell, PlanePoint point) {
+double LayerAt(std::uint64_t seed, int cell, WorldPoint point) {
   const std::int64_t left = point.x / cell;
   const std::int64_t low = point.y / cell;
   const std::int64_t right = (left + 1) * cell == kWorldEdge ? 0 : left + 1;
@@ -36,8 +36,8 @@ double LayerAt(std::uint64_t seed, int cell, PlanePoint point) {
 LatticeNoise::LatticeNoise(std::uint64_t seed, int cell, int octaves)
     : mSeed(MixBits(seed)), mCell(cell), mOctaves(octaves) {}
 
-double LatticeNoise::At(PlanePoint point) const {
-  const PlanePoint wrapped = {WrapPlane(point.x), WrapPlane(point.y)};
+double LatticeNoise::At(WorldPoint point) const {
+  const WorldPoint wrapped = {WrapCoordinate(point.x), WrapCoordinate(point.y)};
   double sum = 0;
   double height = 1.7;  // brings the common values near -1 to 1
   for (int octave = 0; octave < mOctaves; ++octave) {

@@ -2,7 +2,8 @@
 
 #include <cstdint>
 
-#include "server/terrain/WorldPlane.h"
+#include "protocol/WorldPoint.h"
+#include "server/terrain/Chance.h"
 
 namespace tolva {
 
@@ -15,7 +16,7 @@ class LatticeNoise {
   LatticeNoise(std::uint64_t seed, int cell, int octaves);
 
   // About -1 to 1, around 0.
-  double At(PlanePoint point) const;
+  double At(WorldPoint point) const;
 
  private:
   std::uint64_t mSeed;

@@ -35,7 +35,7 @@ int GetPlannedLevel(const Landscape& landscape, int x, int y) {
   return level;
 }
 
-double GetInlandOf(const Landscape& landscape, const TerrainNoises& noises, Spot spot, PlanePoint place) {
+double GetInlandOf(const Landscape& landscape, const TerrainNoises& noises, Spot spot, WorldPoint place) {
   double inland = -60;
   for (const Landscape::Island& island : landscape.GetIslands()) {
     inland = std::max(inland, island.radius - Distance(spot, island.middle));
@@ -80,7 +80,7 @@ TerrainNoises::TerrainNoises(std::uint64_t seed)
       ponds(seed + 14, 48, 2),
       ridges(seed + 15, 24, 2) {}
 
-TerrainLevels::TerrainLevels(const TerrainNoises& noises, const Landscape& landscape, PlanePoint firstField) {
+TerrainLevels::TerrainLevels(const TerrainNoises& noises, const Landscape& landscape, WorldPoint firstField) {
   for (int x = -kBorder; x < kSide - kBorder; ++x) {
     for (int y = -kBorder; y < kSide - kBorder; ++y) {
       mCorners[IndexOf(x, y)] = MakeCorner(noises, landscape, firstField, x, y);
@@ -90,9 +90,9 @@ TerrainLevels::TerrainLevels(const TerrainNoises& noises, const Landscape& lands
 }
 
 TerrainLevels::Corner TerrainLevels::MakeCorner(const TerrainNoises& noises, const Landscape& landscape,
-                                                PlanePoint firstField, int x, int y) const {
+                                                WorldPoint firstField, int x, int y) const {
   const Spot spot = {static_cast<double>(x), static_cast<double>(y)};
-  const PlanePoint place = {firstField.x + x, firstField.y + y};
+  const WorldPoint place = {firstField.x + x, firstField.y + y};
   Corner corner = {kGrass, 99, GetInlandOf(landscape, noises, spot, place)};
   for (const Landscape::RoadPiece& piece : landscape.GetRoads()) {
     corner.road = std::min(corner.road, DistanceToLine(spot, piece.from, piece.to));

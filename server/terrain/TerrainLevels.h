@@ -29,7 +29,7 @@ class TerrainLevels {
   // Fields around the area that are known too: who asks what lies beside the neighbour of a neighbour needs them.
   static constexpr int kMargin = 3;
 
-  TerrainLevels(const TerrainNoises& noises, const Landscape& landscape, PlanePoint firstField);
+  TerrainLevels(const TerrainNoises& noises, const Landscape& landscape, WorldPoint firstField);
 
   // The western corner of field (x, y), counted from the area's first: -kMargin to kAreaEdge + kMargin.
   Level GetLevel(int x, int y) const { return static_cast<Level>(mCorners[IndexOf(x, y)].level); }
@@ -52,7 +52,7 @@ class TerrainLevels {
   static constexpr std::size_t IndexOf(int x, int y) {
     return static_cast<std::size_t>(x + kBorder) * kSide + static_cast<std::size_t>(y + kBorder);
   }
-  Corner MakeCorner(const TerrainNoises& noises, const Landscape& landscape, PlanePoint firstField, int x, int y) const;
+  Corner MakeCorner(const TerrainNoises& noises, const Landscape& landscape, WorldPoint firstField, int x, int y) const;
   void RaiseSlopes();
 
   std::array<Corner, static_cast<std::size_t>(kSide) * kSide> mCorners;

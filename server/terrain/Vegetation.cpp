@@ -63,8 +63,8 @@ Vegetation::Vegetation(std::uint64_t seed)
       mMeadows(seed + 24, 24, 2),
       mThickets(seed + 25, 12, 2) {}
 
-double Vegetation::ChanceAt(PlanePoint place, std::uint64_t salt) const {
-  return ChanceOf(HashOf(mSeed + salt, WrapPlane(place.x), WrapPlane(place.y)));
+double Vegetation::ChanceAt(WorldPoint place, std::uint64_t salt) const {
+  return ChanceOf(HashOf(mSeed + salt, WrapCoordinate(place.x), WrapCoordinate(place.y)));
 }
 
 double Vegetation::GetWood(const Habitat& habitat, const Landscape& landscape) const {
@@ -83,7 +83,7 @@ Ground Vegetation::GetGround(const Habitat& habitat, const Landscape& landscape)
 }
 
 // Whether the field wins over its neighbours in a draw: winners never touch each other.
-bool Vegetation::IsFirstOf(PlanePoint place, bool withDiagonals) const {
+bool Vegetation::IsFirstOf(WorldPoint place, bool withDiagonals) const {
   const double own = ChanceAt(place, 1);
   for (int dx = -1; dx <= 1; ++dx) {
     for (int dy = -1; dy <= 1; ++dy) {
@@ -95,7 +95,7 @@ bool Vegetation::IsFirstOf(PlanePoint place, bool withDiagonals) const {
 }
 
 // Whether the draw has left room for one more: none of the four neighbours has won, nor the field itself.
-bool Vegetation::IsGap(PlanePoint place) const {
+bool Vegetation::IsGap(WorldPoint place) const {
   constexpr PlanOffset kCross[] = {{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}};
   return std::none_of(std::begin(kCross), std::end(kCross), [&](const PlanOffset& step) {
     return IsFirstOf({place.x + step.x, place.y + step.y}, false);
@@ -103,7 +103,7 @@ bool Vegetation::IsGap(PlanePoint place) const {
 }
 
 Thing Vegetation::GetThing(const Habitat& habitat, Ground ground, const Landscape& landscape) const {
-  const PlanePoint place = habitat.place;
+  const WorldPoint place = habitat.place;
   switch (habitat.level) {
     case Level::Deep:
       return ChanceAt(place, 2) < 0.0004 ? Thing::SailingBoat : Thing::None;
@@ -141,7 +141,7 @@ Thing Vegetation::GetThing(const Habitat& habitat, Ground ground, const Landscap
 }
 
 Thing Vegetation::GetThingOnRim(const Habitat& habitat, Level upper) const {
-  const PlanePoint place = habitat.place;
+  const WorldPoint place = habitat.place;
   const double chance = ChanceAt(place, 3);
   if (upper == Level::Sand) return chance < 0.04 ? Thing::Pebbles : Thing::None;
   if (upper == Level::Grass) {
@@ -160,7 +160,7 @@ Thing Vegetation::PickTree(const Habitat& habitat, const Landscape& landscape, S
   return Draw(row->mixtures[static_cast<std::size_t>(stand)], ChanceAt(habitat.place, 6));
 }
 
-Thing Vegetation::PickUnderTrees(PlanePoint place) const {
+Thing Vegetation::PickUnderTrees(WorldPoint place) const {
   const double chance = ChanceAt(place, 3);
   const double thicket = mThickets.At(place);
   if (thicket > 0.25) {
@@ -174,7 +174,7 @@ Thing Vegetation::PickUnderTrees(PlanePoint place) const {
   return chance > 0.96 ? Thing::Bush : Thing::None;
 }
 
-Thing Vegetation::PickOnGrass(PlanePoint place) const {
+Thing Vegetation::PickOnGrass(WorldPoint place) const {
   const double chance = ChanceAt(place, 3);
   const double thicket = mThickets.At(place);
   if (IsFirstOf(place, true)) {
@@ -186,7 +186,7 @@ Thing Vegetation::PickOnGrass(PlanePoint place) const {
 }
 
 // Fields of boulders, and pines between them.
-Thing Vegetation::PickOnRock(PlanePoint place) const {
+Thing Vegetation::PickOnRock(WorldPoint place) const {
   const double chance = ChanceAt(place, 3);
   const double thicket = mThickets.At(place);
   if (thicket > -0.05 && IsFirstOf(place, thicket < 0.25)) return chance < 0.45 ? Thing::Boulder : Thing::Rocks;
@@ -199,13 +199,13 @@ Thing Vegetation::PickOnRock(PlanePoint place) const {
   return chance > 0.96 ? Thing::Tuft : Thing::None;
 }
 
-Thing Vegetation::PickOnSnow(PlanePoint place) const {
+Thing Vegetation::PickOnSnow(WorldPoint place) const {
   if (!IsFirstOf(place, true) || ChanceAt(place, 3) > 0.3) return Thing::None;
   constexpr Share kSnowThings[] = {{Boulder, 50}, {YoungPine, 25}, {PineGroup, 25}};
   return Draw(kSnowThings, ChanceAt(place, 4));
 }
 
-Thing Vegetation::PickOnSand(PlanePoint place, double inland) const {
+Thing Vegetation::PickOnSand(WorldPoint place, double inland) const {
   const double chance = ChanceAt(place, 3);
   const double thicket = mThickets.At(place);
   if (IsFirstOf(place, true) && inland > 1 && inland < kPalmsEnd && thicket > -0.1 && chance < 0.7) return Thing::Palm;
@@ -213,7 +213,7 @@ Thing Vegetation::PickOnSand(PlanePoint place, double inland) const {
   return thicket < -0.3 && chance < 0.12 ? Thing::Pebbles : Thing::None;
 }
 
-Thing Vegetation::PickInWater(PlanePoint place, double inland) const {
+Thing Vegetation::PickInWater(WorldPoint place, double inland) const {
   const double chance = ChanceAt(place, 3);
   const double thicket = mThickets.At(place);
   const bool isPond = inland > 8;

@@ -17,7 +17,7 @@ class Vegetation {
 
   // A field that is no transition.
   struct Habitat {
-    PlanePoint place;
+    WorldPoint place;
     Spot spot;
     Level level;
     double inland;
@@ -35,16 +35,16 @@ class Vegetation {
   enum class Stand { Inside, Rim, Alone };
 
   double GetWood(const Habitat& habitat, const Landscape& landscape) const;
-  bool IsFirstOf(PlanePoint place, bool withDiagonals) const;
-  bool IsGap(PlanePoint place) const;
+  bool IsFirstOf(WorldPoint place, bool withDiagonals) const;
+  bool IsGap(WorldPoint place) const;
   Thing PickTree(const Habitat& habitat, const Landscape& landscape, Stand stand) const;
-  Thing PickUnderTrees(PlanePoint place) const;
-  Thing PickOnGrass(PlanePoint place) const;
-  Thing PickOnRock(PlanePoint place) const;
-  Thing PickOnSnow(PlanePoint place) const;
-  Thing PickOnSand(PlanePoint place, double inland) const;
-  Thing PickInWater(PlanePoint place, double inland) const;
-  double ChanceAt(PlanePoint place, std::uint64_t salt) const;
+  Thing PickUnderTrees(WorldPoint place) const;
+  Thing PickOnGrass(WorldPoint place) const;
+  Thing PickOnRock(WorldPoint place) const;
+  Thing PickOnSnow(WorldPoint place) const;
+  Thing PickOnSand(WorldPoint place, double inland) const;
+  Thing PickInWater(WorldPoint place, double inland) const;
+  double ChanceAt(WorldPoint place, std::uint64_t salt) const;
 
   std::uint64_t mSeed;
   LatticeNoise mWoods;

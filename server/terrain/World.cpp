@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "protocol/Steps.h"
+#include "protocol/FieldPosition.h"
 #include "server/terrain/AreaPainter.h"
 
 namespace tolva {
@@ -52,12 +52,12 @@ World::World(std::uint64_t seed) : mImpl(std::make_unique<Impl>(seed)) {
   for (std::size_t next = 0; next < found.size() && found.size() < kArrivals; ++next) {
     for (const PlanOffset& edge : kEdges) {
       const PlanOffset beside = {found[next].x + edge.x, found[next].y + edge.y};
-      const FieldPosition field = FieldAt({kHome.x + beside.x, kHome.y + beside.y});
+      const FieldPosition field = ToPosition(Moved(kHome, beside.x, beside.y));
       if (seen.emplace(beside.x, beside.y).second && IsWalkable(field)) found.push_back(beside);
     }
   }
   for (const PlanOffset& offset : found) {
-    mImpl->arrivals.push_back(FieldAt({kHome.x + offset.x, kHome.y + offset.y}));
+    mImpl->arrivals.push_back(ToPosition(Moved(kHome, offset.x, offset.y)));
   }
 }
 

@@ -5,7 +5,6 @@
 
 #include "foundation/Info.h"
 #include "protocol/FieldPosition.h"
-#include "protocol/Steps.h"
 #include "sdl/SurfacePtr.h"
 
 namespace tolva {

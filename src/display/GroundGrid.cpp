@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "foundation/Guard.h"
-#include "protocol/Steps.h"
+#include "protocol/FieldPosition.h"
 #include "world/Repository.h"
 
 namespace tolva {

@@ -12,7 +12,7 @@
 #include "foundation/FlagScope.h"
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
-#include "protocol/Steps.h"
+#include "protocol/FieldPosition.h"
 #include "sdl/SdlCalls.h"
 
 namespace tolva {

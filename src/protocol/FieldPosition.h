@@ -3,7 +3,9 @@
 #include <cstdint>
 #include <tuple>
 
+#include "protocol/Direction.h"
 #include "protocol/PacketField.h"
+#include "protocol/WorldEdges.h"
 
 namespace tolva {
 
@@ -40,5 +42,30 @@ struct FieldPosition : AreaPosition {
                       PacketField{"mByLevel", &FieldPosition::mByLevel}};
   }
 };
+
+// Whether both have the same region and area numbers; levels do not count.
+constexpr bool IsSameArea(const AreaPosition& one, const AreaPosition& other) {
+  return one.mUintRx == other.mUintRx && one.mUintRy == other.mUintRy && one.mByAx == other.mByAx &&
+         one.mByAy == other.mByAy;
+}
+
+// Whether the numbers name an area, and the field in it; the wire can bring any.
+constexpr bool IsInRange(const FieldPosition& position) {
+  return position.mByAx < kRegionEdge && position.mByAy < kRegionEdge && position.mByFx < kAreaEdge &&
+         position.mByFy < kAreaEdge;
+}
+
+// The area one step away, across the borders of regions; region numbers wrap around.
+constexpr AreaPosition NextArea(AreaPosition position, Step step) {
+  const auto move = [](std::uint32_t& region, std::uint8_t& area, int by) {
+    const int moved = area + by;
+    const bool crosses = moved < 0 || moved == kRegionEdge;
+    if (crosses) region += static_cast<std::uint32_t>(by);
+    area = static_cast<std::uint8_t>(crosses ? kRegionEdge - 1 - area : moved);
+  };
+  move(position.mUintRx, position.mByAx, step.x);
+  move(position.mUintRy, position.mByAy, step.y);
+  return position;
+}
 
 }  // namespace tolva

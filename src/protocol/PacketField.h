@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "protocol/WorldEdges.h"
+
 namespace tolva {
 
 // One entry of a packet class's field list: its name in text forms and the member. What a field looks like on the wire
@@ -23,9 +25,6 @@ struct PacketField {
 
 template <typename Owner, typename Member>
 PacketField(const char*, Member Owner::*) -> PacketField<Owner, Member>;
-
-constexpr std::size_t kAreaEdge = 24;
-constexpr std::size_t kAreaFields = kAreaEdge * kAreaEdge;
 
 // One value for each field of an area; the value of field (Fx, Fy) stands at Fx * kAreaEdge + Fy.
 template <typename T>

@@ -9,7 +9,7 @@
 #include "foundation/Guard.h"
 #include "foundation/RegularFile.h"
 #include "foundation/ReplacingFile.h"
-#include "protocol/Steps.h"
+#include "protocol/FieldPosition.h"
 #include "world/AreaFile.h"
 
 namespace tolva {

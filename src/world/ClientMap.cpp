@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "foundation/Guard.h"
+#include "protocol/WorldPoint.h"
 #include "world/Field.h"
 
 namespace tolva {
@@ -26,15 +27,6 @@ constexpr Block kBlocks[] = {{"SetNeighborsAtNorth", 0, 0, kLast, kLast},
                              {"SetNeighborsAtCenter", 1, kLast - 1, 1, kLast - 1}};
 
 bool IsInside(int r, int c) { return r >= 0 && r < kMapEdge && c >= 0 && c < kMapEdge; }
-
-// How many area steps it is from one place to the other in the direction of growth: areas are counted through all
-// regions, and beyond the last region is the first.
-std::uint64_t AreasBetween(std::uint32_t fromRegion, std::uint8_t fromArea, std::uint32_t region, std::uint8_t area) {
-  constexpr std::uint64_t kAreasAround = std::uint64_t{kRegionEdge} << 32;
-  const std::uint64_t from = std::uint64_t{fromRegion} * kRegionEdge + fromArea;
-  const std::uint64_t to = std::uint64_t{region} * kRegionEdge + area;
-  return (to - from) % kAreasAround;
-}
 
 template <typename Square, typename Body>
 void ForEachPlace(Square& areas, Body&& body) {
@@ -92,9 +84,7 @@ Step ClientMap::GetStepsFromCenter(const Area& area) const {
 // continue each other, as before the first placement.
 Area* ClientMap::GetArea(const AreaPosition& position) const {
   return Guard("ClientMap", "GetArea", [&]() -> Area* {
-    const AreaPosition& first = mAreas[0][0]->GetPosition();
-    const std::uint64_t r = AreasBetween(first.mUintRx, first.mByAx, position.mUintRx, position.mByAx);
-    const std::uint64_t c = AreasBetween(first.mUintRy, first.mByAy, position.mUintRy, position.mByAy);
+    const auto [r, c] = CountAreasAhead(mAreas[0][0]->GetPosition(), position);
     if (r < kMapEdge && c < kMapEdge && IsSameArea(mAreas[r][c]->GetPosition(), position)) return mAreas[r][c].get();
     for (const auto& row : mAreas) {
       for (const auto& area : row) {

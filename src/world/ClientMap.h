@@ -8,14 +8,10 @@
 
 #include "protocol/Direction.h"
 #include "protocol/FieldPosition.h"
-#include "protocol/Steps.h"
 #include "world/Area.h"
 #include "world/Character.h"
 
 namespace tolva {
-
-constexpr std::uint8_t kMapEdge = 7;  // areas
-constexpr std::uint8_t kMapCenter = kMapEdge / 2;
 
 // The 7 by 7 areas around the player. Area [r][c] lies r - 3 steps in x and c - 3 steps in y from the centre [3][3].
 // Always holds all 49, linked with each other. Takes no lock: who uses it holds the repository's.

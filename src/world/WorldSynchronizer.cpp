@@ -5,14 +5,9 @@
 
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
-#include "protocol/Steps.h"
+#include "protocol/FieldPosition.h"
 
 namespace tolva {
-namespace {
-
-constexpr std::uint16_t kMapAreas = kMapEdge * kMapEdge;
-
-}  // namespace
 
 WorldSynchronizer::WorldSynchronizer(Repository& repository, std::string cacheDirectory, Outlets outlets,
                                      InfoHandler& infoHandler)

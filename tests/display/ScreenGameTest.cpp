@@ -5,7 +5,7 @@
 #include "display/DisplayFixture.h"
 #include "display/ScreenGame.h"
 #include "foundation/Ticks.h"
-#include "protocol/Steps.h"
+#include "protocol/FieldPosition.h"
 #include "support/Golden.h"
 #include "world/SyncWorld.h"
 

@@ -4,7 +4,7 @@
 #include <set>
 
 #include "CoreFixture.h"
-#include "protocol/Steps.h"
+#include "protocol/FieldPosition.h"
 
 namespace tolva::test {
 namespace {

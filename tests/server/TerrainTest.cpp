@@ -66,8 +66,8 @@ struct Traveller : test::SyncWorld {
 
 TEST(TerrainTest, WhoArrivesCanWalkEverywhere) {
   for (const std::uint64_t seed : {1, 2, 3, 4}) {
-    Traveller guest(seed, FieldAt(kHome));
-    const auto at = [&](PlanOffset by) { return guest.map.GetField(FieldAt({kHome.x + by.x, kHome.y + by.y})); };
+    Traveller guest(seed, ToPosition(kHome));
+    const auto at = [&](PlanOffset by) { return guest.map.GetField(ToPosition(Moved(kHome, by.x, by.y))); };
     std::vector<const Field*> open = {at({0, -1})};
     std::set<const Field*> reached(open.begin(), open.end());
     for (std::size_t i = 0; i < open.size(); ++i) {
@@ -86,7 +86,7 @@ TEST(TerrainTest, WhoArrivesCanWalkEverywhere) {
 }
 
 TEST(TerrainTest, MapsAreTheSameHoweverOneCame) {
-  Traveller walker(1, FieldAt({0, kHome.y}));
+  Traveller walker(1, ToPosition({0, kHome.y}));
   for (int step = 0; step < 10000; ++step) {
     const auto way = static_cast<Direction>(HashOf(1, step / 20, 0) % kDirectionCount);
     walker.sync.MoveChar(test::At<PacketMove>(PositionOf(*walker.player.GetField()), way));

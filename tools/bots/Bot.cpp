@@ -8,8 +8,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "protocol/FieldPosition.h"
 #include "protocol/PacketList.h"
-#include "protocol/Steps.h"
 
 namespace tolva {
 namespace {
@@ -21,9 +21,9 @@ constexpr auto kPingEvery = milliseconds(2500);
 // 19 slides of 20 ms.
 constexpr auto kSlide = milliseconds(380);
 constexpr auto kGiveUpAfter = milliseconds(500);
-constexpr int kMapEdge = 7;
-constexpr int kMapReach = kMapEdge / 2;
-constexpr std::int64_t kFieldsOfArea{kAreaEdge};
+
+constexpr int kMapReach = kMapCenter;
+
 constexpr const char* kLines[] = {"Nice weather here.", "Has anybody seen the pier?", "I am only walking by.",
                                   "Good day!"};
 
@@ -109,9 +109,9 @@ void Bot::TakePosition(WorldPoint point) {
   mIsInWorld = true;
   mOwn = point;
   mOthers.clear();
-  mAreasAwaited = kMapEdge * kMapEdge;
+  mAreasAwaited = kMapAreas;
   for (int i = -kMapReach; i <= kMapReach; ++i)
-    for (int j = -kMapReach; j <= kMapReach; ++j) AskForArea(Moved(point, i * kFieldsOfArea, j * kFieldsOfArea));
+    for (int j = -kMapReach; j <= kMapReach; ++j) AskForArea(Moved(point, i * kAreaEdge, j * kAreaEdge));
 }
 
 void Bot::TakeMove(WorldPoint from, Direction direction, TimePoint now) {
@@ -140,7 +140,7 @@ void Bot::AskForArea(WorldPoint inArea) {
 void Bot::AskForNewEdge(WorldPoint before) {
   for (int i = -kMapReach; i <= kMapReach; ++i) {
     for (int j = -kMapReach; j <= kMapReach; ++j) {
-      const WorldPoint inArea = Moved(mOwn, i * kFieldsOfArea, j * kFieldsOfArea);
+      const WorldPoint inArea = Moved(mOwn, i * kAreaEdge, j * kAreaEdge);
       if (DistanceInAreas(before, inArea) > kMapReach) AskForArea(inArea);
     }
   }

@@ -4,7 +4,7 @@
 #include <optional>
 #include <unordered_map>
 
-#include "server/realm/WorldPoint.h"
+#include "protocol/WorldPoint.h"
 #include "tools/bots/Latencies.h"
 
 namespace tolva {
