@@ -7,9 +7,6 @@ namespace tolva {
 
 constexpr std::size_t kLongestName = 16;
 
-// What the server calls itself in chat lines; the client shows such a line in a look of its own.
-constexpr const char* kServerSender = "*** ";
-
 // Why nobody may bear this name, as a sentence that tells the player what to do; empty when somebody may.
 std::string RefuseName(std::string_view name);
 

@@ -4,18 +4,10 @@
 #include "server/NamePolicy.h"
 
 namespace tolva {
-namespace {
-
-std::string GetVersionText(const VersionNumbers& version) {
-  return std::to_string(version.mUintVersionMajor) + '.' + std::to_string(version.mUintVersionMinor) + '.' +
-         std::to_string(version.mUintVersionBugfix);
-}
-
-}  // namespace
 
 std::string Reception::Refuse(const PacketLoginRequest& request) const {
-  const std::string own = GetVersionText({kVersionMajor, kVersionMinor, kVersionBugfix});
-  const std::string theirs = GetVersionText(request);
+  const std::string own = ToText(kVersion);
+  const std::string theirs = ToText(request);
   if (theirs != own) return "Your client is version " + theirs + ". Please install version " + own + ".";
   if (std::string refusal = RefuseName(request.mStrLogin); !refusal.empty()) return refusal;
   if (mNamesByFolded.contains(FoldCase(request.mStrLogin)))

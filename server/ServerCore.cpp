@@ -26,7 +26,7 @@ bool Is(const Packet& packet) {
 
 PacketServerInfo MakeServerInfo() {
   PacketServerInfo info;
-  static_cast<VersionNumbers&>(info) = {kVersionMajor, kVersionMinor, kVersionBugfix};
+  static_cast<VersionNumbers&>(info) = kVersion;
   return info;
 }
 

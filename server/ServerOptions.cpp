@@ -20,8 +20,7 @@ int Parse(CLI::App& app, int argc, char** argv, bool& goOn) {
 std::optional<int> ServerOptions::Read(int argc, char** argv) {
   CLI::App app("The server of Tolva: lets clients of the same version log in, chat and walk in the world.",
                "tolva-server");
-  app.set_version_flag("--version", "tolva-server " + std::to_string(kVersionMajor) + '.' +
-                                        std::to_string(kVersionMinor) + '.' + std::to_string(kVersionBugfix));
+  app.set_version_flag("--version", "tolva-server " + ToText(kVersion));
   app.add_option("--port", port, "TCP port to listen on; 0 picks a free one")->capture_default_str();
   app.add_option("--bind", bind, "IPv4 address to listen on; 0.0.0.0 lets other machines in")
       ->check(CLI::ValidIPV4)

@@ -38,7 +38,7 @@ std::string Session::GetLabel() const {
   return IsLoggedIn() ? number + ' ' + Quote(mName) : number;
 }
 
-void Session::Tell(const std::string& line) { Send(PacketChatMsg(kServerSender, line.c_str())); }
+void Session::Tell(const std::string& line) { Send(PacketChatMsg(kServerSpeaker, line.c_str())); }
 
 void Session::CloseWith(const std::string& farewell) {
   if (IsLoggedIn()) {

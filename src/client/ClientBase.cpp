@@ -192,11 +192,7 @@ void ClientBase::Dispatch(std::span<const Route> routes, std::unique_ptr<Packet>
   }
 }
 
-void ClientBase::StampVersion(PacketLoginRequest& request) {
-  request.mUintVersionMajor = kVersionMajor;
-  request.mUintVersionMinor = kVersionMinor;
-  request.mUintVersionBugfix = kVersionBugfix;
-}
+void ClientBase::StampVersion(PacketLoginRequest& request) { static_cast<VersionNumbers&>(request) = kVersion; }
 
 void ClientBase::AskForServerVersion(const PacketServerInfo& question) {
   const std::shared_ptr<const Packet> kept(question.Clone());

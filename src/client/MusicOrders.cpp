@@ -3,12 +3,6 @@
 #include <utility>
 
 namespace tolva {
-namespace {
-
-constexpr std::uint16_t kLobbyMusic = 1;
-
-}  // namespace
-
 void MusicOrders::Order(const PacketMusicPlay& play) {
   mIsMusicWanted = true;
   mNewest.reset(play.Clone());

@@ -94,7 +94,7 @@ bool Display::Initialize() {
       return false;
     }
     GetVideoInfo();
-    SDL_WM_SetCaption(FormattedText("Tolva - Version %d.%d.%d", kVersionMajor, kVersionMinor, kVersionBugfix), nullptr);
+    SDL_WM_SetCaption(("Tolva - Version " + ToText(kVersion)).c_str(), nullptr);
     // The icon counts only before the video mode is set, when there is no format yet to convert it to.
     if (const SurfacePtr icon{mArchive->DecodeImage(kPictureWindowIcon)}) SDL_WM_SetIcon(icon.get(), nullptr);
     if (!CreateMainSurface()) return false;

@@ -15,8 +15,6 @@
 namespace tolva {
 namespace {
 
-constexpr std::uint16_t kLobbyMusic = 1;
-
 struct Resolution {
   std::uint32_t toggle;
   std::int32_t width;
@@ -51,7 +49,7 @@ void ScreenChat::InitializeComponents() {
     chatBox.SetMaxMessages(50);
     chatBox.SetMaxLines(100);
     chatBox.SetNameColor(kCream.r, kCream.g, kCream.b);
-    SetText(kClientVersionLabel, FormattedText("%d.%d.%d", kVersionMajor, kVersionMinor, kVersionBugfix));
+    SetText(kClientVersionLabel, ToText(kVersion).c_str());
 
     ScreenChat::Resize();
     SetOverrideBaseSurface(true);
@@ -196,7 +194,7 @@ struct ScreenChat::PacketHandler {
     screen.SetText(kPingValueLabel, FormattedText("%u", pong.mUintTick));
   }
   void operator()(const PacketChatMsg& message) const {
-    const bool fromServer = std::strcmp(message.mStrUser, "*** ") == 0;
+    const bool fromServer = message.IsFromServer();
     screen.mComponents.Get<ControlChatBox>(kChatBox).AddEntry(fromServer ? "Server" : message.mStrUser,
                                                               message.mStrMsg);
   }

@@ -343,7 +343,7 @@ struct ScreenGame::PacketHandler {
   void operator()(const PacketInternPong& packet) const { screen.mBottomStrip->ShowRoundTrip(packet.mUintTick); }
   void operator()(const PacketInternStatus& packet) const { screen.HandlePacketInternStatus(packet); }
   void operator()(const PacketChatMsg& packet) const {
-    const bool fromServer = std::strcmp(packet.mStrUser, "*** ") == 0;
+    const bool fromServer = packet.IsFromServer();
     screen.mHistory->Add(fromServer ? "Server" : packet.mStrUser, packet.mStrMsg);
   }
   void operator()(const PacketGameChatMsg& packet) const { screen.mHistory->Add(packet.mStrUser, packet.mStrMsg); }

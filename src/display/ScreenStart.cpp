@@ -45,9 +45,7 @@ void ScreenStart::InitializeComponents() {
   Guard("ScreenStart", "InitializeComponents", [&] {
     BuildAroundPicture(kTable, kTitle);
 
-    char line[64];
-    std::snprintf(line, sizeof line, "Press any key - Version %d.%d.%d", kVersionMajor, kVersionMinor, kVersionBugfix);
-    mComponents.Get<ControlLabel>(kVersionLabel).SetText(line);
+    mComponents.Get<ControlLabel>(kVersionLabel).SetText(("Press any key - Version " + ToText(kVersion)).c_str());
   });
 }
 

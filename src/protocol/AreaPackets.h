@@ -5,8 +5,11 @@
 
 namespace tolva {
 
-// The ground of one area. A new packet's grids hold anything: whoever fills it fills them whole.
+// The ground of one area. The grids of a new packet are uninitialized: fill them whole.
 struct PacketAreaGround final : PacketOf<PacketAreaGround, 700, "PacketAreaGround">, AreaHeader {
+  PacketAreaGround() = default;
+  explicit PacketAreaGround(const AreaHeader& area) : AreaHeader(area) {}
+
   AreaGrid<std::uint32_t> mUintGround;
   AreaGrid<std::uint8_t> mBySmoothness;
 
@@ -17,8 +20,11 @@ struct PacketAreaGround final : PacketOf<PacketAreaGround, 700, "PacketAreaGroun
   }
 };
 
-// What stands on the fields of one area. A new packet's grid holds anything: whoever fills it fills it whole.
+// What stands on the fields of one area. The grid of a new packet is uninitialized: fill it whole.
 struct PacketAreaVolu final : PacketOf<PacketAreaVolu, 701, "PacketAreaVolu">, AreaHeader {
+  PacketAreaVolu() = default;
+  explicit PacketAreaVolu(const AreaHeader& area) : AreaHeader(area) {}
+
   AreaGrid<std::uint32_t> mUintVolu;
 
   static constexpr auto Fields() {
@@ -26,12 +32,10 @@ struct PacketAreaVolu final : PacketOf<PacketAreaVolu, 701, "PacketAreaVolu">, A
   }
 };
 
-// To the server: the version that the client's cache holds. From the server: that version is current.
+// To the server: the version that the client's cache holds, 0 for none. From the server: that version is current.
 struct PacketAreaVersion final : PacketOf<PacketAreaVersion, 702, "PacketAreaVersion">, AreaHeader {
   PacketAreaVersion() = default;
-  PacketAreaVersion(std::uint32_t rx, std::uint32_t ry, std::uint8_t ax, std::uint8_t ay, std::int8_t level,
-                    std::uint8_t version)
-      : AreaHeader{{rx, ry, ax, ay, level}, version} {}
+  explicit PacketAreaVersion(const AreaHeader& area) : AreaHeader(area) {}
 
   using AreaHeader::Fields;
 };

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <cstring>
+
 #include "foundation/Text.h"
 #include "protocol/LoginPackets.h"
 #include "protocol/Packet.h"
 
 namespace tolva {
 
-constexpr std::size_t kChatTextCapacity = 1024;
+// The speaker of lines that come from the server itself.
+constexpr char kServerSpeaker[] = "*** ";
 
 // A chat line; the server fills in the sender's name.
 struct PacketChatMsg final : PacketOf<PacketChatMsg, 400, "PacketChatMsg"> {
@@ -15,6 +18,9 @@ struct PacketChatMsg final : PacketOf<PacketChatMsg, 400, "PacketChatMsg"> {
     CopyText(mStrUser, user);
     CopyText(mStrMsg, message);
   }
+
+  // Whether the server itself speaks, not a user.
+  bool IsFromServer() const { return std::strcmp(mStrUser, kServerSpeaker) == 0; }
 
   char mStrUser[kUserNameCapacity] = "";
   char mStrMsg[kChatTextCapacity] = "";
@@ -31,6 +37,11 @@ struct PacketChatUsers final : PacketOf<PacketChatUsers, 401, "PacketChatUsers">
   std::uint16_t mUintCount = 0;
   NameList mStrUsers = {};
 
+  // Appends a name, cut to its capacity; a full list takes no more.
+  void Add(const char* name) {
+    if (mUintCount < kUserListCapacity) CopyText(mStrUsers[mUintCount++], name);
+  }
+
   static constexpr auto Fields() {
     return std::tuple{PacketField{"mUintCount", &PacketChatUsers::mUintCount},
                       PacketField{"mStrUsers", &PacketChatUsers::mStrUsers}};
@@ -40,14 +51,18 @@ struct PacketChatUsers final : PacketOf<PacketChatUsers, 401, "PacketChatUsers">
 struct PacketEnterChatRequest final : PacketOf<PacketEnterChatRequest, 402, "PacketEnterChatRequest"> {};
 struct PacketEnterChatAccept final : PacketOf<PacketEnterChatAccept, 403, "PacketEnterChatAccept"> {};
 
-struct PacketEnterChatDeny final : PacketOf<PacketEnterChatDeny, 404, "PacketEnterChatDeny"> {
-  char mStrReason[kReasonCapacity] = "";
+struct PacketEnterChatDeny final : PacketOf<PacketEnterChatDeny, 404, "PacketEnterChatDeny">, DenialReason {
+  PacketEnterChatDeny() = default;
+  explicit PacketEnterChatDeny(const char* reason) : DenialReason(reason) {}
 
-  static constexpr auto Fields() { return std::tuple{PacketField{"mStrReason", &PacketEnterChatDeny::mStrReason}}; }
+  using DenialReason::Fields;
 };
 
 // How many users are out in the game world.
 struct PacketUserInGame final : PacketOf<PacketUserInGame, 406, "PacketUserInGame"> {
+  PacketUserInGame() = default;
+  explicit PacketUserInGame(std::uint32_t count) : mUintCount(count) {}
+
   std::uint32_t mUintCount = 0;
 
   static constexpr auto Fields() { return std::tuple{PacketField{"mUintCount", &PacketUserInGame::mUintCount}}; }

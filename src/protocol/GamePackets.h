@@ -10,14 +10,21 @@ namespace tolva {
 struct PacketEnterGameRequest final : PacketOf<PacketEnterGameRequest, 800, "PacketEnterGameRequest"> {};
 struct PacketEnterGameAccept final : PacketOf<PacketEnterGameAccept, 801, "PacketEnterGameAccept"> {};
 
-struct PacketEnterGameDeny final : PacketOf<PacketEnterGameDeny, 802, "PacketEnterGameDeny"> {
-  char mStrReason[kReasonCapacity] = "";
+struct PacketEnterGameDeny final : PacketOf<PacketEnterGameDeny, 802, "PacketEnterGameDeny">, DenialReason {
+  PacketEnterGameDeny() = default;
+  explicit PacketEnterGameDeny(const char* reason) : DenialReason(reason) {}
 
-  static constexpr auto Fields() { return std::tuple{PacketField{"mStrReason", &PacketEnterGameDeny::mStrReason}}; }
+  using DenialReason::Fields;
 };
 
 // A chat line spoken by the character on the given field.
 struct PacketGameChatMsg final : PacketOf<PacketGameChatMsg, 820, "PacketGameChatMsg">, FieldPosition {
+  PacketGameChatMsg() = default;
+  PacketGameChatMsg(const FieldPosition& field, const char* user, const char* message) : FieldPosition(field) {
+    CopyText(mStrUser, user);
+    CopyText(mStrMsg, message);
+  }
+
   char mStrUser[kUserNameCapacity] = "";
   char mStrMsg[kChatTextCapacity] = "";
 
@@ -40,6 +47,9 @@ struct PacketMoveRequest final : PacketOf<PacketMoveRequest, 850, "PacketMoveReq
 
 // The character on the given field steps one field.
 struct PacketMove final : PacketOf<PacketMove, 851, "PacketMove">, FieldPosition {
+  PacketMove() = default;
+  PacketMove(const FieldPosition& from, Direction direction) : FieldPosition(from), mEnmDirection(direction) {}
+
   Direction mEnmDirection = Direction::None;
 
   static constexpr auto Fields() {
@@ -50,21 +60,33 @@ struct PacketMove final : PacketOf<PacketMove, 851, "PacketMove">, FieldPosition
 
 // Where the player's own character stands; the map is placed around it.
 struct PacketCharPosition final : PacketOf<PacketCharPosition, 870, "PacketCharPosition">, FieldPosition {
+  PacketCharPosition() = default;
+  explicit PacketCharPosition(const FieldPosition& field) : FieldPosition(field) {}
+
   using FieldPosition::Fields;
 };
 
 // A character comes onto the field.
 struct PacketAddChar final : PacketOf<PacketAddChar, 871, "PacketAddChar">, FieldPosition {
+  PacketAddChar() = default;
+  explicit PacketAddChar(const FieldPosition& field) : FieldPosition(field) {}
+
   using FieldPosition::Fields;
 };
 
 // The character on the field leaves the view.
 struct PacketRemoveChar final : PacketOf<PacketRemoveChar, 872, "PacketRemoveChar">, FieldPosition {
+  PacketRemoveChar() = default;
+  explicit PacketRemoveChar(const FieldPosition& field) : FieldPosition(field) {}
+
   using FieldPosition::Fields;
 };
 
-// 0 is full daylight.
+// How dark the world is: 0 in full daylight, 255 in blackness.
 struct PacketDarkness final : PacketOf<PacketDarkness, 900, "PacketDarkness"> {
+  PacketDarkness() = default;
+  explicit PacketDarkness(std::uint8_t darkness) : mByDarkness(darkness) {}
+
   std::uint8_t mByDarkness = 0;
 
   static constexpr auto Fields() { return std::tuple{PacketField{"mByDarkness", &PacketDarkness::mByDarkness}}; }

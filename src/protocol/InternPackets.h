@@ -19,7 +19,7 @@ struct PacketInternConnect final : PacketOf<PacketInternConnect, 1, "PacketInter
   PacketInternConnect() = default;
   PacketInternConnect(const char* host, std::uint16_t port) : mUintPort(port) { CopyText(mStrHost, host); }
 
-  char mStrHost[256] = "";
+  char mStrHost[kHostCapacity] = "";
   std::uint16_t mUintPort = 0;
 
   static constexpr auto Fields() {
@@ -30,6 +30,9 @@ struct PacketInternConnect final : PacketOf<PacketInternConnect, 1, "PacketInter
 
 // Asks the socket control to listen; the port is a plain number.
 struct PacketInternListen final : PacketOf<PacketInternListen, 2, "PacketInternListen"> {
+  PacketInternListen() = default;
+  explicit PacketInternListen(std::uint16_t port) : mUintPort(port) {}
+
   std::uint16_t mUintPort = 0;
 
   static constexpr auto Fields() { return std::tuple{PacketField{"mUintPort", &PacketInternListen::mUintPort}}; }
@@ -105,6 +108,9 @@ struct PacketInternCentralMailbox final : PacketOf<PacketInternCentralMailbox, 1
 };
 
 struct PacketInternManagerMailbox final : PacketOf<PacketInternManagerMailbox, 13, "PacketInternManagerMailbox"> {
+  PacketInternManagerMailbox() = default;
+  explicit PacketInternManagerMailbox(Mailbox* mailbox) : mObjMailbox(mailbox) {}
+
   Mailbox* mObjMailbox = nullptr;
 
   static constexpr auto Fields() {
@@ -146,7 +152,7 @@ struct PacketInternResend final : PacketOf<PacketInternResend, 17, "PacketIntern
   }
 };
 
-// Progress of a synchronisation of the map, in areas: so many of so many.
+// Progress of a synchronization of the map: how many areas of how many the server has answered for.
 struct PacketInternStatus final : PacketOf<PacketInternStatus, 18, "PacketInternStatus"> {
   PacketInternStatus() = default;
   PacketInternStatus(std::uint16_t value, std::uint16_t maximum) : mUintValue(value), mUintMaxValue(maximum) {}

@@ -1,16 +1,21 @@
 #pragma once
 
+#include "protocol/DenialReason.h"
 #include "protocol/Packet.h"
 #include "protocol/VersionNumbers.h"
 
 namespace tolva {
 
-constexpr std::size_t kReasonCapacity = 256;
-
 struct PacketConnectionRequest final : PacketOf<PacketConnectionRequest, 100, "PacketConnectionRequest"> {};
 
 // Name and password from the login screen; the controller fills in the client's version.
 struct PacketLoginRequest final : PacketOf<PacketLoginRequest, 200, "PacketLoginRequest">, VersionNumbers {
+  PacketLoginRequest() = default;
+  PacketLoginRequest(const char* name, const char* password) {
+    CopyText(mStrLogin, name);
+    CopyText(mStrPass, password);
+  }
+
   char mStrLogin[kUserNameCapacity] = "";
   char mStrPass[kUserNameCapacity] = "";
   std::uint32_t mUintHost = 0;
@@ -29,10 +34,11 @@ struct PacketLoginRequest final : PacketOf<PacketLoginRequest, 200, "PacketLogin
 
 struct PacketLoginAccept final : PacketOf<PacketLoginAccept, 201, "PacketLoginAccept"> {};
 
-struct PacketLoginDeny final : PacketOf<PacketLoginDeny, 202, "PacketLoginDeny"> {
-  char mStrReason[kReasonCapacity] = "";
+struct PacketLoginDeny final : PacketOf<PacketLoginDeny, 202, "PacketLoginDeny">, DenialReason {
+  PacketLoginDeny() = default;
+  explicit PacketLoginDeny(const char* reason) : DenialReason(reason) {}
 
-  static constexpr auto Fields() { return std::tuple{PacketField{"mStrReason", &PacketLoginDeny::mStrReason}}; }
+  using DenialReason::Fields;
 };
 
 struct PacketLogout final : PacketOf<PacketLogout, 300, "PacketLogout"> {
@@ -48,6 +54,9 @@ struct PacketQuit final : PacketOf<PacketQuit, 500, "PacketQuit"> {};
 
 // Asks for (all zero) or tells the server's version.
 struct PacketServerInfo final : PacketOf<PacketServerInfo, 600, "PacketServerInfo">, VersionNumbers {
+  PacketServerInfo() = default;
+  explicit PacketServerInfo(const VersionNumbers& version) : VersionNumbers(version) {}
+
   using VersionNumbers::Fields;
 };
 
@@ -56,7 +65,7 @@ struct PacketClientInfo final : PacketOf<PacketClientInfo, 601, "PacketClientInf
 };
 
 struct PacketKick final : PacketOf<PacketKick, 650, "PacketKick"> {
-  char mStrWho[256] = "";
+  char mStrWho[kKickedNameCapacity] = "";
 
   static constexpr auto Fields() { return std::tuple{PacketField{"mStrWho", &PacketKick::mStrWho}}; }
 };

@@ -4,12 +4,16 @@
 
 namespace tolva {
 
-// Ids are entries of the archive "Sounds"; 0 means no music.
+// Ids of pieces of music: entries of the archive "Sounds"; 0 means no music.
+using MusicId = std::uint16_t;
+constexpr MusicId kNoMusic = 0;
+constexpr MusicId kLobbyMusic = 1;
+
 struct PacketMusicPlay final : PacketOf<PacketMusicPlay, 1000, "PacketMusicPlay"> {
   PacketMusicPlay() = default;
-  explicit PacketMusicPlay(std::uint16_t musicId) : mUintMusicId(musicId) {}
+  explicit PacketMusicPlay(MusicId musicId) : mUintMusicId(musicId) {}
 
-  std::uint16_t mUintMusicId = 0;
+  MusicId mUintMusicId = kNoMusic;
 
   static constexpr auto Fields() { return std::tuple{PacketField{"mUintMusicId", &PacketMusicPlay::mUintMusicId}}; }
 };

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "protocol/Capacities.h"
 #include "protocol/WorldEdges.h"
 
 namespace tolva {
@@ -30,8 +31,6 @@ PacketField(const char*, Member Owner::*) -> PacketField<Owner, Member>;
 template <typename T>
 using AreaGrid = std::array<T, kAreaFields>;
 
-constexpr std::size_t kUserNameCapacity = 32;
-constexpr std::size_t kUserListCapacity = 32;
 using NameList = char[kUserListCapacity][kUserNameCapacity];
 
 }  // namespace tolva

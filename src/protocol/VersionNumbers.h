@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <tuple>
 
 #include "protocol/PacketField.h"
@@ -21,8 +22,12 @@ struct VersionNumbers {
 };
 
 // The version of this client and of the protocol it speaks.
-constexpr std::uint16_t kVersionMajor = TOLVA_VERSION_MAJOR;
-constexpr std::uint16_t kVersionMinor = TOLVA_VERSION_MINOR;
-constexpr std::uint16_t kVersionBugfix = TOLVA_VERSION_BUGFIX;
+constexpr VersionNumbers kVersion = {TOLVA_VERSION_MAJOR, TOLVA_VERSION_MINOR, TOLVA_VERSION_BUGFIX};
+
+// As people read it: "0.6.23".
+inline std::string ToText(const VersionNumbers& version) {
+  return std::to_string(version.mUintVersionMajor) + '.' + std::to_string(version.mUintVersionMinor) + '.' +
+         std::to_string(version.mUintVersionBugfix);
+}
 
 }  // namespace tolva

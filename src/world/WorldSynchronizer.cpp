@@ -81,8 +81,7 @@ std::unique_ptr<Packet> WorldSynchronizer::MakeAreaRequest(const AreaPosition& p
       Area* area = FindArea(position);
       if (area == nullptr) return;
       area->Load(mCacheDirectory.c_str());
-      request = std::make_unique<PacketAreaVersion>(position.mUintRx, position.mUintRy, position.mByAx, position.mByAy,
-                                                    position.mByLevel, area->GetVersion());
+      request = std::make_unique<PacketAreaVersion>(AreaHeader{position, area->GetVersion()});
     });
     return request;
   });

@@ -73,7 +73,7 @@ TEST_F(ClientBaseWorldTest, WhatTheServerTellsOfTheWorldReachesMapAndDisplay) {
   placement.mByFy = 23;
   FromServer(placement);
   EXPECT_EQ(display.Next(2), (Codes{PacketInternStatus::kCode, PacketCharPosition::kCode}));
-  EXPECT_TRUE(ServerGets(PacketAreaVersion(0xFFFFFFFF, 0xFFFFFFFF, 5, 5, 0, 0))) << "the first of the 49";
+  EXPECT_TRUE(ServerGets(PacketAreaVersion({{0xFFFFFFFF, 0xFFFFFFFF, 5, 5, 0}, 0}))) << "the first of the 49";
 
   server.Send(FalseClaim(PacketAreaVersion::kCode));
   for (const PacketCode code : {700u, 701u, 702u}) FromServer(*CreatePacket(code));
@@ -99,13 +99,13 @@ TEST_F(ClientBaseWorldTest, WhatTheServerTellsOfTheWorldReachesMapAndDisplay) {
   FromServer(move);
   EXPECT_EQ(display.Next(2), (Codes{PacketRemoveChar::kCode, PacketMove::kCode}));
   EXPECT_EQ(field.GetCharacter(), nullptr);
-  EXPECT_TRUE(ServerGets(PacketAreaVersion(0, 0, 3, 4, 0, 0))) << "the map followed";
+  EXPECT_TRUE(ServerGets(PacketAreaVersion({{0, 0, 3, 4, 0}, 0}))) << "the map followed";
 }
 
 // While a placement's 49 requests wait.
 TEST_F(ClientBaseWorldTest, NothingThatThePlayerDoesWaitsBehindRequests) {
   FromServer(PacketCharPosition());
-  EXPECT_TRUE(ServerGets(PacketAreaVersion(0xFFFFFFFF, 0xFFFFFFFF, 5, 5, 0, 0)));
+  EXPECT_TRUE(ServerGets(PacketAreaVersion({{0xFFFFFFFF, 0xFFFFFFFF, 5, 5, 0}, 0})));
   for (const Packet* what : {static_cast<const Packet*>(&escape), static_cast<const Packet*>(&line)}) {
     display.Give(*what);
     EXPECT_LE(RequestsBefore(*what), 2) << "one on its way, and one that waited";
@@ -122,7 +122,7 @@ TEST_F(ClientBaseWorldTest, RequestsWaitWhileTheServerSpeaks) {
   sNow = GetTicks() + 10'000;
   SetTickSource([] { return sNow.load(); });
   FromServer(PacketCharPosition());
-  EXPECT_TRUE(ServerGets(PacketAreaVersion(0xFFFFFFFF, 0xFFFFFFFF, 5, 5, 0, 0)));
+  EXPECT_TRUE(ServerGets(PacketAreaVersion({{0xFFFFFFFF, 0xFFFFFFFF, 5, 5, 0}, 0})));
   EXPECT_EQ(display.Next(3).back(), PacketCharPosition::kCode);
   for (const int elapsed : {110, 10}) {
     sNow += elapsed;

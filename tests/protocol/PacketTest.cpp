@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "protocol/PacketDispatch.h"
 #include "support/Records.h"
 
 namespace tolva::test {
@@ -32,6 +33,27 @@ TEST(Packet, AClaimedCodeNeverLeadsToAnotherClass) {
     EXPECT_EQ(PacketCast<T>(clone.get()) != nullptr, isPlain) << T::kName;
     EXPECT_EQ(Record(*read.packet).size(), isPlain ? 16u : kHeaderSize) << T::kName;
   });
+}
+
+// Which handler a packet reaches: the first that takes its class, and none on a false claim.
+std::string HandlerOf(Packet& packet) {
+  return DispatchOr(
+      std::string("none"), packet,
+      [](const PacketInternPing& ping) { return "ping " + std::to_string(ping.mUintTick); },
+      [](PacketQuit&) { return "quit"; }, [](const PacketQuit&) { return "quit again"; },
+      ForAnyOf<PacketChatMsg, PacketDarkness>([](Packet& any) { return "any " + std::to_string(any.mEnmCode); }));
+}
+
+TEST(Packet, ReachesTheHandlerOfItsClass) {
+  PacketInternPing ping(7);
+  PacketDarkness darkness(1);
+  PacketQuit quit;
+  PacketKick kick;
+  EXPECT_EQ(HandlerOf(ping), "ping 7");
+  EXPECT_EQ(HandlerOf(quit), "quit");
+  EXPECT_EQ(HandlerOf(darkness), "any 900");
+  EXPECT_EQ(HandlerOf(kick), "none");
+  EXPECT_EQ(HandlerOf(*ReadRecord(FalseClaim(PacketQuit::kCode)).packet), "none");
 }
 
 TEST(Packet, LongTextsAreCutToTheirFields) {

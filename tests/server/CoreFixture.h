@@ -62,15 +62,15 @@ class CoreFixture : public ::testing::Test {
     mCore->Connect(client.id, client, "127.0.0.1", mNow);
     return client;
   }
-  FakeClient& LogIn(const std::string& name, std::uint16_t bugfix = kVersionBugfix) {
+  FakeClient& LogIn(const std::string& name, std::uint16_t bugfix = kVersion.mUintVersionBugfix) {
     FakeClient& client = Connect();
     Request(client, name, bugfix);
     return client;
   }
-  void Request(FakeClient& client, const std::string& name, std::uint16_t bugfix = kVersionBugfix) {
+  void Request(FakeClient& client, const std::string& name, std::uint16_t bugfix = kVersion.mUintVersionBugfix) {
     PacketLoginRequest request;
     CopyText(request.mStrLogin, name.c_str());
-    static_cast<VersionNumbers&>(request) = {kVersionMajor, kVersionMinor, bugfix};
+    static_cast<VersionNumbers&>(request) = {kVersion.mUintVersionMajor, kVersion.mUintVersionMinor, bugfix};
     Deliver(client, request);
   }
   void Say(FakeClient& client, const std::string& text) { Deliver(client, PacketChatMsg("ignored", text.c_str())); }

@@ -155,8 +155,9 @@ TEST_F(RealmTest, AreasAreAnsweredInOrderEachWithItsContentOrAsCurrent) {
   EXPECT_LT(anna.client.received.size(), 49U) << "one burst could fill a connection's queue";
   const auto [rx, ry, ax, ay, level] = static_cast<AreaPosition&>(question);
   // Nowhere, and out of reach: that is not worth an area, but an answer.
-  for (const PacketAreaVersion& odd : {PacketAreaVersion(rx, ry, 8, ay, 0, 0), PacketAreaVersion(rx, ry, ax, ay, -1, 0),
-                                       PacketAreaVersion(rx + 1000, ry, ax, ay, level, 0)})
+  for (const PacketAreaVersion& odd :
+       {PacketAreaVersion({{rx, ry, 8, ay, 0}, 0}), PacketAreaVersion({{rx, ry, ax, ay, -1}, 0}),
+        PacketAreaVersion({{rx + 1000, ry, ax, ay, level}, 0})})
     Deliver(anna.client, odd);
   expected.emplace_back(702, 0);
   Pass(2s);

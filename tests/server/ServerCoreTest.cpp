@@ -18,7 +18,7 @@ TEST_F(ServerCoreTest, LoginBringsTheLobbyAndTheWelcome) {
 
 TEST_F(ServerCoreTest, DeniedLoginTellsWhyAndMayTryAgain) {
   for (int i = 1; i <= 60; ++i) LogIn("User" + std::to_string(i));
-  FakeClient& client = LogIn("Bert", kVersionBugfix + 1);
+  FakeClient& client = LogIn("Bert", kVersion.mUintVersionBugfix + 1);
   EXPECT_NE(client.GetDenial().find("Please install version"), std::string::npos);
   const std::pair<const char*, Names> cases[] = {
       {"is full", {"Anna", "a", "Mad Hatter", "J\xF6rg", "50%", "observer", "-=x=-", "sixteen letters!"}},

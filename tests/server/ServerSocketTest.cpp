@@ -22,7 +22,7 @@ class Client : public LoopbackPeer {
     PacketLoginRequest request;
     CopyText(request.mStrLogin, name);
     CopyText(request.mStrPass, password);
-    static_cast<VersionNumbers&>(request) = {kVersionMajor, kVersionMinor, kVersionBugfix};
+    static_cast<VersionNumbers&>(request) = kVersion;
     return Send(Record(request)) && Sees(answer);
   }
   // Reads on until that comes.

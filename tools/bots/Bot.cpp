@@ -52,9 +52,8 @@ void Bot::Connect(const asio::ip::tcp::endpoint& server) {
     asio::error_code ignored;
     mSocket.set_option(asio::ip::tcp::no_delay(true), ignored);
     mIsConnected = true;
-    PacketLoginRequest request;
-    CopyText(request.mStrLogin, mName.c_str());
-    static_cast<VersionNumbers&>(request) = {kVersionMajor, kVersionMinor, kVersionBugfix};
+    PacketLoginRequest request(mName.c_str(), "");
+    static_cast<VersionNumbers&>(request) = kVersion;
     Queue(request);
     Read();
   });
