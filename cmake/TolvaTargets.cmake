@@ -30,11 +30,36 @@ if(TOLVA_FUZZ)
   target_compile_options(tolva_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+# Not part of a normal build: compiles every header alone, and all headers of a folder together, so that each names all that
+# it needs and no two of a level define the same thing in two ways.
+add_custom_target(headers)
+
+# tolva_check_headers(NAME USES lib ...): the headers of the current folder.
+function(tolva_check_headers name)
+  cmake_parse_arguments(ARG "" "" "USES" ${ARGN})
+  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  set(together "")
+  set(sources ${CMAKE_CURRENT_BINARY_DIR}/headers/all.cpp)
+  foreach(header IN LISTS headers)
+    cmake_path(GET header STEM stem)
+    # Twice, so that a header without an include guard fails.
+    file(CONFIGURE OUTPUT headers/${stem}.cpp CONTENT "#include \"${header}\"\n#include \"${header}\"\n")
+    list(APPEND sources ${CMAKE_CURRENT_BINARY_DIR}/headers/${stem}.cpp)
+    string(APPEND together "#include \"${header}\"\n")
+  endforeach()
+  file(CONFIGURE OUTPUT headers/all.cpp CONTENT "${together}")
+  add_library(${name}_headers OBJECT EXCLUDE_FROM_ALL ${sources})
+  target_link_libraries(${name}_headers PRIVATE tolva_options ${ARG_USES})
+  target_compile_options(${name}_headers PRIVATE -O0)
+  add_dependencies(headers ${name}_headers)
+endfunction()
+
 # tolva_library(NAME SOURCES a.cpp ... USES lib ...): one source folder as a library that names all it may use.
 function(tolva_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC tolva_options ${ARG_USES})
+  tolva_check_headers(${name} USES ${name})
 endfunction()
 
 # tolva_program(NAME SOURCES a.cpp ... USES lib ...)
