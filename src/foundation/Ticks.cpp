@@ -8,11 +8,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-const Clock::time_point sProcessStart = Clock::now();
+const Clock::time_point kProcessStart = Clock::now();
 
 std::uint32_t GetProcessTicks() {
   using std::chrono::milliseconds;
-  return static_cast<std::uint32_t>(std::chrono::duration_cast<milliseconds>(Clock::now() - sProcessStart).count());
+  return static_cast<std::uint32_t>(std::chrono::duration_cast<milliseconds>(Clock::now() - kProcessStart).count());
 }
 
 std::atomic<std::uint32_t (*)()> sSource{nullptr};
