@@ -10,15 +10,16 @@
 namespace tolva {
 namespace format = archive_format;
 
-bool ArchiveIndex::Read(const char* path) {
-  const RegularFile file(path);
+ArchiveIndex::State ArchiveIndex::Read(const std::string& path) {
+  const RegularFile file(path.c_str());
   std::error_code ignored;
-  if (!file.IsOpen() && std::filesystem::exists(path, ignored)) return false;
+  const bool isMissing = !file.IsOpen() && !std::filesystem::exists(path, ignored);
+  if (!file.IsOpen() && !isMissing) return State::Unreadable;
 
   const std::uint64_t count = file.GetSize() / format::kRecordSize;
-  if (count > format::kMaxRecords) return false;
+  if (count > format::kMaxRecords) return State::Unreadable;
   std::vector<std::uint8_t> records(count * format::kRecordSize);
-  if (count > 0 && !file.ReadAt(0, records.data(), records.size())) return false;
+  if (count > 0 && !file.ReadAt(0, records.data(), records.size())) return State::Unreadable;
 
   mEntries.clear();
   for (std::size_t at = 0; at < records.size(); at += format::kRecordSize) {
@@ -26,7 +27,8 @@ bool ArchiveIndex::Read(const char* path) {
     mEntries[LoadLittle32(record + format::kIdAt)] = {LoadLittle32(record + format::kOffsetAt),
                                                       LoadLittle32(record + format::kSizeAt)};
   }
-  return true;
+  if (isMissing) return State::Missing;
+  return file.GetSize() == records.size() ? State::Whole : State::CutShort;
 }
 
 const ArchiveEntry* ArchiveIndex::Find(std::uint32_t id) const {

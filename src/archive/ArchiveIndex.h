@@ -2,25 +2,33 @@
 
 #include <cstdint>
 #include <map>
+#include <string>
 
 #include "archive/ArchiveEntry.h"
 
 namespace tolva {
 
-// What an archive's index file says: where in the data file each id lies.
+// An archive's index in memory: where in the data file each entry lies.
 class ArchiveIndex {
  public:
-  // Takes up what the file holds now. An absent or empty file gives an empty index; of two records for one id the later
-  // one counts; what follows the last whole record is ignored. False when something is there that cannot be read: the
-  // index then stays as it was.
-  bool Read(const char* path);
+  using Entries = std::map<std::uint32_t, ArchiveEntry>;
 
-  // The entry of the id, or null.
+  enum class State {
+    Whole,      // every record was read; an empty file has none
+    CutShort,   // the last record is incomplete and was ignored
+    Missing,    // there is no such file: the index is empty
+    Unreadable  // something is there that cannot be read: the index keeps what it held
+  };
+
+  // Replaces the index by what the file holds. If an id has several records, the last one counts.
+  State Read(const std::string& path);
+
+  // The entry of the id, or null. Valid until the next Read.
   const ArchiveEntry* Find(std::uint32_t id) const;
-  const std::map<std::uint32_t, ArchiveEntry>& GetEntries() const { return mEntries; }
+  const Entries& GetEntries() const { return mEntries; }
 
  private:
-  std::map<std::uint32_t, ArchiveEntry> mEntries;
+  Entries mEntries;
 };
 
 }  // namespace tolva

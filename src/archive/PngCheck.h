@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace tolva {
@@ -44,6 +45,7 @@ class PngCheck {
   // For a sound picture: its header and exactly its own bytes.
   const PngHeader& GetHeader() const { return mHeader; }
   const std::vector<std::uint8_t>& GetBytes() const { return mBytes; }
+  std::vector<std::uint8_t> TakeBytes() { return std::move(mBytes); }
 
  private:
   struct Chunk {

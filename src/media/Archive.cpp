@@ -1,31 +1,39 @@
 #include "media/Archive.h"
 
-#include <cstdio>
-#include <utility>
+#include <string>
 #include <vector>
 
 #include <SDL_image.h>
 
-#include "archive/ArchiveFormat.h"
-#include "archive/PngCheck.h"
 #include "foundation/Guard.h"
 #include "foundation/InfoHandler.h"
 #include "foundation/LogLimit.h"
-#include "foundation/RegularFile.h"
 
 namespace tolva {
-namespace format = archive_format;
 namespace {
 
 constexpr char kModule[] = "Archive";
-constexpr char kNotDecoded[] = "Failed to load picture from archive (Archive - LoadImage)";
+constexpr std::size_t kMaxBaseName = 251;
 
-// Archives come and go with the screens and their parts; what a server's unknown ids may add to the log is counted over
-// the whole run.
+// Archive objects come and go with screens and their parts, so what unknown ids may add to the log is counted over the
+// whole run.
 LogLimit sFailures;
 
-SurfacePtr DecodePng(const std::vector<std::uint8_t>& bytes) {
-  SDL_RWops* stream = SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size()));
+const char* LogTextOf(ArchiveFault fault) {
+  switch (fault) {
+    case ArchiveFault::NoEntry:
+      return "Image id in archive not found (Archive - LoadImage)";
+    case ArchiveFault::NoDataFile:
+      return "Failed to open archive file (Archive - LoadImage)";
+    case ArchiveFault::OffsetTooLarge:
+      return "Image id found in index, but not in archive (Archive - LoadImage)";
+    default:
+      return "Failed to load picture from archive (Archive - LoadImage)";
+  }
+}
+
+SurfacePtr DecodePng(const std::vector<std::uint8_t>& png) {
+  SDL_RWops* stream = SDL_RWFromConstMem(png.data(), static_cast<int>(png.size()));
   if (stream == nullptr) return nullptr;
   SurfacePtr picture(IMG_LoadPNG_RW(stream));
   SDL_RWclose(stream);
@@ -34,13 +42,11 @@ SurfacePtr DecodePng(const std::vector<std::uint8_t>& bytes) {
 
 }  // namespace
 
-Archive::Archive(const char* baseName, InfoHandler* infoHandler) : mInfoHandler(infoHandler) {
-  std::snprintf(mArchivePath, sizeof mArchivePath, "%.251s%s", baseName, format::kDataSuffix);
-  std::snprintf(mIndexPath, sizeof mIndexPath, "%.251s%s", baseName, format::kIndexSuffix);
-}
+Archive::Archive(const char* baseName, InfoHandler* infoHandler)
+    : mReader(std::string(baseName).substr(0, kMaxBaseName)), mInfoHandler(infoHandler) {}
 
 bool Archive::ReadIndex() {
-  return Guard(kModule, "ReadIndex", [&] { return mIndex.Read(mIndexPath); });
+  return Guard(kModule, "ReadIndex", [&] { return mReader.ReadIndex() != ArchiveIndex::State::Unreadable; });
 }
 
 SDL_Surface* Archive::LoadImage(std::uint32_t id) {
@@ -49,7 +55,7 @@ SDL_Surface* Archive::LoadImage(std::uint32_t id) {
     if (picture == nullptr) return nullptr;
     // Without a video mode there is no format to convert to, and SDL would crash.
     SDL_Surface* converted = SDL_GetVideoSurface() == nullptr ? nullptr : SDL_DisplayFormat(picture.get());
-    if (converted == nullptr) LogFailure(kNotDecoded);
+    if (converted == nullptr) LogFailure(ArchiveFault::UnsoundPicture);
     return converted;
   });
 }
@@ -61,34 +67,20 @@ SDL_Surface* Archive::DecodeImage(std::uint32_t id) {
 bool Archive::Extract(std::uint32_t id, const char* path) {
   return Guard(kModule, "Extract", [&] {
     ReadIndex();
-    const ArchiveEntry* entry = mIndex.Find(id);
-    return entry != nullptr && entry->CopyTo(RegularFile(mArchivePath), path);
+    return mReader.Extract(id, path) == ArchiveFault::None;
   });
 }
 
 SurfacePtr Archive::Decode(std::uint32_t id) {
-  const auto fail = [&](const char* reason) {
-    LogFailure(reason);
-    return SurfacePtr();
-  };
   ReadIndex();
-  const ArchiveEntry* entry = mIndex.Find(id);
-  if (entry == nullptr) return fail("Image id in archive not found (Archive - LoadImage)");
-  const RegularFile data(mArchivePath);
-  if (!data.IsOpen()) return fail("Failed to open archive file (Archive - LoadImage)");
-  if (entry->offset > format::kMaxPictureOffset) {
-    return fail("Image id found in index, but not in archive (Archive - LoadImage)");
-  }
-
-  // A picture ends where its own end chunk says: the index's size does not count here.
-  const PngCheck png(data, entry->offset);
-  // The decoder gets the very bytes that were checked, whatever happens to the file meanwhile.
-  SurfacePtr picture = png.IsSound() ? DecodePng(png.GetBytes()) : nullptr;
-  return picture == nullptr ? fail(kNotDecoded) : std::move(picture);
+  const auto [fault, png] = mReader.ReadPicture(id);
+  SurfacePtr picture = fault == ArchiveFault::None ? DecodePng(png) : nullptr;
+  if (picture == nullptr) LogFailure(fault);
+  return picture;
 }
 
-void Archive::LogFailure(const char* text) {
-  if (sFailures.Admit(*mInfoHandler)) mInfoHandler->HandleInfo(new Info(text, InfoLevel::Failure));
+void Archive::LogFailure(ArchiveFault fault) {
+  if (sFailures.Admit(*mInfoHandler)) mInfoHandler->HandleInfo(new Info(LogTextOf(fault), InfoLevel::Failure));
 }
 
 }  // namespace tolva

@@ -2,16 +2,16 @@
 
 #include <cstdint>
 
-#include "archive/ArchiveIndex.h"
+#include "archive/ArchiveReader.h"
 #include "sdl/SurfacePtr.h"
 
 namespace tolva {
 
 class InfoHandler;
 
-// Reads pictures, the font and music from a pair of files: the index `<base name>.cci` and the data `<base name>.cca`.
-// Nothing is kept open, and every load reads the index again, so a new pair of files counts from the next load on. What
-// the files hold is checked before it is used; damaged files cost a picture, never more. For the thread that built it.
+// An archive of pictures, the font or music: the index `<base name>.cci` and the data file `<base name>.cca`. No file
+// stays open, and each operation reads the index again, so a new pair of files counts from the next call on. Contents
+// are checked before use: a damaged file costs a picture, never more. For the thread that built it.
 class Archive {
  public:
   // `baseName` is a path without its suffix, at most 251 characters (longer ones are cut). Opens nothing yet.
@@ -22,7 +22,7 @@ class Archive {
   Archive(const Archive&) = delete;
   Archive& operator=(const Archive&) = delete;
 
-  // Reads the index. An absent or empty file gives an empty index. False when the file is there and cannot be read: the
+  // Reads the index. An absent or empty file gives an empty index. False when the file exists but cannot be read: the
   // index then stays as it was.
   bool ReadIndex();
 
@@ -40,11 +40,9 @@ class Archive {
 
  private:
   SurfacePtr Decode(std::uint32_t id);
-  void LogFailure(const char* text);
+  void LogFailure(ArchiveFault fault);
 
-  ArchiveIndex mIndex;
-  char mArchivePath[256];
-  char mIndexPath[256];
+  ArchiveReader mReader;
   InfoHandler* const mInfoHandler;
 };
 

@@ -45,7 +45,8 @@ void ReadArchive(std::span<const std::uint8_t> bytes) {
   const auto size = static_cast<ssize_t>(bytes.size());
   if (::ftruncate(file, size) != 0 || ::pwrite(file, bytes.data(), bytes.size(), 0) != size) std::abort();
   ArchiveIndex index;
-  if (!index.Read(path.c_str()) || index.GetEntries().size() > bytes.size() / 12) std::abort();
+  if (index.Read(path) == ArchiveIndex::State::Unreadable) std::abort();
+  if (index.GetEntries().size() > bytes.size() / 12) std::abort();
   const RegularFile data(path.c_str());
   for (const auto& [id, entry] : index.GetEntries()) {
     const PngCheck check(data, entry.offset);

@@ -1,7 +1,6 @@
 #include <optional>
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "foundation/InfoHandler.h"
 #include "media/Archive.h"
@@ -23,53 +22,6 @@ class ArchiveTest : public ::testing::Test {
   InfoHandler mInfoHandler;
   Archive mArchive{"Graphics", &mInfoHandler};
 };
-
-TEST_F(ArchiveTest, ExtractsWhatTheIndexSaysOrLeavesTheTargetAlone) {
-  const struct {
-    const char* name;
-    std::string index;
-    std::optional<std::string> content;
-  } cases[] = {
-      {"unsorted", MakeIndex({{9, 0, 1}, {7, 1, 2}, {8, 5, 1}}), "bc"},
-      {"the later record of an id", MakeIndex({{7, 0, 4}, {8, 1, 1}, {7, 6, 2}}), "gh"},
-      {"up to the last byte", MakeIndex({{7, 8, 2}}), "ij"},
-      {"empty entry", MakeIndex({{7, 10, 0}}), ""},
-      {"torn last record", MakeIndex({{7, 2, 3}, {7, 0, 1}}).substr(0, 23), "cde"},
-      {"other ids", MakeIndex({{6, 0, 1}, {0x07000000, 0, 1}}), std::nullopt},
-      {"past the end", MakeIndex({{7, 8, 3}}), std::nullopt},
-      {"starts past the end", MakeIndex({{7, 11, 0}}), std::nullopt},
-      {"sum beyond 2^32", MakeIndex({{7, 0xFFFFFFFF, 3}}), std::nullopt},
-  };
-  WriteFile("Graphics.cca", "abcdefghij");
-  for (const auto& test : cases) {
-    WriteFile("Graphics.cci", test.index);
-    WriteFile("Data.tmp", "what was there before");
-    EXPECT_EQ(mArchive.Extract(7, "Data.tmp"), test.content.has_value()) << test.name;
-    EXPECT_EQ(ReadFile("Data.tmp"), test.content.value_or("what was there before")) << test.name;
-    EXPECT_FALSE(std::filesystem::exists("Data.tmp.part")) << test.name;
-  }
-}
-
-TEST_F(ArchiveTest, ExtractFailsWhereTheTargetCannotBeWritten) {
-  WriteArchive("Graphics", 7, "abc");
-  for (const char* const target : {".", "missing/Data.tmp", "/dev/full"}) EXPECT_FALSE(mArchive.Extract(7, target));
-  EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
-}
-
-TEST_F(ArchiveTest, AnIndexThatCannotBeReadKeepsTheOldOne) {
-  WriteArchive("Graphics", 7, "abc");
-  ASSERT_TRUE(mArchive.ReadIndex());
-  std::filesystem::resize_file("Graphics.cci", std::uint64_t{1} << 33);
-  EXPECT_FALSE(mArchive.ReadIndex());
-  EXPECT_TRUE(mArchive.Extract(7, "Data.tmp"));
-  std::filesystem::remove("Graphics.cci");
-  ASSERT_EQ(::mkfifo("Graphics.cci", 0600), 0);
-  EXPECT_FALSE(mArchive.ReadIndex());
-  EXPECT_TRUE(mArchive.Extract(7, "Data.tmp"));
-  std::filesystem::remove("Graphics.cci");
-  EXPECT_TRUE(mArchive.ReadIndex());
-  EXPECT_FALSE(mArchive.Extract(7, "Data.tmp"));
-}
 
 TEST_F(ArchiveTest, SaysInTheLogWhyAPictureIsMissing) {
   StartVideo();

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "tools/archive/ArchiveInspector.h"
 #include "tools/archive/ArchivePacker.h"
-#include "tools/archive/ArchiveReader.h"
 
 namespace {
 
@@ -33,9 +33,9 @@ int Pack(const std::string& folder, const std::vector<std::pair<std::uint32_t, s
 }
 
 int List(const std::string& baseName) {
-  const tolva::ArchiveReader reader(baseName);
-  if (reader.GetFault() != nullptr) return Fail(baseName + ": " + reader.GetFault());
-  const auto listing = reader.List();
+  const tolva::ArchiveInspector archive(baseName);
+  if (archive.GetFault() != nullptr) return Fail(baseName + ": " + archive.GetFault());
+  const auto listing = archive.List();
   std::fputs(listing.text.c_str(), stdout);
   if (listing.brokenEntries == 0) return kDone;
   std::fflush(stdout);
@@ -43,9 +43,9 @@ int List(const std::string& baseName) {
 }
 
 int Extract(const std::string& baseName, std::uint32_t id, const std::string& file) {
-  const tolva::ArchiveReader reader(baseName);
-  if (reader.GetFault() != nullptr) return Fail(baseName + ": " + reader.GetFault());
-  const char* fault = reader.Extract(id, file);
+  const tolva::ArchiveInspector archive(baseName);
+  if (archive.GetFault() != nullptr) return Fail(baseName + ": " + archive.GetFault());
+  const char* fault = archive.Extract(id, file);
   return fault == nullptr ? kDone : Fail(baseName + ", entry " + std::to_string(id) + ": " + fault);
 }
 

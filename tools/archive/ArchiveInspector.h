@@ -4,26 +4,29 @@
 #include <cstdint>
 #include <string>
 
-#include "archive/ArchiveIndex.h"
+#include "archive/ArchiveReader.h"
 #include "foundation/RegularFile.h"
 
 namespace tolva {
 
-// Looks into an archive for people, who want to hear what is wrong with it.
-class ArchiveReader {
+// Shows people what an archive holds and what is wrong with it. Stricter than the client: a missing or torn index is a
+// fault here.
+class ArchiveInspector {
  public:
-  explicit ArchiveReader(const std::string& baseName);
+  explicit ArchiveInspector(const std::string& baseName);
 
-  // Why the archive cannot be opened; null when it is open.
+  // Why the archive cannot be read, or null. With a fault nothing else may be called.
   const char* GetFault() const { return mFault; }
+
   struct Listing {
-    // One line for each entry, sorted by id: id, offset, size, kind, and for a picture its width and height; instead of
-    // these what is wrong with the entry.
+    // One line for each entry, sorted by id: id, offset, size, then its kind and a picture's size in pixels, or what is
+    // wrong with the entry.
     std::string text;
     std::size_t brokenEntries = 0;
   };
   Listing List() const;
-  // Copies the entry into the file. Returns what stood in the way, or null.
+
+  // Copies the entry into the file. Returns why that failed, or null.
   const char* Extract(std::uint32_t id, const std::string& path) const;
 
  private:
@@ -33,7 +36,7 @@ class ArchiveReader {
   };
   Description Describe(const ArchiveEntry& entry) const;
 
-  ArchiveIndex mIndex;
+  ArchiveReader mReader;
   RegularFile mData;
   const char* mFault = nullptr;
 };
