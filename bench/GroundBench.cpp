@@ -24,7 +24,7 @@ void WriteTiles() {
   std::vector<test::TestRecord> records;
   std::string data;
   for (std::uint32_t i = 0; i <= kGrounds; ++i) {
-    test::TestPicture tile{.width = 76, .height = 37, .colour = PngColour::Palette, .seeThrough = {0}};
+    test::TestPicture tile{.width = 76, .height = 37, .color = PngColor::Palette, .seeThrough = {0}};
     tile.palette = {255, 0, 255, static_cast<std::uint8_t>(30 * i), 128, 64};
     for (int y = 0; y < 37; ++y) {
       for (int x = 0; x < 76; ++x) tile.samples.push_back(2 * std::abs(y - 18) <= std::min(x, 75 - x) ? 1 : 0);

@@ -33,15 +33,15 @@ constexpr std::uint32_t kIend = Type("IEND");
 // A chunk whose type begins with a capital letter must be understood by every decoder.
 bool IsCritical(std::uint32_t type) { return (type & 0x20000000) == 0; }
 
-bool IsKnownDepth(PngColour colour, int depth) {
-  switch (colour) {
-    case PngColour::Grey:
+bool IsKnownDepth(PngColor color, int depth) {
+  switch (color) {
+    case PngColor::Gray:
       return depth == 1 || depth == 2 || depth == 4 || depth == 8 || depth == 16;
-    case PngColour::Palette:
+    case PngColor::Palette:
       return depth == 1 || depth == 2 || depth == 4 || depth == 8;
-    case PngColour::Rgb:
-    case PngColour::GreyAlpha:
-    case PngColour::Rgba:
+    case PngColor::Rgb:
+    case PngColor::GrayAlpha:
+    case PngColor::Rgba:
       return depth == 8 || depth == 16;
   }
   return false;
@@ -115,9 +115,9 @@ const char* PngCheck::CheckHeader(std::span<const std::uint8_t> data) {
   mHeader.width = LoadBig32(&data[0]);
   mHeader.height = LoadBig32(&data[4]);
   mHeader.bitDepth = data[8];
-  mHeader.colour = static_cast<PngColour>(data[9]);
+  mHeader.color = static_cast<PngColor>(data[9]);
   const auto compression = data[10], filter = data[11], interlace = data[12];
-  if (!IsKnownDepth(mHeader.colour, mHeader.bitDepth)) return "its header names no kind of picture that there is";
+  if (!IsKnownDepth(mHeader.color, mHeader.bitDepth)) return "its header names no kind of picture that there is";
   if (compression != 0 || filter != 0 || interlace > 1) return "its header is damaged";
   if (mHeader.width == 0 || mHeader.height == 0) return "it has no pixels";
   if (mHeader.width > kMaxSide || mHeader.height > kMaxSide) return "it is wider or higher than 4096 pixels";
@@ -127,11 +127,11 @@ const char* PngCheck::CheckHeader(std::span<const std::uint8_t> data) {
 
 const char* PngCheck::CheckPalette(std::size_t size) {
   const bool isMisplaced = mPaletteEntries > 0 || mHasPixels;
-  const bool isForeign = mHeader.colour == PngColour::Grey || mHeader.colour == PngColour::GreyAlpha;
+  const bool isForeign = mHeader.color == PngColor::Gray || mHeader.color == PngColor::GrayAlpha;
   if (isMisplaced || isForeign || size == 0 || size % 3 != 0 || size > std::size_t{3} * 256)
     return "its palette is damaged";
   mPaletteEntries = size / 3;
-  if (mHeader.colour == PngColour::Palette && mPaletteEntries > std::size_t{1} << mHeader.bitDepth) {
+  if (mHeader.color == PngColor::Palette && mPaletteEntries > std::size_t{1} << mHeader.bitDepth) {
     return "its palette has more entries than its pixels can name";
   }
   return nullptr;
@@ -139,14 +139,14 @@ const char* PngCheck::CheckPalette(std::size_t size) {
 
 const char* PngCheck::CheckTransparency(std::size_t size) const {
   bool isFitting = !mHasPixels;
-  if (mHeader.colour == PngColour::Palette) isFitting = isFitting && size >= 1 && size <= mPaletteEntries;
-  if (mHeader.colour == PngColour::Grey) isFitting = isFitting && size == 2;
-  if (mHeader.colour == PngColour::Rgb) isFitting = isFitting && size == 6;
-  return isFitting ? nullptr : "its transparent colours are damaged";
+  if (mHeader.color == PngColor::Palette) isFitting = isFitting && size >= 1 && size <= mPaletteEntries;
+  if (mHeader.color == PngColor::Gray) isFitting = isFitting && size == 2;
+  if (mHeader.color == PngColor::Rgb) isFitting = isFitting && size == 6;
+  return isFitting ? nullptr : "its transparent colors are damaged";
 }
 
 const char* PngCheck::CheckPixels() {
-  if (mHeader.colour == PngColour::Palette && mPaletteEntries == 0) return "its palette is missing";
+  if (mHeader.color == PngColor::Palette && mPaletteEntries == 0) return "its palette is missing";
   if (mHasPixels && mPreviousType != kIdat) return "its pixels are not in one piece";
   mHasPixels = true;
   return nullptr;

@@ -11,13 +11,13 @@ namespace tolva {
 
 class RegularFile;
 
-enum class PngColour : std::uint8_t { Grey = 0, Rgb = 2, Palette = 3, GreyAlpha = 4, Rgba = 6 };
+enum class PngColor : std::uint8_t { Gray = 0, Rgb = 2, Palette = 3, GrayAlpha = 4, Rgba = 6 };
 
 struct PngHeader {
   std::uint32_t width = 0;
   std::uint32_t height = 0;
   std::uint8_t bitDepth = 0;
-  PngColour colour = PngColour::Grey;
+  PngColor color = PngColor::Gray;
 };
 
 // Reads a PNG picture chunk by chunk, from its signature to its end chunk, and says whether it may be given to the

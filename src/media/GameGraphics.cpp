@@ -159,8 +159,8 @@ bool GameGraphics::MayBeThere(std::uint32_t id) {
   return sFound.contains(id) || (sMissing.size() < kMostMissing && !sMissing.contains(id));
 }
 
-// The veil is black all over, so it darkens the pixels of the colour key too, and they would be drawn. The mask, which
-// has the key's colour where the picture is see-through and is see-through elsewhere, lays that colour over them again.
+// The veil is black all over, so it darkens the pixels of the color key too, and they would be drawn. The mask, which
+// has the key's color where the picture is see-through and is see-through elsewhere, lays that color over them again.
 void GameGraphics::Darken(GraphicEntry& entry) const {
   if (entry.darkened == nullptr) {
     entry.darkened = Copy(entry.source);

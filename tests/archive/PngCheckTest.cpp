@@ -11,7 +11,7 @@ PngCheck Check(const std::string& file) {
 }
 
 TEST(PngCheck, RefusesAPictureCutOrChangedAtAnyByte) {
-  const std::string file = MakePng({.colour = PngColour::Palette, .palette = Bytes(6), .seeThrough = {0, 255}});
+  const std::string file = MakePng({.color = PngColor::Palette, .palette = Bytes(6), .seeThrough = {0, 255}});
   for (std::size_t at = 0; at < file.size(); ++at) {
     EXPECT_FALSE(Check(file.substr(0, at)).IsSound()) << "cut at " << at;
     std::string changed = file;
@@ -45,7 +45,7 @@ TEST(PngCheck, RefusesWhatADecoderCouldChokeOn) {
       {"too wide", header(4097, 1, rgb) + pixels + end},
       {"too high", header(1, 0xFFFFFFFF, rgb) + pixels + end},
       {"too many pixels", header(4096, 1025, rgb) + pixels + end},
-      {"no such colour type", header(1, 1, std::string("\x08\x05\0\0\0", 5)) + pixels + end},
+      {"no such color type", header(1, 1, std::string("\x08\x05\0\0\0", 5)) + pixels + end},
       {"no such interlacing", header(1, 1, std::string("\x08\x02\0\0\x02", 5)) + pixels + end},
       {"no pixels", rgbHeader + end},
       {"pixels apart", rgbHeader + pixels + note + pixels + end},
@@ -54,7 +54,7 @@ TEST(PngCheck, RefusesWhatADecoderCouldChokeOn) {
       {"palette twice", indexedHeader + palette + palette + pixels + end},
       {"palette torn", indexedHeader + MakeChunk("PLTE", "rgbRG") + pixels + end},
       {"palette too long", indexedHeader + MakeChunk("PLTE", "rgbRGBrgb") + pixels + end},
-      {"more alphas than colours", indexedHeader + palette + MakeChunk("tRNS", "abc") + pixels + end},
+      {"more alphas than colors", indexedHeader + palette + MakeChunk("tRNS", "abc") + pixels + end},
       {"alphas before the palette", indexedHeader + MakeChunk("tRNS", "a") + palette + pixels + end},
       {"short key", rgbHeader + MakeChunk("tRNS", "abcde") + pixels + end},
       {"chunk of 4 GB", rgbHeader + BigEndian(0xFFFFFFFF) + "IDAT" + std::string(64, 'x')},

@@ -26,7 +26,7 @@ using Entries = std::map<std::uint32_t, std::string>;
 
 // As large as the island and of one colour.
 inline std::string MakePicture(std::uint8_t r, std::uint8_t g, std::uint8_t b) {
-  return MakePng({.width = 300, .height = 60, .colour = PngColour::Palette, .palette = {r, g, b}});
+  return MakePng({.width = 300, .height = 60, .color = PngColor::Palette, .palette = {r, g, b}});
 }
 
 inline Entries OnlyTheFont() { return {{1, ReadFile("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf")}}; }

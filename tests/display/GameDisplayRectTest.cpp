@@ -14,7 +14,7 @@ namespace {
 
 std::string MakeStripedTile(const Bytes& color, int width = 76, int height = 37) {
   const Bytes palette = {255, 0, 255, color[0], color[1], color[2], 0, 0, color[2]};
-  TestPicture tile{static_cast<Uint32>(width), static_cast<Uint32>(height), PngColour::Palette, 8, palette, {0}};
+  TestPicture tile{static_cast<Uint32>(width), static_cast<Uint32>(height), PngColor::Palette, 8, palette, {0}};
   for (int i = 0; i < width * height; ++i) {
     const int x = i % width, y = i / width;
     tile.samples.push_back(2 * std::abs(y - 18) > std::min(x, 75 - x) ? 0 : 1 + (x + y) / 8 % 2);

@@ -18,7 +18,7 @@ constexpr FieldPosition kStart{{4, 5, 7, 3, 0}, 5, 7};
 // `color(x, y)` is 0 where the picture is see-through, else one of 44 colours.
 template <typename Color>
 std::string MakeShape(Uint32 width, Uint32 height, Color&& color) {
-  TestPicture shape{width, height, PngColour::Palette, 8, {255, 0, 255}, {0}};
+  TestPicture shape{width, height, PngColor::Palette, 8, {255, 0, 255}, {0}};
   for (int i = 1; i < 45; ++i) shape.palette.insert(shape.palette.end(), {Uint8(i * 67), Uint8(i * 97), Uint8(i * 41)});
   for (Uint32 i = 0; i < width * height; ++i) shape.samples.push_back(Uint8(color(int(i % width), int(i / width))));
   return MakePng(shape);

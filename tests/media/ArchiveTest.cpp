@@ -56,11 +56,11 @@ TEST_F(ArchiveTest, SaysInTheLogWhyAPictureIsMissing) {
   }
 }
 
-TEST_F(ArchiveTest, KeepsTheSeeThroughColourOfAPicture) {
+TEST_F(ArchiveTest, KeepsTheSeeThroughColorOfAPicture) {
   StartVideo();
   const std::string rgb = MakePng({.seeThrough = {0, 255, 0, 0, 0, 255}, .samples = {255, 0, 255, 0, 255, 0}});
-  const std::string indexed = MakePng(
-      {.colour = PngColour::Palette, .palette = {255, 0, 255, 0, 255, 0}, .seeThrough = {0}, .samples = {0, 1}});
+  const std::string indexed =
+      MakePng({.color = PngColor::Palette, .palette = {255, 0, 255, 0, 255, 0}, .seeThrough = {0}, .samples = {0, 1}});
   for (const std::string& png : {rgb, indexed}) {
     WriteArchive("Graphics", 7, png);
     const SurfacePtr picture(mArchive.LoadImage(7));

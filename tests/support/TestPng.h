@@ -16,10 +16,10 @@ using Bytes = std::vector<std::uint8_t>;
 struct TestPicture {
   std::uint32_t width = 4;
   std::uint32_t height = 3;
-  PngColour colour = PngColour::Rgb;
+  PngColor color = PngColor::Rgb;
   char bitDepth = 8;
   Bytes palette = {};     // red, green, blue
-  Bytes seeThrough = {};  // the alphas of the palette's first entries, or the one colour as 16-bit samples
+  Bytes seeThrough = {};  // the alphas of the palette's first entries, or the one color as 16-bit samples
   Bytes samples = {};     // of the first pixels; the others are 0
 };
 
@@ -41,8 +41,8 @@ inline std::string MakeChunk(const std::string& type, const Bytes& data) {
 
 inline std::string MakePng(const TestPicture& picture) {
   constexpr int kSamplesPerPixel[] = {1, 0, 3, 1, 2, 0, 4};
-  const auto colour = static_cast<char>(picture.colour);
-  const int pixelBits = kSamplesPerPixel[static_cast<std::size_t>(picture.colour)] * picture.bitDepth;
+  const auto color = static_cast<char>(picture.color);
+  const int pixelBits = kSamplesPerPixel[static_cast<std::size_t>(picture.color)] * picture.bitDepth;
   const std::size_t rowSize = (picture.width * static_cast<std::size_t>(pixelBits) + 7) / 8;
   Bytes samples = picture.samples, packed(compressBound((rowSize + 1) * picture.height));
   samples.resize(rowSize * picture.height);
@@ -52,7 +52,7 @@ inline std::string MakePng(const TestPicture& picture) {
   uLongf size = packed.size();
   compress(packed.data(), &size, samples.data(), samples.size());
   packed.resize(size);
-  const std::string kind{picture.bitDepth, colour, 0, 0, 0};
+  const std::string kind{picture.bitDepth, color, 0, 0, 0};
   return "\x89PNG\r\n\x1A\n" + MakeChunk("IHDR", BigEndian(picture.width) + BigEndian(picture.height) + kind) +
          MakeChunk("PLTE", picture.palette) + MakeChunk("tRNS", picture.seeThrough) + MakeChunk("IDAT", packed) +
          MakeChunk("IEND", "");

@@ -19,24 +19,24 @@ std::string FaultOf(const std::string& file) {
 }
 
 TEST(PictureCheck, RefusesWhatTheClientWouldShowWrongly) {
-  constexpr auto kPalette = PngColour::Palette;
-  const Bytes key{0, 255, 0, 0, 0, 255}, twoColours{255, 0, 255, 0, 0, 0};  // magenta and black
+  constexpr auto kPalette = PngColor::Palette;
+  const Bytes key{0, 255, 0, 0, 0, 255}, twoColors{255, 0, 255, 0, 0, 0};  // magenta and black
   const struct {
     const char* fault;  // a part of the reason; empty for a good picture
     TestPicture picture;
   } cases[] = {
       {"", {.seeThrough = key, .samples = {255, 0, 255, 247, 0, 255, 255, 4, 255}}},
-      {"", {.colour = PngColour::Grey, .bitDepth = 1}},
-      {"", {.colour = kPalette, .bitDepth = 1, .palette = twoColours, .seeThrough = {0}, .samples = {0xF0}}},
-      {"alpha channel", {.colour = PngColour::Rgba}},
+      {"", {.color = PngColor::Gray, .bitDepth = 1}},
+      {"", {.color = kPalette, .bitDepth = 1, .palette = twoColors, .seeThrough = {0}, .samples = {0xF0}}},
+      {"alpha channel", {.color = PngColor::Rgba}},
       {"8 bits per sample", {.bitDepth = 16}},
-      {"grey", {.colour = PngColour::Grey, .seeThrough = {0, 255}}},
-      {"transparent colour is (255,0,254)", {.seeThrough = {0, 255, 0, 0, 0, 254}}},
+      {"gray", {.color = PngColor::Gray, .seeThrough = {0, 255}}},
+      {"transparent color is (255,0,254)", {.seeThrough = {0, 255, 0, 0, 0, 254}}},
       {"pixel at 1,0, (248,3,248)", {.seeThrough = key, .samples = {9, 9, 9, 248, 3, 248}}},
-      {"entry is (0,0,0)", {.colour = kPalette, .palette = Bytes(6), .seeThrough = {0}}},
-      {"exactly one", {.colour = kPalette, .palette = twoColours, .seeThrough = {0, 0}}},
-      {"partly", {.colour = kPalette, .palette = twoColours, .seeThrough = {0, 128}}},
-      {"entry 1, (250,2,249)", {.colour = kPalette, .palette = {255, 0, 255, 250, 2, 249}, .seeThrough = {0}}},
+      {"entry is (0,0,0)", {.color = kPalette, .palette = Bytes(6), .seeThrough = {0}}},
+      {"exactly one", {.color = kPalette, .palette = twoColors, .seeThrough = {0, 0}}},
+      {"partly", {.color = kPalette, .palette = twoColors, .seeThrough = {0, 128}}},
+      {"entry 1, (250,2,249)", {.color = kPalette, .palette = {255, 0, 255, 250, 2, 249}, .seeThrough = {0}}},
   };
   for (const auto& test : cases) {
     const std::string fault = FaultOf(MakePng(test.picture));
@@ -46,12 +46,12 @@ TEST(PictureCheck, RefusesWhatTheClientWouldShowWrongly) {
 }
 
 TEST(PictureCheck, RefusesDamagedPixels) {
-  const std::string png = MakePng({.colour = PngColour::Palette, .palette = Bytes(3)});
+  const std::string png = MakePng({.color = PngColor::Palette, .palette = Bytes(3)});
   const std::string head = png.substr(0, png.find("IDAT") - 4);
   EXPECT_EQ(FaultOf(png + "x"), "it has more bytes behind its end");
   EXPECT_EQ(FaultOf(head + MakeChunk("IDAT", "no pixels") + MakeChunk("IEND", "")), "its pixels are damaged");
-  const std::string poor = MakePng({.colour = PngColour::Palette, .palette = Bytes(3), .samples = {0, 0, 0, 0, 0, 1}});
-  EXPECT_EQ(FaultOf(poor), "row 1 names a colour that its palette does not have");
+  const std::string poor = MakePng({.color = PngColor::Palette, .palette = Bytes(3), .samples = {0, 0, 0, 0, 0, 1}});
+  EXPECT_EQ(FaultOf(poor), "row 1 names a color that its palette does not have");
 }
 
 class ArchiveToolTest : public ::testing::Test {

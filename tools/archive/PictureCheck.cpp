@@ -9,25 +9,25 @@
 namespace tolva {
 namespace {
 
-struct Colour {
+struct Color {
   int red, green, blue;
-  bool operator==(const Colour&) const = default;
+  bool operator==(const Color&) const = default;
 };
 
-constexpr Colour kSeeThrough{255, 0, 255};
+constexpr Color kSeeThrough{255, 0, 255};
 
-// The same colour once only 5, 6 and 5 bits are left.
-bool LooksSeeThrough(const Colour& colour) { return colour.red >= 248 && colour.green < 4 && colour.blue >= 248; }
+// The same color once only 5, 6 and 5 bits are left.
+bool LooksSeeThrough(const Color& color) { return color.red >= 248 && color.green < 4 && color.blue >= 248; }
 
-std::string ToText(const Colour& colour) {
+std::string ToText(const Color& color) {
   char text[48];
-  std::snprintf(text, sizeof text, "(%d,%d,%d)", colour.red, colour.green, colour.blue);
+  std::snprintf(text, sizeof text, "(%d,%d,%d)", color.red, color.green, color.blue);
   return text;
 }
 
 std::string FindHeaderFault(const PngHeader& header) {
-  if (header.colour == PngColour::Rgba || header.colour == PngColour::GreyAlpha) {
-    return "it has an alpha channel; see-through pixels must be the one transparent colour (255,0,255)";
+  if (header.color == PngColor::Rgba || header.color == PngColor::GrayAlpha) {
+    return "it has an alpha channel; see-through pixels must be the one transparent color (255,0,255)";
   }
   return header.bitDepth > 8 ? "it has more than 8 bits per sample" : "";
 }
@@ -38,7 +38,7 @@ std::string FindIndexFault(const PngHeader& header, const PngRows& rows) {
     const std::uint8_t* end = rows.GetRow(y) + header.width;
     const std::size_t count = rows.GetPalette().size();
     if (std::any_of(rows.GetRow(y), end, [count](std::uint8_t index) { return index >= count; })) {
-      return "row " + std::to_string(y) + " names a colour that its palette does not have";
+      return "row " + std::to_string(y) + " names a color that its palette does not have";
     }
   }
   return "";
@@ -53,13 +53,13 @@ std::string FindPaletteFault(const PngRows& rows) {
   if (std::count(alphas.begin(), alphas.end(), 0) != 1) return "it needs exactly one transparent palette entry";
   for (std::size_t entry = 0; entry < rows.GetPalette().size(); ++entry) {
     const png_color& file = rows.GetPalette()[entry];
-    const Colour colour{file.red, file.green, file.blue};
+    const Color color{file.red, file.green, file.blue};
     const bool isTransparent = entry < alphas.size() && alphas[entry] == 0;
-    if (isTransparent && colour != kSeeThrough) {
-      return "its transparent palette entry is " + ToText(colour) + ", not (255,0,255)";
+    if (isTransparent && color != kSeeThrough) {
+      return "its transparent palette entry is " + ToText(color) + ", not (255,0,255)";
     }
-    if (!isTransparent && LooksSeeThrough(colour)) {
-      return "its opaque palette entry " + std::to_string(entry) + ", " + ToText(colour) + ", would become see-through";
+    if (!isTransparent && LooksSeeThrough(color)) {
+      return "its opaque palette entry " + std::to_string(entry) + ", " + ToText(color) + ", would become see-through";
     }
   }
   return "";
@@ -67,15 +67,15 @@ std::string FindPaletteFault(const PngRows& rows) {
 
 std::string FindKeyFault(const PngHeader& header, const PngRows& rows) {
   if (rows.GetKey() == nullptr) return "";
-  if (header.colour == PngColour::Grey) return "it is grey with a transparent grey, not with (255,0,255)";
-  const Colour key{rows.GetKey()->red, rows.GetKey()->green, rows.GetKey()->blue};
-  if (key != kSeeThrough) return "its transparent colour is " + ToText(key) + ", not (255,0,255)";
+  if (header.color == PngColor::Gray) return "it is gray with a transparent gray, not with (255,0,255)";
+  const Color key{rows.GetKey()->red, rows.GetKey()->green, rows.GetKey()->blue};
+  if (key != kSeeThrough) return "its transparent color is " + ToText(key) + ", not (255,0,255)";
   for (std::uint32_t y = 0; y < header.height; ++y) {
     for (std::uint32_t x = 0; x < header.width; ++x) {
       const std::uint8_t* sample = rows.GetRow(y) + std::size_t{3} * x;
-      const Colour colour{sample[0], sample[1], sample[2]};
-      if (colour != kSeeThrough && LooksSeeThrough(colour)) {
-        return "its opaque pixel at " + std::to_string(x) + "," + std::to_string(y) + ", " + ToText(colour) +
+      const Color color{sample[0], sample[1], sample[2]};
+      if (color != kSeeThrough && LooksSeeThrough(color)) {
+        return "its opaque pixel at " + std::to_string(x) + "," + std::to_string(y) + ", " + ToText(color) +
                ", would become see-through";
       }
     }
@@ -94,7 +94,7 @@ std::string FindPictureFault(std::span<const std::uint8_t> bytes) {
 
   const PngRows rows(check.GetBytes());
   if (!rows.IsDecoded()) return "its pixels are damaged";
-  if (header.colour != PngColour::Palette) return FindKeyFault(header, rows);
+  if (header.color != PngColor::Palette) return FindKeyFault(header, rows);
   std::string fault = FindIndexFault(header, rows);
   return fault.empty() ? FindPaletteFault(rows) : fault;
 }

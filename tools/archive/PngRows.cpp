@@ -17,7 +17,7 @@ PngRows::PngRows(std::span<const std::uint8_t> bytes)
   if (mPng != nullptr) mInfo = png_create_info_struct(mPng);
   if (mInfo == nullptr) throw std::bad_alloc();
   mDecoded = Decode();
-  if (mDecoded) TakeColours();
+  if (mDecoded) TakeColors();
 }
 
 PngRows::~PngRows() { png_destroy_read_struct(&mPng, &mInfo, nullptr); }
@@ -30,11 +30,11 @@ bool PngRows::Decode() {
   return true;
 }
 
-void PngRows::TakeColours() {
+void PngRows::TakeColors() {
   mRows = png_get_rows(mPng, mInfo);
-  png_colorp colours = nullptr;
+  png_colorp colors = nullptr;
   int count = 0;
-  if (png_get_PLTE(mPng, mInfo, &colours, &count) != 0) mPalette = {colours, static_cast<std::size_t>(count)};
+  if (png_get_PLTE(mPng, mInfo, &colors, &count) != 0) mPalette = {colors, static_cast<std::size_t>(count)};
   png_bytep alphas = nullptr;
   png_color_16p key = nullptr;
   if (png_get_tRNS(mPng, mInfo, &alphas, &count, &key) == 0) return;

@@ -7,7 +7,7 @@
 
 namespace tolva {
 
-// The pixels of a PNG picture of at most 8 bits per sample, one byte per sample, and its colours, as its file holds
+// The pixels of a PNG picture of at most 8 bits per sample, one byte per sample, and its colors, as its file holds
 // them.
 class PngRows {
  public:
@@ -23,12 +23,12 @@ class PngRows {
   std::span<const png_color> GetPalette() const { return mPalette; }
   // The palette's transparencies, 0 for see-through; shorter than the palette or empty.
   std::span<const std::uint8_t> GetAlphas() const { return mAlphas; }
-  // The one transparent colour of a picture without a palette, or null.
+  // The one transparent color of a picture without a palette, or null.
   const png_color_16* GetKey() const { return mKey; }
 
  private:
   bool Decode();
-  void TakeColours();
+  void TakeColors();
   static void ReadBytes(png_structp png, png_bytep to, png_size_t count);
 
   std::span<const std::uint8_t> mBytes;
