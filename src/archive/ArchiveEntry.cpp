@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "foundation/AtomicFile.h"
 #include "foundation/RegularFile.h"
-#include "foundation/ReplacingFile.h"
 
 namespace tolva {
 namespace {
@@ -20,7 +20,7 @@ bool ArchiveEntry::IsWithin(const RegularFile& data) const {
 
 bool ArchiveEntry::CopyTo(const RegularFile& data, const std::string& path) const {
   if (!IsWithin(data)) return false;
-  ReplacingFile target(path);
+  AtomicFile target(path);
   std::vector<char> piece(std::min(size, kPieceSize));
   for (std::uint32_t done = 0; done < size;) {
     const std::uint32_t count = std::min(size - done, kPieceSize);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "foundation/InfoHandler.h"
-#include "foundation/LogLimit.h"
+#include "foundation/LogRateLimiter.h"
 
 namespace tolva {
 
@@ -14,12 +14,12 @@ class ErrHandler {
   virtual ~ErrHandler() = default;
 
   // Logs tick, module and method of `error` (never null; its message is not logged) and deletes it, also when logging
-  // fails. A loop whose every pass fails does not fill the disk: see LogLimit.
+  // fails. A loop whose every pass fails does not fill the disk: see LogRateLimiter.
   void HandleError(Error* error);
 
  private:
   InfoHandler mInfoHandler;
-  LogLimit mLimit;
+  LogRateLimiter mLimit;
 };
 
 }  // namespace tolva

@@ -13,8 +13,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "foundation/AtomicFile.h"
 #include "foundation/Guard.h"
-#include "foundation/ReplacingFile.h"
 #include "foundation/Text.h"
 
 namespace tolva {
@@ -60,7 +60,7 @@ bool Replace(const char* path, int file, const std::string& text) {
   std::error_code fault;
   const std::filesystem::path target = std::filesystem::canonical(path, fault);
   if (isRegular && !fault) {
-    ReplacingFile replacement(target.string());
+    AtomicFile replacement(target.string());
     if (replacement.TakeRights(file)) return replacement.Write(text.data(), text.size()) && replacement.Commit();
   }
   return WriteInPlace(file, text, isRegular);

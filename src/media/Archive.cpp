@@ -7,7 +7,7 @@
 
 #include "foundation/Guard.h"
 #include "foundation/InfoHandler.h"
-#include "foundation/LogLimit.h"
+#include "foundation/LogRateLimiter.h"
 
 namespace tolva {
 namespace {
@@ -17,7 +17,7 @@ constexpr std::size_t kMaxBaseName = 251;
 
 // Archive objects come and go with screens and their parts, so what unknown ids may add to the log is counted over the
 // whole run.
-LogLimit sFailures;
+LogRateLimiter sFailures;
 
 const char* LogTextOf(ArchiveFault fault) {
   switch (fault) {

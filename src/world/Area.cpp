@@ -5,10 +5,10 @@
 #include <cstdio>
 #include <string>
 
+#include "foundation/AtomicFile.h"
 #include "foundation/ByteOrder.h"
 #include "foundation/Guard.h"
 #include "foundation/RegularFile.h"
-#include "foundation/ReplacingFile.h"
 #include "protocol/FieldPosition.h"
 #include "world/AreaFile.h"
 
@@ -105,7 +105,7 @@ bool Area::Save(const char* directory) const {
       record[kAreaFileSmoothness + k] = mFields[k].GetSmoothness();
       StoreLittle32(&record[kAreaFileVolu + 4 * k], mFields[k].GetVoluId());
     }
-    ReplacingFile file(CacheFile(directory, mPosition));
+    AtomicFile file(CacheFile(directory, mPosition));
     return file.Write(record.data(), record.size()) && file.Commit();
   });
 }

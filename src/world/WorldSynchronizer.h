@@ -6,7 +6,7 @@
 #include <string>
 
 #include "foundation/InfoHandler.h"
-#include "foundation/LogLimit.h"
+#include "foundation/LogRateLimiter.h"
 #include "protocol/AreaPackets.h"
 #include "protocol/GamePackets.h"
 #include "protocol/InternPackets.h"
@@ -80,7 +80,7 @@ class WorldSynchronizer {
   std::uint16_t mAreaSyncTotal = 0;
   std::uint16_t mAreaSyncCount = 0;
   bool mHasLoggedPlacement = false;
-  LogLimit mLostCharacters;
+  LogRateLimiter mLostCharacters;
 };
 
 }  // namespace tolva

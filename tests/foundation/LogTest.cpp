@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "foundation/Guard.h"
-#include "foundation/LogLimit.h"
+#include "foundation/LogRateLimiter.h"
 #include "foundation/Ticks.h"
 #include "support/TempDir.h"
 
@@ -50,12 +50,12 @@ TEST(Log, KeepsFailuresErrorsAndProgressCutToTheirFields) {
 }
 
 // An hour in which a loop fails every 5 ms, on a clock that runs as fast as the loop.
-TEST(LogLimit, BoundsTheLinesOfASecondAndOfARun) {
+TEST(LogRateLimiter, BoundsTheLinesOfASecondAndOfARun) {
   const TempDir dir;
   static std::uint32_t sNow;
   sNow = 0xFFFFFFFF - 5000;  // the clock wraps around meanwhile
   SetTickSource([] { return sNow; });
-  LogLimit limit;
+  LogRateLimiter limit;
   InfoHandler handler;
   std::deque<std::uint32_t> admitted;
   std::size_t count = 0, most = 0;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "foundation/ReplacingFile.h"
+#include "foundation/AtomicFile.h"
 
 namespace tolva {
 
@@ -21,8 +21,8 @@ class ArchiveWriter {
   bool Commit();
 
  private:
-  ReplacingFile mData;
-  ReplacingFile mIndex;
+  AtomicFile mData;
+  AtomicFile mIndex;
   std::uint64_t mSize = 0;
   bool mFailed = false;
 };

@@ -11,7 +11,7 @@ class InfoHandler;
 
 // Bounds how many lines one cause adds to the log, for causes that a server can repeat at will: 100 in any second and
 // 10,000 in a run. What is over is dropped, and one line a run says so. Any thread may ask.
-class LogLimit {
+class LogRateLimiter {
  public:
   // Whether the line may be written now; counts it if so. `log` gets the line that lines are missing.
   bool Admit(InfoHandler& log);

@@ -1,4 +1,4 @@
-#include "foundation/ReplacingFile.h"
+#include "foundation/AtomicFile.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -20,20 +20,20 @@ bool MayBeReplaced(const std::string& path) {
 
 }  // namespace
 
-ReplacingFile::ReplacingFile(const std::string& path) : mPath(path), mTemporaryPath(path + ".part") {
+AtomicFile::AtomicFile(const std::string& path) : mPath(path), mTemporaryPath(path + ".part") {
   if (!MayBeReplaced(mPath)) return;
   // What an earlier, killed process left is in the way of O_EXCL, which keeps the file from following a link.
   ::unlink(mTemporaryPath.c_str());
   mDescriptor = ::open(mTemporaryPath.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
 }
 
-ReplacingFile::~ReplacingFile() {
+AtomicFile::~AtomicFile() {
   if (!IsOpen()) return;
   ::close(mDescriptor);
   ::unlink(mTemporaryPath.c_str());
 }
 
-bool ReplacingFile::TakeRights(int descriptor) {
+bool AtomicFile::TakeRights(int descriptor) {
   struct stat old, own;
   if (!IsOpen() || ::fstat(descriptor, &old) != 0 || ::fstat(mDescriptor, &own) != 0) return false;
   const bool sameOwner = old.st_uid == own.st_uid && old.st_gid == own.st_gid;
@@ -42,7 +42,7 @@ bool ReplacingFile::TakeRights(int descriptor) {
          ::fchmod(mDescriptor, old.st_mode & 07777) == 0;
 }
 
-bool ReplacingFile::Write(const void* bytes, std::size_t count) {
+bool AtomicFile::Write(const void* bytes, std::size_t count) {
   const auto* next = static_cast<const char*>(bytes);
   while (count > 0 && IsOpen() && !mFailed) {
     const ssize_t written = ::write(mDescriptor, next, count);
@@ -57,7 +57,7 @@ bool ReplacingFile::Write(const void* bytes, std::size_t count) {
   return IsOpen() && !mFailed;
 }
 
-bool ReplacingFile::Commit() {
+bool AtomicFile::Commit() {
   if (!IsOpen()) return false;
   const bool closed = ::close(std::exchange(mDescriptor, -1)) == 0;
   if (closed && !mFailed && std::rename(mTemporaryPath.c_str(), mPath.c_str()) == 0) return true;

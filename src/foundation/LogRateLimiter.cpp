@@ -1,4 +1,4 @@
-#include "foundation/LogLimit.h"
+#include "foundation/LogRateLimiter.h"
 
 #include <utility>
 
@@ -13,7 +13,7 @@ constexpr std::uint32_t kSecondMs = 1000;
 
 }  // namespace
 
-bool LogLimit::Admit(InfoHandler& log) {
+bool LogRateLimiter::Admit(InfoHandler& log) {
   bool hasRoom = false;
   bool tellsSo = false;
   {
@@ -31,7 +31,7 @@ bool LogLimit::Admit(InfoHandler& log) {
   return hasRoom;
 }
 
-bool LogLimit::HasRoom(std::uint32_t now) const {
+bool LogRateLimiter::HasRoom(std::uint32_t now) const {
   if (mCount >= kLinesInARun) return false;
   return mCount < kLinesInASecond || now - mTicks[mCount % kLinesInASecond] >= kSecondMs;
 }

@@ -7,14 +7,14 @@ namespace tolva {
 
 // A file that is written under a temporary name in the same directory and takes its own name only when it is whole: a
 // write that fails leaves the old content alone, and whoever still reads the old file goes on reading it.
-class ReplacingFile {
+class AtomicFile {
  public:
   // Opens the temporary file, `path` with ".part" appended. Only a regular file, or nothing, may stand under `path`.
-  explicit ReplacingFile(const std::string& path);
+  explicit AtomicFile(const std::string& path);
   // Removes the temporary file unless it was committed.
-  ~ReplacingFile();
-  ReplacingFile(const ReplacingFile&) = delete;
-  ReplacingFile& operator=(const ReplacingFile&) = delete;
+  ~AtomicFile();
+  AtomicFile(const AtomicFile&) = delete;
+  AtomicFile& operator=(const AtomicFile&) = delete;
 
   bool IsOpen() const { return mDescriptor >= 0; }
   // Gives the new file the mode and the owner of the one that is open under the descriptor. False when it may not have
