@@ -11,7 +11,7 @@ namespace tolva {
 namespace format = archive_format;
 
 ArchiveIndex::State ArchiveIndex::Read(const std::string& path) {
-  const RegularFile file(path.c_str());
+  const RegularFile file(path);
   std::error_code ignored;
   const bool isMissing = !file.IsOpen() && !std::filesystem::exists(path, ignored);
   if (!file.IsOpen() && !isMissing) return State::Unreadable;

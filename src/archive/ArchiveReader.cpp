@@ -13,7 +13,7 @@ ArchiveReader::ArchiveReader(const std::string& baseName)
 ArchiveReader::Picture ArchiveReader::ReadPicture(std::uint32_t id) const {
   const ArchiveEntry* entry = mIndex.Find(id);
   if (entry == nullptr) return {ArchiveFault::NoEntry, {}};
-  const RegularFile data(mDataPath.c_str());
+  const RegularFile data(mDataPath);
   if (!data.IsOpen()) return {ArchiveFault::NoDataFile, {}};
   if (entry->offset > format::kMaxPictureOffset) return {ArchiveFault::OffsetTooLarge, {}};
   PngCheck check(data, entry->offset);
@@ -24,7 +24,7 @@ ArchiveReader::Picture ArchiveReader::ReadPicture(std::uint32_t id) const {
 ArchiveFault ArchiveReader::Extract(std::uint32_t id, const std::string& path) const {
   const ArchiveEntry* entry = mIndex.Find(id);
   if (entry == nullptr) return ArchiveFault::NoEntry;
-  const RegularFile data(mDataPath.c_str());
+  const RegularFile data(mDataPath);
   if (!data.IsOpen()) return ArchiveFault::NoDataFile;
   if (!entry->IsWithin(data)) return ArchiveFault::OutsideDataFile;
   return entry->CopyTo(data, path) ? ArchiveFault::None : ArchiveFault::NotWritten;

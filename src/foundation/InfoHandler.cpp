@@ -4,6 +4,9 @@
 #include <cstdio>
 #include <memory>
 
+#include <fcntl.h>
+
+#include "foundation/Descriptor.h"
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
 #include "foundation/Ticks.h"
@@ -11,14 +14,10 @@
 namespace tolva {
 namespace {
 
-constexpr const char* kLogFile = "log.clf";
+std::atomic<bool> sLogEmptied{false};
 
-std::atomic<bool> logEmptied{false};
-
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
+// `flag` is O_TRUNC or O_APPEND.
+Descriptor OpenLog(int flag) { return Descriptor(::open("log.clf", O_WRONLY | O_CREAT | O_CLOEXEC | flag, 0666)); }
 
 bool IsWritten(InfoLevel level) {
   return level == InfoLevel::Failure || level == InfoLevel::ErrorReport || level == InfoLevel::Progress;
@@ -27,7 +26,7 @@ bool IsWritten(InfoLevel level) {
 }  // namespace
 
 InfoHandler::InfoHandler() {
-  if (!logEmptied.exchange(true)) File(std::fopen(kLogFile, "wb"));
+  if (!sLogEmptied.exchange(true)) OpenLog(O_TRUNC);
 }
 
 void InfoHandler::SetModuleName(const char* name) { CopyText(mModuleName, name); }
@@ -38,10 +37,9 @@ void InfoHandler::HandleInfo(Info* info) {
     if (!IsWritten(info->GetLevel())) return;
     const int length = std::snprintf(mLine, sizeof mLine, "%010d %03d %-21s %s\n", static_cast<int>(GetTicks()),
                                      static_cast<int>(info->GetLevel()), mModuleName, info->GetText());
-    const File file(std::fopen(kLogFile, "ab"));
-    // The stream's buffer is larger than a line, so closing it appends the whole record with one write and records of
-    // different threads cannot mix.
-    if (file && length > 0) std::fwrite(mLine, 1, static_cast<std::size_t>(length), file.get());
+    const Descriptor log = OpenLog(O_APPEND);
+    // One append for the whole record, so that records of different threads cannot mix.
+    if (log.IsOpen() && length > 0) log.WriteAll(mLine, static_cast<std::size_t>(length));
   });
 }
 

@@ -1,7 +1,6 @@
 #include "foundation/Ini.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -14,56 +13,40 @@
 #include <unistd.h>
 
 #include "foundation/AtomicFile.h"
+#include "foundation/Descriptor.h"
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
 
 namespace tolva {
 namespace {
 
-constexpr std::size_t kLineCapacity = 255;  // a longer line counts as several
+constexpr std::size_t kLineCapacity = 255;  // a longer line is read as several
 
-struct CloseFile {
+struct FileCloser {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
-using File = std::unique_ptr<std::FILE, CloseFile>;
 
-class Descriptor {
- public:
-  explicit Descriptor(int number) : mNumber(number) {}
-  ~Descriptor() {
-    if (IsOpen()) ::close(mNumber);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  bool IsOpen() const { return mNumber >= 0; }
-  int Get() const { return mNumber; }
-
- private:
-  const int mNumber;
-};
-
-bool WriteInPlace(int file, const std::string& text, bool isRegular) {
-  for (std::size_t done = 0; done < text.size();) {
-    const ssize_t written = ::write(file, text.data() + done, text.size() - done);
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    done += static_cast<std::size_t>(written);
-  }
-  return !isRegular || ::ftruncate(file, static_cast<off_t>(text.size())) == 0;
-}
-
-// Puts `text` in the place of the content of the file that is open for writing under `path`.
-bool Replace(const char* path, int file, const std::string& text) {
+// Replaces the content of `file`, which is open for writing under `path`: by a new file if possible, else in place.
+bool Replace(const char* path, const Descriptor& file, const std::string& text) {
   struct stat facts;
-  const bool isRegular = ::fstat(file, &facts) == 0 && S_ISREG(facts.st_mode);
+  const bool isRegular = ::fstat(file.Get(), &facts) == 0 && S_ISREG(facts.st_mode);
   std::error_code fault;
   const std::filesystem::path target = std::filesystem::canonical(path, fault);
   if (isRegular && !fault) {
     AtomicFile replacement(target.string());
-    if (replacement.TakeRights(file)) return replacement.Write(text.data(), text.size()) && replacement.Commit();
+    if (replacement.CopyRights(file)) return replacement.Write(text.data(), text.size()) && replacement.Commit();
   }
-  return WriteInPlace(file, text, isRegular);
+  if (!file.WriteAll(text.data(), text.size())) return false;
+  return !isRegular || ::ftruncate(file.Get(), static_cast<off_t>(text.size())) == 0;
+}
+
+// The first section of that name, or null.
+template <typename Sections>
+auto* Find(Sections& sections, const char* name) {
+  const auto found = std::ranges::find_if(sections, [&](const IniSection& section) {
+    return name != nullptr && section.GetName() != nullptr && std::strcmp(section.GetName(), name) == 0;
+  });
+  return found == sections.end() ? nullptr : &*found;
 }
 
 }  // namespace
@@ -78,11 +61,11 @@ Ini::Ini(const char* fileName) {
 std::int32_t Ini::Load() {
   return Guard("Ini", "Load", [&] {
     mSections.clear();
-    // A pipe would keep us waiting, and a device may never end.
+    // Opening a pipe would wait for the other side, and reading a device might never end.
     std::error_code fault;
     if (!std::filesystem::is_regular_file(mFileName, fault)) return 0;
-    // Settings that could not be written back are not taken in either, hence "r+".
-    const File file(std::fopen(mFileName, "r+"));
+    // "r+" because settings that could not be saved are not loaded either.
+    const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(mFileName, "r+"));
     char line[kLineCapacity];
     while (file && std::fgets(line, sizeof line, file.get()) != nullptr) TakeLine(line);
     return static_cast<std::int32_t>(mSections.size());
@@ -105,9 +88,9 @@ void Ini::Save() const {
   Guard("Ini", "Save", [&] {
     std::ostringstream stream;
     for (const IniSection& section : mSections) section.Print(stream);
-    // Creates the file, also the one that a link leads to, but neither empties it nor waits for the reader of a pipe.
+    // Creates the file, through a link as well, but neither empties it nor waits for the reader of a pipe.
     const Descriptor old(::open(mFileName, O_WRONLY | O_CREAT | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, 0666));
-    if (!old.IsOpen() || !Replace(mFileName, old.Get(), stream.str())) {
+    if (!old.IsOpen() || !Replace(mFileName, old, stream.str())) {
       throw new Error("Ini", "WriteIni", "Unable to open ini file");
     }
   });
@@ -115,23 +98,16 @@ void Ini::Save() const {
 
 const char* Ini::GetValue(const char* section, const char* key) const {
   return Guard("Ini", "GetValue", [&] {
-    const IniSection* found = Find(section);
+    const IniSection* found = Find(mSections, section);
     return found == nullptr ? nullptr : found->GetValue(key);
   });
 }
 
 void Ini::SetValue(const char* section, const char* key, const char* value) {
   Guard("Ini", "SetValue", [&] {
-    if (Find(section) == nullptr) mSections.emplace_back(section);
-    const_cast<IniSection*>(Find(section))->SetValue(key, value);
+    if (Find(mSections, section) == nullptr) mSections.emplace_back(section);
+    Find(mSections, section)->SetValue(key, value);
   });
-}
-
-const IniSection* Ini::Find(const char* section) const {
-  const auto found = std::ranges::find_if(mSections, [&](const IniSection& candidate) {
-    return section != nullptr && candidate.GetName() != nullptr && std::strcmp(candidate.GetName(), section) == 0;
-  });
-  return found == mSections.end() ? nullptr : &*found;
 }
 
 }  // namespace tolva

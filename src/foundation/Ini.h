@@ -7,8 +7,8 @@
 
 namespace tolva {
 
-// A settings file of sections and key-value pairs, held in memory: read once, asked and changed, written back on
-// request. For one thread. Several sections may have the same name; look-ups and changes go to the first.
+// A settings file in memory: sections of key-value pairs, loaded once, read and changed, and saved on request. For one
+// thread. When several sections have the same name, look-ups and changes go to the first.
 class Ini {
  public:
   // Loads the file; at most 255 characters of its name are kept. A file that is missing or not writable gives an Ini
@@ -19,26 +19,25 @@ class Ini {
   Ini(const Ini&) = delete;
   Ini& operator=(const Ini&) = delete;
 
-  // Forgets everything and reads the file again. Returns the number of sections read. What is neither a section's
-  // header nor a pair is skipped.
+  // Drops everything and reads the file again, skipping lines that are neither a section's header nor a pair. Returns
+  // the number of sections read.
   std::int32_t Load();
-  // Rewrites the file from memory; what Load skipped is gone then. The new file takes the place of the old one, or of
-  // what a link leads to, when it is whole, so a full disk costs nothing. Only where no file can be made beside it, or
-  // where it is no regular file, it is written in place. Throws an Error when it cannot be written.
+  // Writes all sections to the file, without the lines that Load skipped. A new file replaces the old one, or the
+  // target of a link, when it is complete, so a full disk loses nothing. If no file can be made beside it, or it is not
+  // a regular file, it is written in place. Throws an Error when it cannot be written.
   void Save() const;
 
-  // The value as written in the file, or null when the section or the key is missing. It stays valid until the pair is
-  // changed, the file is loaded again or the Ini goes away.
+  // The value as it stands in the file, or null when the section or the key is missing. The Ini owns the text, which
+  // stays valid until the pair is changed, the file is loaded again or the Ini is destroyed.
   const char* GetValue(const char* section, const char* key) const;
-  // Sets the value; a section of a new name is added at the end.
+  // Sets the value; a section that does not exist is added at the end.
   void SetValue(const char* section, const char* key, const char* value);
 
  private:
-  const IniSection* Find(const char* section) const;
   void TakeLine(char* line);
 
   char mFileName[256];
-  std::deque<IniSection> mSections;  // a deque, so that values handed out stay where they are when sections are added
+  std::deque<IniSection> mSections;  // a deque: values that were handed out stay valid when sections are added
 };
 
 }  // namespace tolva

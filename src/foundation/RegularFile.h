@@ -2,32 +2,28 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
+
+#include "foundation/Descriptor.h"
 
 namespace tolva {
 
-// A regular file opened for reading. Anything else under the name (a directory, a pipe, a device) counts as a file that
-// cannot be opened, so that opening never waits and the size is known. Used by one thread at a time.
+// A regular file, open for reading. A directory, a pipe or a device does not open, so opening never waits and the size
+// is known. Used by one thread at a time.
 class RegularFile {
  public:
-  RegularFile() = default;
-  explicit RegularFile(const char* path) { Open(path); }
-  ~RegularFile() { Close(); }
-  RegularFile(const RegularFile&) = delete;
-  RegularFile& operator=(const RegularFile&) = delete;
+  // Not open afterwards when there is no such regular file or it may not be read.
+  explicit RegularFile(const std::string& path);
 
-  // Closes what was open before. False when there is no such regular file or it may not be read.
-  bool Open(const char* path);
-  void Close();
-
-  bool IsOpen() const { return mDescriptor >= 0; }
-  // The size in bytes when the file was opened; 0 when none is open.
+  bool IsOpen() const { return mFile.IsOpen(); }
+  // The size in bytes when the file was opened; 0 when it is not open.
   std::uint64_t GetSize() const { return mSize; }
-  // Reads exactly `count` bytes that start `offset` bytes into the file. False, with `to` undefined, when there are
-  // fewer or the reading fails.
+  // Reads exactly `count` bytes from `offset` on. When the file has fewer or reading fails, returns false and `to` is
+  // undefined.
   bool ReadAt(std::uint64_t offset, void* to, std::size_t count) const;
 
  private:
-  int mDescriptor = -1;
+  Descriptor mFile;
   std::uint64_t mSize = 0;
 };
 

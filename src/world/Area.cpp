@@ -113,7 +113,7 @@ bool Area::Save(const char* directory) const {
 bool Area::Load(const char* directory) {
   return Guard("Area", "Load", [&] {
     AreaRecord record;
-    const RegularFile file(CacheFile(directory, mPosition).c_str());
+    const RegularFile file(CacheFile(directory, mPosition));
     if (file.GetSize() != record.size() || !file.ReadAt(0, record.data(), record.size())) return false;
     const AreaRecordHead head = HeadOf(mPosition);
     if (!std::equal(head.begin(), head.end(), record.begin())) return false;

@@ -47,7 +47,7 @@ void ReadArchive(std::span<const std::uint8_t> bytes) {
   ArchiveIndex index;
   if (index.Read(path) == ArchiveIndex::State::Unreadable) std::abort();
   if (index.GetEntries().size() > bytes.size() / 12) std::abort();
-  const RegularFile data(path.c_str());
+  const RegularFile data(path);
   for (const auto& [id, entry] : index.GetEntries()) {
     const PngCheck check(data, entry.offset);
     if (check.IsSound() && check.GetBytes().size() > data.GetSize() - entry.offset) std::abort();

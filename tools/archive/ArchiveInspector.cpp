@@ -27,7 +27,7 @@ const char* FaultOf(ArchiveIndex::State state) {
 }  // namespace
 
 ArchiveInspector::ArchiveInspector(const std::string& baseName)
-    : mReader(baseName), mData(mReader.GetDataPath().c_str()), mFault(FaultOf(mReader.ReadIndex())) {
+    : mReader(baseName), mData(mReader.GetDataPath()), mFault(FaultOf(mReader.ReadIndex())) {
   if (mFault == nullptr && !mData.IsOpen()) mFault = "there is no data file (.cca) that can be read";
 }
 

@@ -56,7 +56,7 @@ void ArchivePacker::Refuse(const std::filesystem::path& path, const std::string&
 }
 
 std::vector<std::uint8_t> ArchivePacker::Load(const std::filesystem::path& path) {
-  const RegularFile file(path.c_str());
+  const RegularFile file(path);
   std::vector<std::uint8_t> bytes;
   const auto refuse = [&](const std::string& reason) {
     Refuse(path, reason);
