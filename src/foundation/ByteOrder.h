@@ -4,8 +4,8 @@
 
 namespace tolva {
 
-// Numbers as bytes, in both orders: big-endian on the wire and in PNG files, little-endian in our own files. Each
-// function reads or writes exactly as many bytes as its number has.
+// Integers as bytes: big-endian on the wire and in PNG files, little-endian in our own files. A function for n bits
+// reads or writes n / 8 bytes.
 
 constexpr void StoreBig16(std::uint8_t* to, std::uint16_t value) {
   to[0] = static_cast<std::uint8_t>(value >> 8);

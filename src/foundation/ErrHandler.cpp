@@ -16,7 +16,7 @@ ErrHandler::ErrHandler() {
 void ErrHandler::HandleError(Error* error) {
   const std::unique_ptr<Error> owned(error);
   Guard("ErrHandler", "HandleError", [&] {
-    if (!mLimit.Admit(mInfoHandler)) return;
+    if (!mLimiter.Admit(mInfoHandler)) return;
     char text[512];
     std::snprintf(text, sizeof text, "At tick %d in Module %s - Method %s\n", static_cast<int>(error->GetTick()),
                   error->GetModule(), error->GetMethod());

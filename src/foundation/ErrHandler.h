@@ -7,19 +7,19 @@ namespace tolva {
 
 class Error;
 
-// Where errors end: writes one log line per error. Each thread object owns one and is its only user.
+// Reports errors: writes one log line for each. Each thread object owns one and is its only user.
 class ErrHandler {
  public:
   ErrHandler();
   virtual ~ErrHandler() = default;
 
-  // Logs tick, module and method of `error` (never null; its message is not logged) and deletes it, also when logging
-  // fails. A loop whose every pass fails does not fill the disk: see LogRateLimiter.
+  // Logs tick, module and method of `error` (never null) but not its message, and deletes it, even if logging fails.
+  // The rate limiter keeps a loop that fails in every pass from filling the disk.
   void HandleError(Error* error);
 
  private:
   InfoHandler mInfoHandler;
-  LogRateLimiter mLimit;
+  LogRateLimiter mLimiter;
 };
 
 }  // namespace tolva

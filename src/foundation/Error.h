@@ -4,8 +4,8 @@
 
 namespace tolva {
 
-// A failure on its way to a reporter: where and when it was first seen, and what is known about it.
-// Created with `new` and thrown as a pointer; the ErrHandler that reports it deletes it. Never crosses threads.
+// A failure on its way to the place that reports it: where and when it was first seen, and a message. Created with
+// `new` and thrown as a pointer; the ErrHandler that reports it deletes it. Never crosses threads.
 class Error {
  public:
   // Longer texts are cut to 127, 127 and 511 characters.

@@ -2,7 +2,7 @@
 
 namespace tolva {
 
-// Holds a flag at `value` for a scope and leaves it at the opposite, also when an error leaves the scope.
+// Sets a flag to `value` for the scope of the object and to the opposite at the scope's end, after an error too.
 class FlagScope {
  public:
   FlagScope(bool& flag, bool value) : mFlag(flag), mValue(value) { mFlag = mValue; }

@@ -8,7 +8,7 @@
 namespace tolva {
 
 // One section of an ini file: a name and key-value pairs in the order in which they were added. Names and keys are
-// compared exactly. Null texts given as key or value count as empty.
+// case-sensitive. A null key or value counts as empty.
 class IniSection {
  public:
   // A null name leaves the section without one.
@@ -22,12 +22,13 @@ class IniSection {
   // Null for a section without a name.
   const char* GetName() const { return mName ? mName->c_str() : nullptr; }
 
-  // The key's value, or null. It stays valid until this key is set again or the section goes away.
+  // The key's value, or null. The section owns the text, which stays valid until the key is set again or the section is
+  // destroyed.
   const char* GetValue(const char* key) const;
   // Replaces the value of an existing key, or appends the pair.
   void SetValue(const char* key, const char* value);
 
-  // Writes the section as it stands in a file: the name in brackets, if there is one, then a line for each pair.
+  // Writes the section in the file's form: the name in brackets, if it has one, then a line for each pair.
   void Print(std::ostream& stream) const;
 
  private:
@@ -37,7 +38,7 @@ class IniSection {
   };
 
   std::optional<std::string> mName;
-  std::deque<Pair> mPairs;  // a deque, so that the texts handed out stay where they are when pairs are added
+  std::deque<Pair> mPairs;  // a deque: texts that were handed out stay valid when pairs are added
 };
 
 }  // namespace tolva

@@ -8,32 +8,26 @@
 namespace tolva {
 namespace {
 
-constexpr std::size_t kLinesInARun = 10'000;
 constexpr std::uint32_t kSecondMs = 1000;
 
 }  // namespace
 
 bool LogRateLimiter::Admit(InfoHandler& log) {
-  bool hasRoom = false;
-  bool tellsSo = false;
-  {
-    const std::lock_guard lock(mMutex);
-    const std::uint32_t now = GetTicks();
-    hasRoom = HasRoom(now);
-    if (hasRoom) {
-      mTicks[mCount++ % kLinesInASecond] = now;
-    } else {
-      tellsSo = !std::exchange(mHasToldSo, true);
-    }
+  const std::lock_guard lock(mMutex);
+  const std::uint32_t now = GetTicks();
+  if (HasRoom(now)) {
+    mTicks[mCount++ % kMaxLinesPerSecond] = now;
+    return true;
   }
-  if (tellsSo)
+  if (!std::exchange(mHasReported, true)) {
     log.HandleInfo(new Info("Too many lines of one kind: some are left out from here on", InfoLevel::Failure));
-  return hasRoom;
+  }
+  return false;
 }
 
 bool LogRateLimiter::HasRoom(std::uint32_t now) const {
-  if (mCount >= kLinesInARun) return false;
-  return mCount < kLinesInASecond || now - mTicks[mCount % kLinesInASecond] >= kSecondMs;
+  if (mCount >= kMaxLinesPerRun) return false;
+  return mCount < kMaxLinesPerSecond || now - mTicks[mCount % kMaxLinesPerSecond] >= kSecondMs;
 }
 
 }  // namespace tolva

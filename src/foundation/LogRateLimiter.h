@@ -9,22 +9,23 @@ namespace tolva {
 
 class InfoHandler;
 
-// Bounds how many lines one cause adds to the log, for causes that a server can repeat at will: 100 in any second and
-// 10,000 in a run. What is over is dropped, and one line a run says so. Any thread may ask.
+// A rate limiter for log lines whose cause a server can repeat at will: at most 100 in any second and 10,000 in a run.
+// Lines beyond that are dropped, and one line a run says so. Any thread may call it.
 class LogRateLimiter {
  public:
-  // Whether the line may be written now; counts it if so. `log` gets the line that lines are missing.
+  // Whether the line may be written now; counts it if so. `log` takes the line that says that lines are missing.
   bool Admit(InfoHandler& log);
 
  private:
   bool HasRoom(std::uint32_t now) const;
 
-  static constexpr std::size_t kLinesInASecond = 100;
+  static constexpr std::size_t kMaxLinesPerSecond = 100;
+  static constexpr std::size_t kMaxLinesPerRun = 10'000;
 
   std::mutex mMutex;
-  std::array<std::uint32_t, kLinesInASecond> mTicks = {};  // of the newest lines, each at its number modulo 100
+  std::array<std::uint32_t, kMaxLinesPerSecond> mTicks = {};  // ring buffer of when the newest lines were admitted
   std::size_t mCount = 0;
-  bool mHasToldSo = false;
+  bool mHasReported = false;
 };
 
 }  // namespace tolva

@@ -6,7 +6,7 @@
 namespace tolva {
 
 // Copies a zero-terminated text into a buffer of `capacity` bytes (at least 1), cut to capacity - 1 characters and
-// always terminated. A null text counts as empty. The two may overlap: a setter may be given its own buffer.
+// always terminated. A null text counts as empty. Text and buffer may overlap: a setter may be given its own buffer.
 inline void CopyText(char* to, std::size_t capacity, const char* from) {
   const std::size_t length = from == nullptr ? 0 : strnlen(from, capacity - 1);
   if (length > 0) std::memmove(to, from, length);

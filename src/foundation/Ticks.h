@@ -4,12 +4,12 @@
 
 namespace tolva {
 
-// Milliseconds since the program's start: the clock behind everything that waits, blinks, slides or is stamped. Wraps
-// around after 49 days, so compare differences. Any thread.
+// Milliseconds since the program started, for timeouts, animations and time stamps. Wraps around after 49 days, so
+// compare differences. Any thread may call it.
 std::uint32_t GetTicks();
 
-// Makes GetTicks ask `source`; null goes back to a steady clock that starts with the process. The client sets SDL's
-// clock before it writes its first log line; tests set one that they move by hand.
+// Makes GetTicks read `source`, or, given null, a steady clock that starts with the process. The client sets SDL's
+// clock before it writes its first log line; tests set a clock that they advance themselves.
 void SetTickSource(std::uint32_t (*source)());
 
 }  // namespace tolva
