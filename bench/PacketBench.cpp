@@ -55,7 +55,7 @@ void MailboxPutGet(benchmark::State& state) {
   PacketQuit packet;
   for (auto _ : state) {
     mailbox.Put(&packet);
-    benchmark::DoNotOptimize(mailbox.Get());
+    benchmark::DoNotOptimize(mailbox.Get().release());
   }
 }
 BENCHMARK(MailboxPutGet);

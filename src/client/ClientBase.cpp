@@ -58,7 +58,7 @@ void ClientBase::HandleMyMailbox() {
   Guard("ClientBase", "HandleMyMailbox", [&] {
     // What then waits here is as good as coming in.
     if (IsDisplayBehind()) return mRequests.NoteReceived(GetTicks());
-    std::unique_ptr<Packet> packet(FetchMail());
+    std::unique_ptr<Packet> packet = FetchMail();
     if (packet == nullptr) return;
     if (packet->mObjSource == &mServerMailbox) return HandleMailFromServer(std::move(packet));
     if (IsFromDisplay(*packet)) return HandleMailFromDisplay(std::move(packet));

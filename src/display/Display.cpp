@@ -242,9 +242,9 @@ void Display::RunPass() {
 
 // Who wants to quit does not wait until everything else in the mail has been drawn, one packet a frame.
 std::unique_ptr<Packet> Display::NextMail() {
-  std::unique_ptr<Packet> packet(FetchMail());
+  std::unique_ptr<Packet> packet = FetchMail();
   while (mAskedToQuit && packet != nullptr && PacketCast<PacketQuit>(packet.get()) == nullptr) {
-    packet.reset(FetchMail());
+    packet = FetchMail();
   }
   return packet;
 }

@@ -26,7 +26,7 @@ void Screen::SetDarkness(std::uint8_t darkness) { mDarkness = darkness; }
 
 void Screen::SetSoundEnabled(bool enabled) { mSoundEnabled = enabled; }
 
-Packet* Screen::GetNextPacket() {
+std::unique_ptr<Packet> Screen::GetNextPacket() {
   return Guard("Screen", "GetNextPacket", [&] { return mOutgoing.Get(); });
 }
 

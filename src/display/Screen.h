@@ -43,7 +43,7 @@ class Screen : public ControlBasic {
   virtual void TerminateComponents() {}
 
   // The oldest packet for the controller, which the caller owns, or null.
-  Packet* GetNextPacket();
+  std::unique_ptr<Packet> GetNextPacket();
 
  protected:
   // Queues the packet for the controller; deletes it when it cannot be queued.

@@ -44,7 +44,7 @@ void SoundManager::Run() {
 
 void SoundManager::HandleMyMailbox() {
   Guard(kModule, "HandleMyMailbox", [&] {
-    const std::unique_ptr<const Packet> packet(FetchMail());
+    const std::unique_ptr<Packet> packet = FetchMail();
     if (packet == nullptr) return;
     LogTraffic("Recieved from mailbox", *packet);
     HandlePacket(*packet);

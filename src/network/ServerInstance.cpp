@@ -39,7 +39,7 @@ void ServerInstance::Run() {
 
 void ServerInstance::HandleMyMailbox() {
   Guard("ServerInstance", "HandleMyMailbox", [&] {
-    std::unique_ptr<Packet> packet(FetchMail());
+    std::unique_ptr<Packet> packet = FetchMail();
     if (packet == nullptr || !IsGenuine(*packet)) return;
     LogTraffic("Recieved from mailbox", *packet);
     if (const auto* central = PacketCast<PacketInternCentralMailbox>(packet.get())) {

@@ -34,7 +34,7 @@ void SocketControl::Run() {
 
 void SocketControl::HandleMyMailbox() {
   Guard("SocketControl", "HandleMyMailbox", [&] {
-    const std::unique_ptr<Packet> packet(FetchMail());
+    const std::unique_ptr<Packet> packet = FetchMail();
     if (packet == nullptr) return;
     if (mCentralMailbox == nullptr) mCentralMailbox = packet->mObjSource;
     if (IsIntern(*packet)) {

@@ -15,7 +15,7 @@ std::int32_t connectionCount = 0;
 
 // Accepted sockets that nobody adopted would stay open when their packets are deleted.
 void CloseUnadopted(Mailbox& mailbox) {
-  while (const std::unique_ptr<Packet> packet{mailbox.Get()}) {
+  while (const auto packet = mailbox.Get()) {
     const auto* connection = PacketCast<PacketInternNewConnection>(packet.get());
     if (connection != nullptr && connection->mSdlSock != nullptr) SDLNet_TCP_Close(connection->mSdlSock);
   }
@@ -70,7 +70,7 @@ void TcpConnection::Send(std::unique_ptr<Packet> packet) {
 
 std::unique_ptr<Packet> TcpConnection::Recieve() {
   return Guard("TcpConnection", "Recieve", [&] {
-    std::unique_ptr<Packet> packet(FetchMail());
+    std::unique_ptr<Packet> packet = FetchMail();
     if (const auto* info = PacketCast<PacketInternConnectionInfo>(packet.get())) {
       mPeerHost = info->mUintHost;
       mPeerPort = info->mUintPort;
@@ -80,7 +80,7 @@ std::unique_ptr<Packet> TcpConnection::Recieve() {
   });
 }
 
-Packet* TcpConnection::FetchMail() {
+std::unique_ptr<Packet> TcpConnection::FetchMail() {
   return Guard("TcpConnection", "FetchMail", [&] { return mIncoming.Get(); });
 }
 

@@ -45,7 +45,7 @@ class TcpConnection {
   std::uint16_t GetPeerPort() const { return mPeerPort; }
 
   // The oldest packet of the incoming mailbox, which the caller owns, or null.
-  Packet* FetchMail();
+  std::unique_ptr<Packet> FetchMail();
   // Stamps the packet with the incoming mailbox, where the socket control then reports to, and puts it into `target`.
   // False when that fails: the packet stays the caller's.
   bool SendMail(Mailbox* target, Packet* packet);

@@ -1,38 +1,33 @@
 #include "threads/Mailbox.h"
 
+#include <utility>
+
 #include "foundation/Guard.h"
-#include "protocol/Packet.h"
 
 namespace tolva {
-
-Mailbox::~Mailbox() {
-  for (const Packet* packet : mQueue) delete packet;
-}
 
 bool Mailbox::Put(Packet* packet) {
   return Guard("Mailbox", "Put", [&] {
     const SemaphoreLock lock(mSemaphore);
     if (!lock.IsHeld()) return false;
-    mQueue.push_back(packet);
-    ++mCount;
+    mQueue.emplace_back(packet);
     return true;
   });
 }
 
-Packet* Mailbox::Get() {
-  return Guard("Mailbox", "Get", [&]() -> Packet* {
+std::unique_ptr<Packet> Mailbox::Get() {
+  return Guard("Mailbox", "Get", [&]() -> std::unique_ptr<Packet> {
     const SemaphoreLock lock(mSemaphore);
-    if (!lock.IsHeld() || mCount == 0) return nullptr;
-    Packet* packet = mQueue.front();
+    if (!lock.IsHeld() || mQueue.empty()) return nullptr;
+    std::unique_ptr<Packet> packet = std::move(mQueue.front());
     mQueue.pop_front();
-    --mCount;
     return packet;
   });
 }
 
 std::uint32_t Mailbox::GetCount() {
   const SemaphoreLock lock(mSemaphore);
-  return lock.IsHeld() ? mCount : 0;
+  return lock.IsHeld() ? static_cast<std::uint32_t>(mQueue.size()) : 0;
 }
 
 }  // namespace tolva

@@ -2,38 +2,36 @@
 
 #include <cstdint>
 #include <deque>
+#include <memory>
 
+#include "protocol/Packet.h"
 #include "threads/Semaphore.h"
 
 namespace tolva {
 
-struct Packet;
-
-// So many packets waiting mean that the reader does not keep up: whoever feeds the mailbox from the network side then
-// stops reading its own source. A fast server so costs bounded memory, and what the player does waits behind few
-// packets.
+// Back-pressure: with this many packets waiting, the reader does not keep up, and whoever feeds the mailbox from the
+// network stops reading its own source. So a fast server costs bounded memory, and the player's own packets wait behind
+// few others.
 constexpr std::uint32_t kMailboxHighWater = 64;
 
-// A first-in, first-out queue of packets. Any thread may put; one thread reads. Owns what is queued, and deletes what
-// is left when it is destroyed.
+// A first-in, first-out queue of packets, which it owns. Any thread may put packets in; one thread takes them out.
 class Mailbox {
  public:
   Mailbox() = default;
-  virtual ~Mailbox();
+  virtual ~Mailbox() = default;
 
   Mailbox(const Mailbox&) = delete;
   Mailbox& operator=(const Mailbox&) = delete;
 
-  // Appends the packet and owns it from then on. False when the lock fails: the packet stays the caller's.
+  // Appends the packet and takes ownership of it. False when the lock fails: the caller then still owns it.
   bool Put(Packet* packet);
-  // The oldest packet, which the caller owns, or null. Never waits for mail.
-  Packet* Get();
-  // How many packets wait.
+  // Takes the oldest packet out. Null when there is none; never waits for mail.
+  std::unique_ptr<Packet> Get();
+  // The number of packets waiting.
   std::uint32_t GetCount();
 
  private:
-  std::deque<Packet*> mQueue;
-  std::uint32_t mCount = 0;
+  std::deque<std::unique_ptr<Packet>> mQueue;
   Semaphore mSemaphore;
 };
 

@@ -4,7 +4,7 @@
 
 namespace tolva {
 
-Packet* ManagerThread::FetchMail() {
+std::unique_ptr<Packet> ManagerThread::FetchMail() {
   return Guard("ManagerThread", "FetchMail", [&] { return mMailbox->Get(); });
 }
 
@@ -16,7 +16,7 @@ bool ManagerThread::SendMail(Mailbox* target, Packet* packet) {
 }
 
 void ManagerThread::Send(Mailbox* target, std::unique_ptr<Packet> packet) {
-  if (SendMail(target, packet.get())) static_cast<void>(packet.release());
+  if (SendMail(target, packet.get())) static_cast<void>(packet.release());  // the target owns it now
 }
 
 void ManagerThread::LogTraffic(const char* what, const Packet& packet) {

@@ -15,27 +15,29 @@
 
 namespace tolva {
 
-// The base of the client's thread objects: a thread that reads one mailbox, sends packets to others, and carries its
-// own error handler, log writer and packet printer. Everything but construction happens on the object's own thread.
+// Base class of the client's threads. To a Thread it adds what each of them needs: a mailbox of its own, operations
+// that send and log packets, and a loop that survives errors. After construction, only the thread itself uses the
+// object.
 class ManagerThread : public Thread {
  public:
-  // `mailbox` is read by this thread; it belongs to whoever made it and must outlive the thread.
+  // Borrows `mailbox`, from which this thread takes its mail; it must outlive the thread.
   explicit ManagerThread(Mailbox* mailbox) : mMailbox(mailbox) {}
 
-  // Handles the mail of one pass: at most one packet.
+  // Called in each pass of the loop: handles at most one packet.
   virtual void HandleMyMailbox() {}
 
-  // The oldest packet of the own mailbox, which the caller owns, or null.
-  Packet* FetchMail();
-  // Stamps the packet with the own mailbox as its source and puts it into `target`. False when there is no target or
-  // its lock fails: the packet stays the caller's.
+  // Takes the oldest packet out of this thread's mailbox. Null when there is none.
+  std::unique_ptr<Packet> FetchMail();
+  // Makes this thread's mailbox the packet's source and puts it into `target`, which owns it from then on. False when
+  // there is no target or its lock fails: the caller then still owns the packet.
   bool SendMail(Mailbox* target, Packet* packet);
 
  protected:
-  // Sends, and deletes what cannot be sent.
+  // Sends the packet, or deletes it if it cannot be sent.
   void Send(Mailbox* target, std::unique_ptr<Packet> packet);
 
-  // The thread loop: while the running flag is set, pauses and runs `pass`. An error ends its pass, never the loop.
+  // The thread's loop: pauses, then runs `pass`, until the running flag is cleared. An error ends its pass, not the
+  // loop.
   template <typename Pass>
   void RunPasses(const char* module, std::uint32_t pauseMs, Pass&& pass) {
     while (mRunning) {
@@ -47,7 +49,7 @@ class ManagerThread : public Thread {
   }
 
   void Log(InfoLevel level, const char* text) { mInfoHandler.HandleInfo(new Info(text, level)); }
-  // Logs "`what`: " and the packet's text form as packet traffic.
+  // Logs `what`, a colon and the packet's text form as packet traffic.
   void LogTraffic(const char* what, const Packet& packet);
 
   Mailbox* const mMailbox;

@@ -6,12 +6,10 @@ namespace tolva {
 
 Semaphore::Semaphore() : mSemaphore(SDL_CreateSemaphore(1)) {}
 
-Semaphore::~Semaphore() {
-  if (mSemaphore != nullptr) SDL_DestroySemaphore(mSemaphore);
-}
+void Semaphore::Destroyer::operator()(SDL_semaphore* semaphore) const { SDL_DestroySemaphore(semaphore); }
 
-int Semaphore::Wait() { return SDL_SemWait(mSemaphore); }
+int Semaphore::Wait() { return SDL_SemWait(mSemaphore.get()); }
 
-int Semaphore::Post() { return SDL_SemPost(mSemaphore); }
+int Semaphore::Post() { return SDL_SemPost(mSemaphore.get()); }
 
 }  // namespace tolva

@@ -1,29 +1,34 @@
 #pragma once
 
+#include <memory>
+
 struct SDL_semaphore;
 
 namespace tolva {
 
-// A lock over an SDL semaphore that starts free. Not re-entrant.
+// A lock made of an SDL semaphore; free after construction. Not reentrant.
 class Semaphore {
  public:
   Semaphore();
-  virtual ~Semaphore();
+  virtual ~Semaphore() = default;
 
   Semaphore(const Semaphore&) = delete;
   Semaphore& operator=(const Semaphore&) = delete;
 
-  // Takes the lock, waiting until it is free. 0, or -1 when SDL reports a failure.
+  // Waits until the lock is free and takes it. Returns 0, or -1 when SDL reports a failure.
   int Wait();
-  // Gives the lock back. 0, or -1 when SDL reports a failure.
+  // Releases the lock. Returns 0, or -1 when SDL reports a failure.
   int Post();
 
  private:
-  SDL_semaphore* mSemaphore;
+  struct Destroyer {
+    void operator()(SDL_semaphore* semaphore) const;
+  };
+
+  std::unique_ptr<SDL_semaphore, Destroyer> mSemaphore;
 };
 
-// Holds a semaphore from its construction to its destruction. Not held when taking it failed: ask before touching what
-// it guards.
+// Holds a semaphore for the scope of the object. Taking it can fail: check IsHeld before using what it guards.
 class SemaphoreLock {
  public:
   explicit SemaphoreLock(Semaphore& semaphore) : mSemaphore(semaphore), mHeld(semaphore.Wait() == 0) {}

@@ -119,12 +119,12 @@ class DisplayFixture : public ::testing::Test {
   // The codes of what was sent to the controller since the last call.
   std::vector<PacketCode> Sent() {
     std::vector<PacketCode> codes;
-    while (const std::unique_ptr<Packet> packet{mController.Get()}) codes.push_back(packet->mEnmCode);
+    while (const auto packet = mController.Get()) codes.push_back(packet->mEnmCode);
     return codes;
   }
   template <typename T>
   const T& NextSent() {
-    mNextSent.reset(mController.Get());
+    mNextSent = mController.Get();
     return dynamic_cast<const T&>(*mNextSent);
   }
 

@@ -27,9 +27,9 @@ class Correspondent {
 
   // The next report, or null when none comes.
   std::unique_ptr<Packet> Next() {
-    Packet* packet = nullptr;
+    std::unique_ptr<Packet> packet;
     WaitUntil([&] { return (packet = mOwn.Get()) != nullptr; });
-    return std::unique_ptr<Packet>(packet);
+    return packet;
   }
   // The codes of the next so many reports; fewer when they do not come.
   std::vector<PacketCode> Next(std::size_t count) {

@@ -37,7 +37,7 @@ class FailingThread final : public ManagerThread {
     RunPasses("FailingThread", 1, [&] { HandleMyMailbox(); });
   }
   void HandleMyMailbox() override {
-    const std::unique_ptr<Packet> packet(FetchMail());
+    const auto packet = FetchMail();
     if (PacketCast<PacketQuit>(packet.get()) != nullptr) mRunning = false;
     if (PacketCast<PacketChatMsg>(packet.get()) != nullptr) throw std::runtime_error("a bad line");
   }
