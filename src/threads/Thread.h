@@ -4,7 +4,7 @@ struct SDL_Thread;
 
 namespace tolva {
 
-// An object that runs its Run on a thread of its own. The destructor neither stops the thread nor waits for it.
+// An object with a thread of its own, which runs its Run. Destruction neither stops the thread nor waits for it.
 class Thread {
  public:
   Thread() = default;
@@ -16,25 +16,25 @@ class Thread {
   // The body of the thread.
   virtual void Run() {}
 
-  // What SDL calls on the new thread; the argument is the Thread. Nothing thrown by Run leaves it: an exception that
-  // left a thread's function would end the process.
+  // The function that SDL runs on the new thread; the argument is the Thread. Reports what Run throws, because an
+  // exception that leaves a thread's function ends the process.
   static int Invoke(void* thread);
 
-  // Waits for the thread to end, at once when it was never started or was waited for before; its status goes to
-  // `status` unless that is null.
+  // Waits for the thread to end; returns at once if it was never started or has been waited for. Stores the thread's
+  // status in `status` unless that is null.
   void WaitThread(int* status);
 
-  // Whether the thread was started, with all others that the object needs. For the thread that made the object, before
-  // WaitThread.
+  // Whether the thread, and any other that the object needs, could be started. For the thread that made the object,
+  // before WaitThread.
   virtual bool HasStarted() const { return mThread != nullptr; }
 
  protected:
-  // Starts the thread: the last step of a concrete class's constructor, when all its members are ready. Throws an Error
-  // when SDL cannot.
+  // Starts the thread. The last step of a concrete class's constructor, when all members are ready. Throws an Error
+  // when SDL cannot start it.
   void Start();
 
  private:
-  SDL_Thread* mThread = nullptr;
+  SDL_Thread* mThread = nullptr;  // SDL's; WaitThread lets SDL free it
 };
 
 }  // namespace tolva
