@@ -30,7 +30,7 @@ SurfacePtr Copy(const SurfacePtr& surface) {
 }
 
 void Dress(SDL_Surface& target, Archive& archive, PictureId left, PictureId tile, PictureId right) {
-  TileAcross(SurfacePtr(archive.LoadImage(tile)).get(), target);
+  TileAcross(archive.LoadImage(tile).get(), target);
   if (const SurfacePtr end{archive.LoadImage(left)}) CopyWhole(end.get(), &target, 0, 0);
   if (const SurfacePtr end{archive.LoadImage(right)}) CopyWhole(end.get(), &target, target.w - end->w, 0);
 }

@@ -8,7 +8,7 @@ namespace tolva {
 Button::Button(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height, std::uint32_t pictureId,
                InfoHandler* infoHandler)
     : Widget(x, y, width, height), mArchive(std::make_unique<Archive>("Graphics", infoHandler)) {
-  Guard("Button", "Button", [&] { mSurface.reset(mArchive->LoadImage(pictureId)); });
+  Guard("Button", "Button", [&] { mSurface = mArchive->LoadImage(pictureId); });
 }
 
 void Button::Blit(SDL_Surface* target) {

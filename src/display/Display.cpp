@@ -136,7 +136,7 @@ bool Display::CreateMainSurface() {
 }
 
 void Display::LoadPointer() {
-  mPointerSurface.reset(mArchive->LoadImage(kPicturePointer));
+  mPointerSurface = mArchive->LoadImage(kPicturePointer);
   if (mPointerSurface != nullptr) SDL_ShowCursor(0);
 }
 

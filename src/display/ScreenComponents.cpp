@@ -12,7 +12,7 @@ namespace tolva {
 SDL_Surface* ScreenComponents::GetPicture(PictureId id) {
   if (id == kNoPicture) return nullptr;
   const auto [entry, isNew] = mPictures.try_emplace(id);
-  if (isNew) entry->second.reset(mArchive.LoadImage(id));
+  if (isNew) entry->second = mArchive.LoadImage(id);
   return entry->second.get();
 }
 

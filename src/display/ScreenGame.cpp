@@ -80,8 +80,8 @@ void ScreenGame::InitializeComponents() {
                                             255, 255, 255, 256, "", mLogger);
     mInputLine->SetActive(true);
     mGround = std::make_unique<GroundGrid>(*mGraphics, *mRepository, *mLogger);
-    mProgressFrame.reset(mArchive->LoadImage(kPictureProgressFrame));
-    mProgressBar.reset(mArchive->LoadImage(kPictureProgressBar));
+    mProgressFrame = mArchive->LoadImage(kPictureProgressFrame);
+    mProgressBar = mArchive->LoadImage(kPictureProgressBar);
     mHistory = std::make_unique<MessageHistory>(*mArchive, window, mLogger);
     BuildMsgHistory(0);
   });

@@ -49,19 +49,19 @@ bool Archive::ReadIndex() {
   return Guard(kModule, "ReadIndex", [&] { return mReader.ReadIndex() != ArchiveIndex::State::Unreadable; });
 }
 
-SDL_Surface* Archive::LoadImage(std::uint32_t id) {
-  return Guard(kModule, "LoadImage", [&]() -> SDL_Surface* {
+SurfacePtr Archive::LoadImage(std::uint32_t id) {
+  return Guard(kModule, "LoadImage", [&]() -> SurfacePtr {
     const SurfacePtr picture = Decode(id);
     if (picture == nullptr) return nullptr;
     // Without a video mode there is no format to convert to, and SDL would crash.
-    SDL_Surface* converted = SDL_GetVideoSurface() == nullptr ? nullptr : SDL_DisplayFormat(picture.get());
+    SurfacePtr converted(SDL_GetVideoSurface() == nullptr ? nullptr : SDL_DisplayFormat(picture.get()));
     if (converted == nullptr) LogFailure(ArchiveFault::UnsoundPicture);
     return converted;
   });
 }
 
-SDL_Surface* Archive::DecodeImage(std::uint32_t id) {
-  return Guard(kModule, "DecodeImage", [&] { return Decode(id).release(); });
+SurfacePtr Archive::DecodeImage(std::uint32_t id) {
+  return Guard(kModule, "DecodeImage", [&] { return Decode(id); });
 }
 
 bool Archive::Extract(std::uint32_t id, const char* path) {

@@ -26,16 +26,17 @@ class Archive {
   // index then stays as it was.
   bool ReadIndex();
 
-  // The picture `id` in the display's format, which needs a video mode; the caller frees it with SDL_FreeSurface (or
-  // puts it into a SurfacePtr at once). Null, with a log line that says why, when there is no such picture.
-  SDL_Surface* LoadImage(std::uint32_t id);
+  // The picture `id` in the display's format, which needs a video mode. Null when it cannot be loaded; a log line says
+  // why.
+  SurfacePtr LoadImage(std::uint32_t id);
 
-  // The same picture as the file holds it, without conversion: for the window icon, which is set before the display has
-  // a format.
-  SDL_Surface* DecodeImage(std::uint32_t id);
+  // The picture `id` as its file holds it, without conversion: for the window icon, which must be set before there is a
+  // video mode. Fails as LoadImage does.
+  SurfacePtr DecodeImage(std::uint32_t id);
 
-  // Copies entry `id` into the file `path`, replacing its content: for libraries that load from files only. False, with
-  // the target left alone, when there is no such entry, it does not lie inside the data file, or it cannot be written.
+  // Copies entry `id` into the file `path`, replacing its content: for libraries that load from files only. False when
+  // there is no such entry, it does not lie inside the data file, or the target cannot be written; the target then
+  // stays as it was.
   bool Extract(std::uint32_t id, const char* path);
 
  private:

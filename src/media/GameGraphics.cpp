@@ -129,7 +129,7 @@ void GameGraphics::SetDarkness(std::uint8_t darkness) {
 
 bool GameGraphics::LoadGraphic(std::uint32_t id) {
   return Guard(kModule, "LoadGraphic", [&] {
-    const SurfacePtr loaded(mArchive->LoadImage(id));
+    const SurfacePtr loaded = mArchive->LoadImage(id);
     if (loaded == nullptr) return false;
     GraphicEntry entry;
     entry.source = Copy(loaded);

@@ -48,7 +48,7 @@ TEST_F(ArchiveTest, SaysInTheLogWhyAPictureIsMissing) {
     std::filesystem::remove("log.clf");
     WriteFile("Graphics.cci", test.index);
     if (test.data) WriteFile("Graphics.cca", *test.data);
-    const SurfacePtr picture(mArchive.LoadImage(7));
+    const SurfacePtr picture = mArchive.LoadImage(7);
     EXPECT_EQ(picture != nullptr, test.message.empty()) << &test - cases;
     const std::string line = test.message.empty() ? "" : " 001 " + std::string(22, ' ') + test.message;
     const std::string log = ReadFile("log.clf");
@@ -63,7 +63,7 @@ TEST_F(ArchiveTest, KeepsTheSeeThroughColorOfAPicture) {
       MakePng({.color = PngColor::Palette, .palette = {255, 0, 255, 0, 255, 0}, .seeThrough = {0}, .samples = {0, 1}});
   for (const std::string& png : {rgb, indexed}) {
     WriteArchive("Graphics", 7, png);
-    const SurfacePtr picture(mArchive.LoadImage(7));
+    const SurfacePtr picture = mArchive.LoadImage(7);
     ASSERT_NE(picture, nullptr);
     EXPECT_EQ(picture->format->BitsPerPixel, SDL_GetVideoSurface()->format->BitsPerPixel);
     EXPECT_TRUE(picture->flags & SDL_SRCCOLORKEY);
@@ -77,7 +77,7 @@ TEST_F(ArchiveTest, KeepsTheSeeThroughColorOfAPicture) {
 TEST_F(ArchiveTest, TheIconNeedsNoVideoMode) {
   WriteArchive("Graphics", 7, MakePng({.width = 32, .height = 32}));
   ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_VIDEO), 0);
-  const SurfacePtr icon(mArchive.DecodeImage(7));
+  const SurfacePtr icon = mArchive.DecodeImage(7);
   ASSERT_NE(icon, nullptr);
   EXPECT_EQ(icon->w, 32);
   EXPECT_EQ(mArchive.LoadImage(7), nullptr);
