@@ -3,8 +3,7 @@
 #include <cstdio>
 
 #include "foundation/Guard.h"
-#include "protocol/LoginPackets.h"
-#include "protocol/MusicPackets.h"
+#include "protocol/PacketDispatch.h"
 
 namespace tolva {
 namespace {
@@ -16,7 +15,7 @@ constexpr std::uint32_t kPauseMs = 100;
 constexpr int kSamplesPerSecond = 22050;
 constexpr int kStereo = 2;
 constexpr int kChunkSize = 4096;
-// Without end, as far as a player can tell.
+// As good as endless for a player.
 constexpr int kLoops = 65536;
 
 }  // namespace
@@ -35,7 +34,7 @@ SoundManager::~SoundManager() {
 
 void SoundManager::Run() {
   Log(InfoLevel::Progress, "Running");
-  // A machine without an audio device plays nothing; its orders are still taken, and it quits as any other.
+  // Without an audio device the thread goes on, so that it still takes its mail and quits.
   mAudioOpen = Report(mErrHandler, kModule, "Run", [&] { InitAudio(); });
   RunPasses(kModule, kPauseMs, [&] { HandleMyMailbox(); });
   StopMusic();
@@ -47,21 +46,13 @@ void SoundManager::HandleMyMailbox() {
     const std::unique_ptr<Packet> packet = FetchMail();
     if (packet == nullptr) return;
     LogTraffic("Recieved from mailbox", *packet);
-    HandlePacket(*packet);
+    Dispatch(
+        *packet, [&](const PacketMusicPlay& play) { ChangeMusic(play.mUintMusicId); },
+        [&](const PacketMusicStop&) { StopMusic(); }, [&](const PacketQuit&) { mRunning = false; });
   });
 }
 
-void SoundManager::HandlePacket(const Packet& packet) {
-  if (const PacketMusicPlay* play = PacketCast<PacketMusicPlay>(&packet)) {
-    ChangeMusic(play->mUintMusicId);
-  } else if (PacketCast<PacketMusicStop>(&packet) != nullptr) {
-    StopMusic();
-  } else if (PacketCast<PacketQuit>(&packet) != nullptr) {
-    mRunning = false;
-  }
-}
-
-void SoundManager::ChangeMusic(std::uint16_t musicId) {
+void SoundManager::ChangeMusic(MusicId musicId) {
   if (!mAudioOpen || musicId == mCurrentMusicId) return;
   mArchive->Extract(musicId, kMusicFile);
   PlayMusic();
@@ -70,7 +61,7 @@ void SoundManager::ChangeMusic(std::uint16_t musicId) {
 
 void SoundManager::PlayMusic() {
   Guard(kModule, "PlayMusic", [&] {
-    if (mCurrentMusicId != 0) StopMusic();
+    if (mCurrentMusicId != kNoMusic) StopMusic();
     mMusic.reset(Mix_LoadMUS(kMusicFile));
     if (mMusic != nullptr) Mix_PlayMusic(mMusic.get(), kLoops);
   });
@@ -80,7 +71,7 @@ void SoundManager::StopMusic() {
   if (mMusic == nullptr) return;
   Mix_HaltMusic();
   mMusic.reset();
-  mCurrentMusicId = 0;
+  mCurrentMusicId = kNoMusic;
 }
 
 void SoundManager::InitAudio() {

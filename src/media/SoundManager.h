@@ -6,16 +6,17 @@
 #include <SDL_mixer.h>
 
 #include "media/Archive.h"
+#include "protocol/MusicPackets.h"
 #include "threads/ManagerThread.h"
 
 namespace tolva {
 
-// The thread that plays the music that its mail asks for, from the archive "Sounds" in the working directory. Takes
-// PacketMusicPlay, PacketMusicStop and PacketQuit, which ends the thread; every other packet is deleted. Sends nothing.
-// Without an audio device it logs one error and stays silent: it then takes the same mail and plays nothing.
+// The thread that plays music from the archive "Sounds" in the working directory. Obeys PacketMusicPlay,
+// PacketMusicStop and PacketQuit, which ends the thread; ignores other packets. Sends nothing. Without an audio device
+// it logs one error and handles its mail without playing anything.
 class SoundManager : public ManagerThread {
  public:
-  // Starts the thread. `mailbox` belongs to the caller and must outlive the thread.
+  // Starts the thread. Borrows `mailbox`, which must outlive the thread.
   explicit SoundManager(Mailbox* mailbox);
   // The thread must have ended: send a PacketQuit and WaitThread first.
   ~SoundManager() override;
@@ -29,15 +30,14 @@ class SoundManager : public ManagerThread {
   };
 
   void InitAudio();
-  void HandlePacket(const Packet& packet);
-  void ChangeMusic(std::uint16_t musicId);
+  void ChangeMusic(MusicId musicId);
   void PlayMusic();
   void StopMusic();
   void CloseAudio();
 
   std::unique_ptr<Archive> mArchive;
   std::unique_ptr<Mix_Music, MusicDeleter> mMusic;
-  std::uint16_t mCurrentMusicId = 0;  // 0: none
+  MusicId mCurrentMusicId = kNoMusic;
   bool mAudioOpen = false;
 };
 

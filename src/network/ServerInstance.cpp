@@ -5,7 +5,7 @@
 
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
-#include "protocol/PacketList.h"
+#include "protocol/PacketDispatch.h"
 
 namespace tolva {
 namespace {
@@ -42,15 +42,11 @@ void ServerInstance::HandleMyMailbox() {
     std::unique_ptr<Packet> packet = FetchMail();
     if (packet == nullptr || !IsGenuine(*packet)) return;
     LogTraffic("Recieved from mailbox", *packet);
-    if (const auto* central = PacketCast<PacketInternCentralMailbox>(packet.get())) {
-      mCentralMailbox = central->mObjMailbox;
-    } else if (PacketCast<PacketQuit>(packet.get()) != nullptr) {
-      mRunning = false;
-    } else if (PacketCast<PacketLoginRequest>(packet.get()) != nullptr) {
-      HandleLoginRequest(std::move(packet));
-    } else {
-      SendTcpConnection(std::move(packet));
-    }
+    const bool isHandled = Dispatch(
+        *packet, [&](const PacketInternCentralMailbox& central) { mCentralMailbox = central.mObjMailbox; },
+        [&](const PacketQuit&) { mRunning = false; },
+        [&](const PacketLoginRequest&) { HandleLoginRequest(std::move(packet)); });
+    if (!isHandled) SendTcpConnection(std::move(packet));
   });
 }
 
@@ -60,7 +56,7 @@ void ServerInstance::HandleLoginRequest(std::unique_ptr<Packet> packet) {
     mConnection.Connect(mHost, mPort);
     mConnecting = true;
   }
-  Send(mMailbox, std::move(packet));  // it waits at the end of the own mailbox
+  Send(mMailbox, std::move(packet));  // it waits at the end of this thread's mailbox
 }
 
 void ServerInstance::HandleTcpConnection() {

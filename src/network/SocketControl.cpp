@@ -6,6 +6,7 @@
 
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
+#include "protocol/PacketDispatch.h"
 
 namespace tolva {
 namespace {
@@ -47,7 +48,7 @@ void SocketControl::HandleMyMailbox() {
 
 void SocketControl::HandleInternPacket(Packet& packet) {
   Guard("SocketControl", "HandleInternPacket", [&] {
-    // Only the owner's mailbox proves a command; what came over the wire has no source.
+    // A command must come from the owner's mailbox; packets from the wire have no source.
     const bool fromOwner = mCentralMailbox != nullptr && packet.mObjSource == mCentralMailbox;
     if (fromOwner) {
       HandleCommand(packet);
@@ -58,36 +59,32 @@ void SocketControl::HandleInternPacket(Packet& packet) {
 }
 
 void SocketControl::HandlePeerPacket(Packet& packet) {
-  if (const auto* ping = PacketCast<PacketInternPing>(&packet)) {
-    SendToPeer(PacketInternPong(ping->mUintTick));
-  } else if (auto* pong = PacketCast<PacketInternPong>(&packet)) {
-    pong->mUintTick = GetTicks() - pong->mUintTick;
-  }
+  Dispatch(
+      packet, [&](const PacketInternPing& ping) { SendToPeer(PacketInternPong(ping.mUintTick)); },
+      [](PacketInternPong& pong) { pong.mUintTick = GetTicks() - pong.mUintTick; });
 }
 
 void SocketControl::HandleCommand(Packet& packet) {
-  if (const auto* connect = PacketCast<PacketInternConnect>(&packet)) {
-    Open(connect->mStrHost, connect->mUintPort, Role::Client);
-  } else if (const auto* listen = PacketCast<PacketInternListen>(&packet)) {
-    Open(nullptr, listen->mUintPort, Role::Server);
-  } else if (auto* connection = PacketCast<PacketInternNewConnection>(&packet)) {
-    Adopt(*connection);
-  } else if (PacketCast<PacketInternDisconnect>(&packet) != nullptr) {
-    RemoveSocket();
-  } else if (PacketCast<PacketInternTerminate>(&packet) != nullptr) {
-    RemoveSocket();
-    mRunning = false;
-  } else if (auto* ping = PacketCast<PacketInternPing>(&packet)) {
-    ping->mUintTick = GetTicks();
-    SendToPeer(*ping);
-  }
+  Dispatch(
+      packet, [&](const PacketInternConnect& connect) { Open(connect.mStrHost, connect.mUintPort, Role::Client); },
+      [&](const PacketInternListen& listen) { Open(nullptr, listen.mUintPort, Role::Server); },
+      [&](PacketInternNewConnection& connection) { Adopt(connection); },
+      [&](const PacketInternDisconnect&) { RemoveSocket(); },
+      [&](const PacketInternTerminate&) {
+        RemoveSocket();
+        mRunning = false;
+      },
+      [&](PacketInternPing& ping) {
+        ping.mUintTick = GetTicks();
+        SendToPeer(ping);
+      });
 }
 
 void SocketControl::Open(const char* host, std::uint16_t port, Role role) {
   RemoveSocket();
   IPaddress address = {};
   if (SDLNet_ResolveHost(&address, host, port) != 0) return ReportFailure();
-  // Asked to open one of these two, SDL_net would listen instead of connecting.
+  // Given one of these two addresses, SDL_net would listen instead of connecting.
   const bool isPeer = address.host != INADDR_ANY && address.host != INADDR_NONE;
   if (role == Role::Client && !isPeer) return ReportFailure();
   Socket socket(SDLNet_TCP_Open(&address));
@@ -111,7 +108,7 @@ void SocketControl::Use(Socket socket, const IPaddress& address, Role role) {
 
 void SocketControl::AddSocket(Socket socket) {
   Guard("SocketControl", "AddSocket", [&] {
-    SDLNet_TCP_AddSocket(mSocketSet.get(), socket.get());  // has room for one, and holds none
+    SDLNet_TCP_AddSocket(mSocketSet.get(), socket.get());  // cannot fail: the set is empty and has room for one
     mSocket = std::move(socket);
 
     std::uint8_t host[4];
@@ -134,7 +131,6 @@ void SocketControl::RemoveSocket() {
 
 void SocketControl::CheckSocket() {
   Guard("SocketControl", "CheckSocket", [&] {
-    // An owner that does not keep up leaves the bytes with the peer.
     if (!IsActive() || IsCentralMailboxFull()) return;
     if (!mMoreToCut) {
       const int ready = SDLNet_CheckSockets(mSocketSet.get(), 0);
@@ -157,8 +153,8 @@ void SocketControl::HandleSocketAsServer() {
     if (peer == nullptr) return;
     auto packet = std::make_unique<PacketInternNewConnection>(accepted.get(), peer->host, peer->port);
     if (!SendMail(mCentralMailbox, packet.get())) return;
-    static_cast<void>(packet.release());
-    static_cast<void>(accepted.release());  // whoever holds the packet owns it now
+    static_cast<void>(packet.release());    // the mailbox owns it now,
+    static_cast<void>(accepted.release());  // and whoever holds the packet owns the socket
   });
 }
 
@@ -184,13 +180,13 @@ int SocketControl::Recieve(PacketBatch& packets) {
     }
     mMoreToCut = true;
     int stored = 0;
-    while (stored < static_cast<int>(packets.size())) {
+    while (stored < kMaxBatch) {
       auto [outcome, packet] = mCutter.Next();
       if (outcome == RecordCutter::Outcome::Incomplete) {
         mMoreToCut = false;
         return stored;
       }
-      // Behind good records the break is found once more by the next call, which then has nothing to deliver before it.
+      // After good records, deliver these first: the next call finds the break again.
       if (outcome == RecordCutter::Outcome::Broken) return stored > 0 ? stored : -1;
       packets[stored++] = std::move(packet);
     }

@@ -13,21 +13,21 @@
 
 namespace tolva {
 
-// With more packets than this waiting for its owner, a socket control leaves the rest with the peer. Nothing that the
-// player does waits behind them, so they may be many: one read of the socket can bring hundreds.
+// Back-pressure: while more packets than this wait for its owner, a socket control does not read its socket. They may
+// be many, because one read can deliver hundreds and nothing that the player does waits behind them.
 constexpr std::uint32_t kSocketHighWater = 512;
 
-// The thread that owns one TCP socket. Takes commands and packets to send from its mailbox, and reports everything that
-// the socket brings, and every failure, to its central mailbox: that of the first sender, its owner. As a client it
-// connects, or adopts an accepted socket; as a server it listens and reports accepted sockets. Others reach it through
-// the two mailboxes only, so the calls that may block (resolving, connecting, sending) hold up nobody else.
+// The thread that owns one TCP socket. Its mailbox brings commands and packets to send. Received packets and failures
+// go to its central mailbox, that of the first sender, who is its owner. As a client it connects, or adopts an accepted
+// socket; as a server it listens and reports accepted sockets. Other threads use only the two mailboxes, so calls that
+// block (resolving, connecting, sending) block nobody else.
 //
-// A failed connect or listen, and a connection that ends, are reported as PacketInternConnectionLost; afterwards it is
-// idle and drops what it is given to send until the owner tells it to connect again.
+// A failed connect or listen and a lost connection are reported as PacketInternConnectionLost. The socket control is
+// then idle and drops packets to send until its owner tells it to connect again.
 class SocketControl final : public ManagerThread {
  public:
-  // Starts the thread, which ends when the owner sends a PacketInternTerminate. SDL_net must be initialised for as long
-  // as the object lives.
+  // Starts the thread, which ends when the owner sends a PacketInternTerminate. SDL_net must stay initialized while the
+  // object exists.
   explicit SocketControl(Mailbox* mailbox);
   // The thread must have ended.
   ~SocketControl() override = default;
@@ -44,7 +44,8 @@ class SocketControl final : public ManagerThread {
     void operator()(_SDLNet_SocketSet* set) const { SDLNet_FreeSocketSet(set); }
   };
   using Socket = std::unique_ptr<_TCPsocket, SocketCloser>;
-  using PacketBatch = std::array<std::unique_ptr<Packet>, 16>;
+  static constexpr int kMaxBatch = 16;
+  using PacketBatch = std::array<std::unique_ptr<Packet>, kMaxBatch>;
 
   // Commands and pings.
   void HandleInternPacket(Packet& packet);
@@ -54,7 +55,7 @@ class SocketControl final : public ManagerThread {
   void Adopt(PacketInternNewConnection& packet);
   void Use(Socket socket, const IPaddress& address, Role role);
 
-  // The socket. It is active while there is one.
+  // The socket. The control is active while it has one.
   bool IsActive() const { return mSocket != nullptr; }
   void AddSocket(Socket socket);
   void RemoveSocket();
@@ -62,13 +63,12 @@ class SocketControl final : public ManagerThread {
   void HandleSocketAsServer();
   void HandleSocketAsClient();
 
-  // Sends, when there is a peer to send to. What fails is reported by CheckSocket, after what the peer still had to
-  // say.
+  // Sends, if there is a peer. CheckSocket reports a failure, once everything the peer sent has been delivered.
   void SendToPeer(const Packet& packet);
   // Whether all bytes of the record were sent.
   bool Send(const Packet& packet);
-  // Fills `packets` from its start, in the order of the stream, and returns how many; -1 when the stream has ended or
-  // cannot go on. Reads from the socket only when nothing that it holds is left to be cut.
+  // Stores packets from the start of `packets`, in the order of the stream, and returns their number; -1 when the
+  // stream has ended or is broken. Reads the socket only when the cutter has no whole record left.
   int Recieve(PacketBatch& packets);
 
   bool IsCentralMailboxFull() const;
@@ -81,8 +81,8 @@ class SocketControl final : public ManagerThread {
   IPaddress mPeerAddress = {};
   Socket mSocket;
   Role mRole = Role::Client;
-  bool mMoreToCut = false;   // a full batch may have left whole records behind
-  bool mSendFailed = false;  // the peer is gone; a loss follows when everything it sent has been delivered
+  bool mMoreToCut = false;   // the cutter may hold more whole records than the last batch could take
+  bool mSendFailed = false;  // the peer is gone; the loss is reported when everything it sent has been delivered
   PacketConverter mConverter;
   RecordCutter mCutter;
   std::array<std::uint8_t, kRecordBufferSize> mSendBuffer = {};
