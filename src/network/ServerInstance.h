@@ -9,14 +9,14 @@
 
 namespace tolva {
 
-// The client's network thread, between the controller and the game server. Its mailbox takes what goes to the server;
-// everything from the server reaches the controller's mailbox with this thread's mailbox as its source. It connects
-// when the first PacketLoginRequest comes, once per run, to the host and port in section NETWORK of client.ini. A
-// failed or lost connection reaches the controller as PacketInternConnectionLost.
+// The client's network thread, between the controller and the game server. Packets in its mailbox go to the server;
+// packets from the server go to the controller's mailbox, with this thread's mailbox as their source. The first
+// PacketLoginRequest makes it connect, once per run, to the host and port in section NETWORK of client.ini. The
+// controller learns of a failed or lost connection by a PacketInternConnectionLost.
 class ServerInstance final : public ManagerThread {
  public:
-  // Reads client.ini and starts the thread, which ends when it is sent a PacketQuit. A PacketInternCentralMailbox must
-  // announce the controller's mailbox first. `mailbox` stays with the caller and must outlive the thread.
+  // Reads client.ini and starts the thread, which ends when it gets a PacketQuit. Borrows `mailbox`, which must outlive
+  // the thread. The first packet to send is a PacketInternCentralMailbox with the controller's mailbox.
   explicit ServerInstance(Mailbox* mailbox);
   // The thread must have ended.
   ~ServerInstance() override;
@@ -27,13 +27,13 @@ class ServerInstance final : public ManagerThread {
 
  private:
   void HandleLoginRequest(std::unique_ptr<Packet> packet);
-  // Passes one packet from the connection to the controller, unless that has too much mail already.
+  // Passes one packet from the connection to the controller, unless too much of its mail waits already.
   void HandleTcpConnection();
   void SendTcpConnection(std::unique_ptr<Packet> packet);
 
   TcpConnection mConnection;
   Mailbox* mCentralMailbox = nullptr;
-  bool mConnecting = false;  // stays set after a failed connect, so that there is no second one
+  bool mConnecting = false;  // stays set after a failed connect, so that no second one is made
   std::unique_ptr<Ini> mSettings;
   char mHost[256] = "";
   std::uint16_t mPort = 0;

@@ -1,5 +1,7 @@
 #include "network/TcpConnection.h"
 
+#include <utility>
+
 #include <SDL.h>
 #include <SDL_net.h>
 
@@ -10,12 +12,12 @@
 namespace tolva {
 namespace {
 
-bool networkInitialised = false;
-std::int32_t connectionCount = 0;
+bool sNetworkInitialized = false;
+std::int32_t sConnectionCount = 0;
 
-// Accepted sockets that nobody adopted would stay open when their packets are deleted.
+// Packets do not close their sockets, so accepted sockets that nobody adopted would stay open.
 void CloseUnadopted(Mailbox& mailbox) {
-  while (const auto packet = mailbox.Get()) {
+  while (const std::unique_ptr<Packet> packet = mailbox.Get()) {
     const auto* connection = PacketCast<PacketInternNewConnection>(packet.get());
     if (connection != nullptr && connection->mSdlSock != nullptr) SDLNet_TCP_Close(connection->mSdlSock);
   }
@@ -24,14 +26,14 @@ void CloseUnadopted(Mailbox& mailbox) {
 }  // namespace
 
 TcpConnection::NetworkUse::NetworkUse() {
-  if (!networkInitialised) networkInitialised = SDLNet_Init() == 0;
-  ++connectionCount;
+  if (!sNetworkInitialized) sNetworkInitialized = SDLNet_Init() == 0;
+  ++sConnectionCount;
 }
 
 TcpConnection::NetworkUse::~NetworkUse() {
-  if (--connectionCount > 0 || !networkInitialised) return;
+  if (--sConnectionCount > 0 || !sNetworkInitialized) return;
   SDLNet_Quit();
-  networkInitialised = false;
+  sNetworkInitialized = false;
 }
 
 TcpConnection::TcpConnection() {
@@ -39,10 +41,9 @@ TcpConnection::TcpConnection() {
 }
 
 TcpConnection::~TcpConnection() {
-  ErrHandler errHandler;  // nothing may leave a destructor
+  ErrHandler errHandler;  // a destructor must not throw
   Report(errHandler, "TcpConnection", "~TcpConnection", [&] {
-    auto terminate = std::make_unique<PacketInternTerminate>();
-    if (SendMail(&mOutgoing, terminate.get())) static_cast<void>(terminate.release());
+    Pass(std::make_unique<PacketInternTerminate>());
     mSocketControl->WaitThread(nullptr);
     mSocketControl.reset();
     CloseUnadopted(mOutgoing);
@@ -53,17 +54,12 @@ TcpConnection::~TcpConnection() {
 bool TcpConnection::HasStarted() const { return mSocketControl->HasStarted(); }
 
 bool TcpConnection::Connect(const char* host, std::uint16_t port) {
-  return Guard("TcpConnection", "Connect", [&] {
-    auto connect = std::make_unique<PacketInternConnect>(host, port);
-    if (!SendMail(&mOutgoing, connect.get())) return false;
-    static_cast<void>(connect.release());
-    return true;
-  });
+  return Guard("TcpConnection", "Connect", [&] { return Pass(std::make_unique<PacketInternConnect>(host, port)); });
 }
 
 void TcpConnection::Send(std::unique_ptr<Packet> packet) {
   Guard("TcpConnection", "Send", [&] {
-    if (SendMail(&mOutgoing, packet.get())) static_cast<void>(packet.release());
+    Pass(std::move(packet));
     SDL_Delay(kSendPauseMs);
   });
 }
@@ -89,6 +85,12 @@ bool TcpConnection::SendMail(Mailbox* target, Packet* packet) {
     packet->mObjSource = &mIncoming;
     return target != nullptr && target->Put(packet);
   });
+}
+
+bool TcpConnection::Pass(std::unique_ptr<Packet> packet) {
+  if (!SendMail(&mOutgoing, packet.get())) return false;
+  static_cast<void>(packet.release());  // the mailbox owns it now
+  return true;
 }
 
 }  // namespace tolva

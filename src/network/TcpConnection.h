@@ -10,48 +10,48 @@ namespace tolva {
 
 class SocketControl;
 
-// One TCP connection, for the thread that owns the object. No call touches a socket: a SocketControl with a thread of
-// its own does that, and the two exchange packets through two mailboxes.
+// One TCP connection, used by the thread that owns the object. No operation touches a socket: a SocketControl does that
+// on a thread of its own, and the two exchange packets through two mailboxes.
 class TcpConnection {
  public:
-  // The first connection of the process initialises SDL_net.
+  // The first connection of the process initializes SDL_net.
   TcpConnection();
-  // Closes the socket, waits for the socket control's thread to end (which may be as long as a connect or a send of it
-  // blocks), and with the process's last connection shuts SDL_net down.
+  // Closes the socket and waits until the socket control's thread has ended, which takes as long as a connect or send
+  // in progress. The last connection of the process shuts SDL_net down.
   virtual ~TcpConnection();
 
   TcpConnection(const TcpConnection&) = delete;
   TcpConnection& operator=(const TcpConnection&) = delete;
 
-  // Starts to connect to a host name or dotted IPv4 address; the port is a plain number. Returns at once, false when
-  // the order could not be given. The outcome arrives through Recieve: a PacketInternConnectionInfo or a
-  // PacketInternConnectionLost.
+  // Starts to connect to a host name or dotted IPv4 address; the port is in host byte order. Returns at once, false if
+  // the request could not be sent to the socket control. Recieve delivers the outcome: a PacketInternConnectionInfo or
+  // a PacketInternConnectionLost.
   bool Connect(const char* host, std::uint16_t port);
-  // How long Send holds the caller.
+  // The pause after each Send.
   static constexpr std::uint32_t kSendPauseMs = 100;
-  // Hands the packet on to be sent, then holds the caller for a pause, which bounds how fast it can send. Without a
-  // working connection the packet is dropped. Intern packets are commands to the socket control.
+  // Has the packet sent, then blocks the caller for the pause, which limits how fast it can send. Without a connection
+  // the packet is dropped. Intern packets are commands to the socket control.
   void Send(std::unique_ptr<Packet> packet);
-  // The oldest packet that the peer sent or the socket control reported, or null. Never waits.
+  // The oldest packet from the peer or the socket control, or null. Never waits.
   std::unique_ptr<Packet> Recieve();
 
-  // Whether the socket control's thread was started; without it every order is in vain.
+  // Whether the socket control's thread could be started; without it nothing works.
   bool HasStarted() const;
 
-  // Whether a connection has ever worked; a loss does not clear it.
+  // Whether a connection has ever been established; a loss does not clear it.
   bool IsConnected() const { return mConnected; }
-  // The peer's address in network byte order, 0 until it is known.
+  // The peer's address in network byte order; 0 before the connection is established.
   std::uint32_t GetPeerHost() const { return mPeerHost; }
   std::uint16_t GetPeerPort() const { return mPeerPort; }
 
-  // The oldest packet of the incoming mailbox, which the caller owns, or null.
+  // Takes the oldest packet out of the incoming mailbox. Null when there is none.
   std::unique_ptr<Packet> FetchMail();
-  // Stamps the packet with the incoming mailbox, where the socket control then reports to, and puts it into `target`.
-  // False when that fails: the packet stays the caller's.
+  // Makes the incoming mailbox the packet's source, to which the socket control then reports, and puts the packet into
+  // `target`. False when that fails: the caller then still owns the packet.
   bool SendMail(Mailbox* target, Packet* packet);
 
  private:
-  // Keeps SDL_net initialised while any object of it exists. Made and destroyed on one thread at a time.
+  // Keeps SDL_net initialized while any object of it exists. Constructed and destroyed on one thread at a time.
   struct NetworkUse {
     NetworkUse();
     ~NetworkUse();
@@ -59,7 +59,10 @@ class TcpConnection {
     NetworkUse& operator=(const NetworkUse&) = delete;
   };
 
-  NetworkUse mNetworkUse;  // first, so that the network outlives the thread and the sockets
+  // Gives the packet to the socket control, or deletes it and returns false.
+  bool Pass(std::unique_ptr<Packet> packet);
+
+  NetworkUse mNetworkUse;  // first, so that SDL_net outlives the thread and the sockets
   std::unique_ptr<SocketControl> mSocketControl;
   Mailbox mIncoming;
   Mailbox mOutgoing;
