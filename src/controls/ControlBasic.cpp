@@ -3,10 +3,14 @@
 #include <algorithm>
 #include <limits>
 
+#include "controls/Frame.h"
 #include "controls/MouseWheel.h"
 #include "foundation/FlagScope.h"
 #include "foundation/Guard.h"
-#include "sdl/SdlCalls.h"
+#include "sdl/Copy.h"
+#include "sdl/SdlError.h"
+#include "sdl/Surface.h"
+#include "sdl/Tile.h"
 
 namespace tolva {
 
@@ -14,17 +18,15 @@ namespace {
 
 constexpr char kModule[] = "ControlBasic";
 
-Sint16 ToPosition(int value) {
-  using Limits = std::numeric_limits<Sint16>;
-  return static_cast<Sint16>(std::clamp<int>(value, Limits::min(), Limits::max()));
+// What SDL can address.
+int ClampPosition(int value) {
+  return std::clamp<int>(value, std::numeric_limits<Sint16>::min(), std::numeric_limits<Sint16>::max());
 }
 
-Uint16 ToSize(int value) { return static_cast<Uint16>(std::clamp<int>(value, 0, std::numeric_limits<Uint16>::max())); }
+int ClampSize(int value) { return std::clamp<int>(value, 0, std::numeric_limits<Uint16>::max()); }
 
 // SDL counts the buttons from 1; no mouse has 32.
 std::uint32_t ToBit(const SDL_MouseButtonEvent& event) { return std::uint32_t{1} << event.button % 32; }
-
-Uint32 MapColor(const SDL_Surface& surface, Rgb color) { return SDL_MapRGB(surface.format, color.r, color.g, color.b); }
 
 }  // namespace
 
@@ -97,10 +99,7 @@ ControlBasic* ControlBasic::FindReceiverOfPress(std::uint32_t button) {
   return nullptr;
 }
 
-bool ControlBasic::IsShownAt(int x, int y) const {
-  const bool inside = x >= mRect.x && x <= mRect.x + mRect.w && y >= mRect.y && y <= mRect.y + mRect.h;
-  return inside && mVisible;
-}
+bool ControlBasic::IsShownAt(int x, int y) const { return mVisible && mRect.IsHitAt(x, y); }
 
 bool ControlBasic::TurnWheel(int x, int y, int notches) {
   return GuardControl(kModule, "TurnWheel", [&] {
@@ -156,7 +155,7 @@ void ControlBasic::Refresh(bool recursive) {
     if (!mRefreshEnabled) return;
     if (mBaseSurface != nullptr) {
       PaintBackground();
-      PaintFrame();
+      if (mBorderSurface != nullptr) CheckSdl(PaintFrame(mBorderSurface, *mBaseSurface), kModule, "Refresh");
     }
     if (!recursive) return;
     for (const auto& control : mSubControls) control->Refresh(true);
@@ -164,10 +163,8 @@ void ControlBasic::Refresh(bool recursive) {
 }
 
 void ControlBasic::PaintBackground() {
-  // A picture without any pixels would be tiled for ever.
-  if (mBackgroundSurface != nullptr && mBackgroundSurface->w > 0 && mBackgroundSurface->h > 0) {
-    PaintTiles();
-    return;
+  if (mBackgroundSurface != nullptr && !GetBounds(*mBackgroundSurface).IsEmpty()) {
+    return CheckSdl(TileOver(mBackgroundSurface, *mBaseSurface), kModule, "Refresh");
   }
   // What shows through must be as new, without the old look of this control.
   if (mBackgroundColor == kTransparentColor && mParentControl != nullptr) mParentControl->Refresh(false);
@@ -175,41 +172,7 @@ void ControlBasic::PaintBackground() {
 }
 
 void ControlBasic::FillWithBackgroundColor(const char* method) {
-  SDL_Surface& base = *mBaseSurface;
-  if (base.w == 0 || base.h == 0) return;
-  CheckSdl(SDL_FillRect(&base, nullptr, MapColor(base, mBackgroundColor)) == 0, kModule, method);
-}
-
-void ControlBasic::PaintTiles() {
-  for (int x = 0; x < mBaseSurface->w; x += mBackgroundSurface->w) {
-    for (int y = 0; y < mBaseSurface->h; y += mBackgroundSurface->h) {
-      CheckSdl(CopyWhole(mBackgroundSurface, mBaseSurface.get(), x, y), kModule, "Refresh");
-    }
-  }
-}
-
-void ControlBasic::PaintFrame() {
-  if (mBorderSurface == nullptr) return;
-  constexpr int kCorner = kFrameWidth;
-  constexpr int kEdge = 28;
-  constexpr int kFar = kCorner + kEdge;
-  const int right = mBaseSurface->w - kCorner;
-  const int bottom = mBaseSurface->h - kCorner;
-  const auto paint = [this](Area2d piece, int x, int y) {
-    CheckSdl(CopyPart(mBorderSurface, piece, mBaseSurface.get(), x, y), kModule, "Refresh");
-  };
-  for (int x = 0; x < mBaseSurface->w; x += kEdge) {
-    paint({kCorner, 0, kEdge, kCorner}, x, 0);
-    paint({kCorner, kFar, kEdge, kCorner}, x, bottom);
-  }
-  for (int y = 0; y < mBaseSurface->h; y += kEdge) {
-    paint({0, kCorner, kCorner, kEdge}, 0, y);
-    paint({kFar, kCorner, kCorner, kEdge}, right, y);
-  }
-  paint({0, 0, kCorner, kCorner}, 0, 0);
-  paint({kFar, 0, kCorner, kCorner}, right, 0);
-  paint({0, kFar, kCorner, kCorner}, 0, bottom);
-  paint({kFar, kFar, kCorner, kCorner}, right, bottom);
+  CheckSdl(Fill(*mBaseSurface, mBackgroundColor), kModule, method);
 }
 
 // ---- Surfaces ----
@@ -222,10 +185,9 @@ void ControlBasic::CreateBaseSurface() {
     PassSurfaceToSubControls();
     const SDL_Surface* video = SDL_GetVideoSurface();
     if (video == nullptr) throw new Error(kModule, "CreateBaseSurface", "No video mode has been set");
-    SurfacePtr base(MakeDisplaySurface(mRect.w, mRect.h, *video));
-    CheckSdl(base != nullptr, kModule, "CreateBaseSurface");
-    CheckSdl(SDL_SetColorKey(base.get(), SDL_SRCCOLORKEY, MapColor(*base, kTransparentColor)) == 0, kModule,
-             "CreateBaseSurface");
+    SurfacePtr base =
+        CheckSurface(MakeDisplaySurface({mRect.width, mRect.height}, *video), kModule, "CreateBaseSurface");
+    CheckSdl(SetColorKey(*base, kTransparentColor), kModule, "CreateBaseSurface");
     mBaseSurface = std::move(base);
     PassSurfaceToSubControls();
     Refresh(true);
@@ -256,22 +218,22 @@ void ControlBasic::SetOverrideBaseSurface(bool overrideBaseSurface) {
 
 // ---- Geometry ----
 
-void ControlBasic::SetX(int x) { mRect.x = ToPosition(x); }
+void ControlBasic::SetX(int x) { mRect.x = ClampPosition(x); }
 
-void ControlBasic::SetY(int y) { mRect.y = ToPosition(y); }
+void ControlBasic::SetY(int y) { mRect.y = ClampPosition(y); }
 
 void ControlBasic::SetWidth(int width) {
   GuardControl(kModule, "SetWidth", [&] {
-    if (ToSize(width) == mRect.w) return;
-    mRect.w = ToSize(width);
+    if (ClampSize(width) == mRect.width) return;
+    mRect.width = ClampSize(width);
     CreateBaseSurface();
   });
 }
 
 void ControlBasic::SetHeight(int height) {
   GuardControl(kModule, "SetHeight", [&] {
-    if (ToSize(height) == mRect.h) return;
-    mRect.h = ToSize(height);
+    if (ClampSize(height) == mRect.height) return;
+    mRect.height = ClampSize(height);
     CreateBaseSurface();
   });
 }

@@ -7,6 +7,8 @@
 #include <SDL.h>
 
 #include "controls/ControlEvent.h"
+#include "controls/Frame.h"
+#include "sdl/Rect.h"
 #include "sdl/Rgb.h"
 #include "sdl/SurfacePtr.h"
 
@@ -65,8 +67,8 @@ class ControlBasic {
   void SetPosition(int x, int y, int width, int height);
   int GetX() const { return mRect.x; }
   int GetY() const { return mRect.y; }
-  int GetWidth() const { return mRect.w; }
-  int GetHeight() const { return mRect.h; }
+  int GetWidth() const { return mRect.width; }
+  int GetHeight() const { return mRect.height; }
 
   // ---- Look ----
 
@@ -129,8 +131,6 @@ class ControlBasic {
   // Two pixels with a frame, else 0.
   int GetBorderWidth() const { return mBorderSurface == nullptr ? 0 : kFrameWidth; }
 
-  static constexpr int kFrameWidth = 2;
-
  private:
   using SubControls = std::list<std::unique_ptr<ControlBasic>>;
 
@@ -143,8 +143,6 @@ class ControlBasic {
   ControlBasic* FindReceiverOfPress(std::uint32_t button);
   bool IsShownAt(int x, int y) const;
   void PaintBackground();
-  void PaintTiles();
-  void PaintFrame();
   void FillWithBackgroundColor(const char* method);
 
   const ControlCallback mCallback;
@@ -152,7 +150,7 @@ class ControlBasic {
   SDL_Surface* mParentSurface;
   SurfacePtr mBaseSurface;
   SDL_Surface* mBorderSurface = nullptr;
-  SDL_Rect mRect{0, 0, 0, 0};
+  Rect mRect;
   Rgb mBackgroundColor;
   SDL_Surface* mBackgroundSurface = nullptr;
   // The front is the topmost: hit first, drawn last.

@@ -6,7 +6,7 @@
 #include "controls/ControlTextBasic.h"
 #include "foundation/FlagScope.h"
 #include "foundation/Guard.h"
-#include "sdl/SdlCalls.h"
+#include "sdl/Text.h"
 
 namespace tolva {
 

@@ -5,7 +5,9 @@
 
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
-#include "sdl/SdlCalls.h"
+#include "sdl/Copy.h"
+#include "sdl/SdlError.h"
+#include "sdl/Text.h"
 
 namespace tolva {
 
@@ -56,29 +58,27 @@ void ControlLabel::Refresh(bool recursive) {
   GuardControl(kModule, "Refresh", [&] {
     if (!IsRefreshEnabled()) return;
     ControlTextBasic::Refresh(recursive);
-    RenderText();
+    UpdateTextSurface();
     PlaceText();
     PaintText();
   });
 }
 
-void ControlLabel::RenderText() {
+void ControlLabel::UpdateTextSurface() {
   mTextSurface.reset();
   mTextWidth = 0;
   TTF_Font* font = GetFont();
   if (font == nullptr) return;
   const bool empty = mText[0] == '\0';
   // An empty line is as high as any other, for the sake of a text cursor.
-  const TextSize size = MeasureText(font, empty ? "dummy" : mText, kModule, "Refresh");
+  const Size size = MeasureText(font, empty ? "dummy" : mText, kModule, "Refresh");
   mTextHeight = size.height;
   if (empty) return;
   mTextWidth = size.width;
   // To the library, a text without pixels is a failure.
   const std::string shown = CutToSurface(font, mText, size.width);
   if (shown.empty() || size.width <= 0) return;
-  const Rgb color = GetForegroundColor();
-  mTextSurface.reset(TTF_RenderText_Solid(font, shown.c_str(), {color.r, color.g, color.b, 0}));
-  CheckSdl(mTextSurface != nullptr, kModule, "Refresh");
+  mTextSurface = CheckSurface(RenderText(font, shown.c_str(), GetForegroundColor()), kModule, "Refresh");
 }
 
 void ControlLabel::PlaceText() {
@@ -89,7 +89,7 @@ void ControlLabel::PlaceText() {
 
 void ControlLabel::PaintText() {
   if (mTextSurface == nullptr || GetBaseSurface() == nullptr) return;
-  const Area2d part{0, 0, GetWidth() - 2 * kMargin, GetHeight()};
+  const Rect part{0, 0, GetWidth() - 2 * kMargin, GetHeight()};
   CheckSdl(CopyPart(mTextSurface.get(), part, GetBaseSurface(), mTextX, mTextY), kModule, "Refresh");
 }
 

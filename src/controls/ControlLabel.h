@@ -52,7 +52,7 @@ class ControlLabel : public ControlTextBasic {
   static constexpr int kMargin = 3;
 
  private:
-  void RenderText();
+  void UpdateTextSurface();
   void PlaceText();
   void PaintText();
 

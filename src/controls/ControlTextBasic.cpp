@@ -1,7 +1,7 @@
 #include "controls/ControlTextBasic.h"
 
 #include "foundation/Guard.h"
-#include "sdl/SdlCalls.h"
+#include "sdl/SdlError.h"
 
 namespace tolva {
 
@@ -9,44 +9,27 @@ namespace {
 
 constexpr char kModule[] = "ControlTextBasic";
 
-// Plain, so that nothing closes the font behind the library's back when the process ends with controls alive.
-TTF_Font* gFont = nullptr;
-int gLiveControls = 0;
-
-void CloseFont() {
-  if (gFont != nullptr) TTF_CloseFont(gFont);
-  gFont = nullptr;
+SharedFont& GetFontKeeper() {
+  static SharedFont& keeper = *new SharedFont;
+  return keeper;
 }
 
 }  // namespace
 
-ControlTextBasic::FontUse::FontUse() {
-  if (gLiveControls == 0) CheckSdl(TTF_Init() == 0, kModule, "ControlTextBasic");
-  ++gLiveControls;
-}
-
-ControlTextBasic::FontUse::~FontUse() {
-  if (--gLiveControls > 0) return;
-  CloseFont();
-  TTF_Quit();
-}
-
 ControlTextBasic::ControlTextBasic(std::uint32_t id, SDL_Surface* parentSurface, void* context,
                                    ControlCallback callback)
-    : ControlBasic(id, parentSurface, context, callback) {
+    : ControlBasic(id, parentSurface, context, callback), mFontUser(GetFontKeeper(), kModule, "ControlTextBasic") {
   GuardControl(kModule, "ControlTextBasic", [&] { SetForegroundColor(0, 0, 0); });
 }
 
 TTF_Font* ControlTextBasic::LoadFont(const char* fileName, int pointSize) {
   return GuardControl(kModule, "LoadFont", [&] {
-    CloseFont();
-    gFont = TTF_OpenFont(fileName, pointSize);
-    CheckSdl(gFont != nullptr, kModule, "LoadFont");
-    return gFont;
+    CheckSdl(GetFontKeeper().Open(fileName, pointSize), kModule, "LoadFont");
+    return GetFont();
   });
 }
 
-TTF_Font* ControlTextBasic::GetFont() { return gFont; }
+TTF_Font* ControlTextBasic::GetFont() { return GetFontKeeper().Get(); }
 
 void ControlTextBasic::SetForegroundColor(std::uint8_t r, std::uint8_t g, std::uint8_t b) {
   GuardControl(kModule, "SetForegroundColor", [&] {
@@ -67,7 +50,7 @@ void ControlTextBasic::Refresh(bool recursive) {
     if (!IsRefreshEnabled()) return;
     ControlBasic::Refresh(recursive);
     // Last, because other text controls refreshed on the way have set the shared font to their own style.
-    if (gFont != nullptr) TTF_SetFontStyle(gFont, mStyle);
+    if (TTF_Font* font = GetFont()) TTF_SetFontStyle(font, mStyle);
   });
 }
 

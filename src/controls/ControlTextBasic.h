@@ -3,6 +3,7 @@
 #include <SDL_ttf.h>
 
 #include "controls/ControlBasic.h"
+#include "sdl/SharedFont.h"
 
 namespace tolva {
 
@@ -25,15 +26,7 @@ class ControlTextBasic : public ControlBasic {
   void Refresh(bool recursive) override;
 
  private:
-  // Counts the live text controls.
-  struct FontUse {
-    FontUse();
-    ~FontUse();
-    FontUse(const FontUse&) = delete;
-    FontUse& operator=(const FontUse&) = delete;
-  };
-
-  FontUse mFontUse;
+  SharedFont::User mFontUser;
   Rgb mForegroundColor;
   int mStyle = TTF_STYLE_NORMAL;
 };

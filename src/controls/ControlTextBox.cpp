@@ -7,7 +7,10 @@
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
 #include "foundation/Ticks.h"
-#include "sdl/SdlCalls.h"
+#include "sdl/Copy.h"
+#include "sdl/SdlError.h"
+#include "sdl/Surface.h"
+#include "sdl/Text.h"
 
 namespace tolva {
 
@@ -180,11 +183,9 @@ void ControlTextBox::CreateCursorSurface() {
     mCursorSurface.reset();
     if (GetFont() == nullptr || GetBaseSurface() == nullptr) return;
     const int lineHeight = MeasureText(GetFont(), "", kModule, kMethod).height;
-    SurfacePtr cursor(MakeDisplaySurface(1, static_cast<int>(lineHeight * kCursorHeight), *GetBaseSurface()));
-    CheckSdl(cursor != nullptr, kModule, kMethod);
-    const Rgb color = GetForegroundColor();
-    const Uint32 pixel = SDL_MapRGB(cursor->format, color.r, color.g, color.b);
-    CheckSdl(SDL_FillRect(cursor.get(), nullptr, pixel) == 0, kModule, kMethod);
+    const Size size{1, static_cast<int>(lineHeight * kCursorHeight)};
+    SurfacePtr cursor = CheckSurface(MakeDisplaySurface(size, *GetBaseSurface()), kModule, kMethod);
+    CheckSdl(Fill(*cursor, GetForegroundColor()), kModule, kMethod);
     mCursorSurface = std::move(cursor);
   });
 }

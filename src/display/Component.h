@@ -4,22 +4,12 @@
 
 #include "controls/ControlLabel.h"
 #include "display/PictureIds.h"
+#include "sdl/Rect.h"
 #include "sdl/Rgb.h"
 
 namespace tolva {
 
-constexpr Rgb kBlack{0, 0, 0};
-constexpr Rgb kWhite{255, 255, 255};
 constexpr Rgb kCream{251, 247, 195};
-
-struct Size {
-  int width = 0;
-  int height = 0;
-};
-
-struct Place {
-  int x, y, width, height;
-};
 
 // What the place of a component follows from.
 struct Surroundings {
@@ -29,12 +19,12 @@ struct Surroundings {
 
 // A place that never changes.
 template <int X, int Y, int Width, int Height>
-constexpr Place FixedPlace(const Surroundings&) {
+constexpr Rect FixedPlace(const Surroundings&) {
   return {X, Y, Width, Height};
 }
 
 // The title picture, in the middle of the screen.
-constexpr Place PlaceTitle(const Surroundings& around) {
+constexpr Rect PlaceTitle(const Surroundings& around) {
   return {around.holder.width / 2 - around.picture.width / 2, around.holder.height / 2 - around.picture.height / 2,
           around.picture.width, around.picture.height};
 }
@@ -60,8 +50,8 @@ struct Component {
   std::uint32_t id;
   ComponentKind kind;
   std::uint32_t holder = kHeldByScreen;
-  const char* text = "";                          // a window's caption, everybody else's text
-  Place (*place)(const Surroundings&) = nullptr;  // none: never placed, for what is never shown
+  const char* text = "";                         // a window's caption, everybody else's text
+  Rect (*place)(const Surroundings&) = nullptr;  // none: never placed, for what is never shown
   bool framed = false;
   bool hidden = false;
   Rgb textColor = kWhite;

@@ -19,6 +19,7 @@
 #include "protocol/InternPackets.h"
 #include "protocol/LoginPackets.h"
 #include "protocol/VersionNumbers.h"
+#include "sdl/Copy.h"
 
 namespace tolva {
 namespace {
@@ -340,10 +341,8 @@ void Display::SendScreenPackets() {
 
 void Display::DrawFrame() {
   mScreen->Blit();
-  if (mPointerSurface != nullptr) {
-    SDL_Rect place{static_cast<std::int16_t>(mMouseX), static_cast<std::int16_t>(mMouseY), 0, 0};
-    SDL_UpperBlit(mPointerSurface.get(), nullptr, mMainSurface, &place);
-  }
+  if (mPointerSurface != nullptr)
+    CopyWhole(mPointerSurface.get(), mMainSurface, static_cast<int>(mMouseX), static_cast<int>(mMouseY));
   SDL_Flip(mMainSurface);
 }
 

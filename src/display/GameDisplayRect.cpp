@@ -7,7 +7,10 @@
 #include "foundation/Guard.h"
 #include "foundation/InfoHandler.h"
 #include "media/GameGraphics.h"
-#include "sdl/SdlCalls.h"
+#include "sdl/Copy.h"
+#include "sdl/PixelLock.h"
+#include "sdl/SdlError.h"
+#include "sdl/Surface.h"
 #include "world/Repository.h"
 
 namespace tolva {
@@ -21,22 +24,6 @@ constexpr int kColumns = GameDisplayRect::kWidth / kTileWidth + 1;
 
 // Grounds that differ only in these bits are variants of one.
 bool IsSameGround(const Field& a, const Field& b) { return a.GetGroundId() >> 4 == b.GetGroundId() >> 4; }
-
-// Holds a surface's pixels where SDL wants them held.
-class PixelLock {
- public:
-  PixelLock(SDL_Surface* surface, const char* failure) : mSurface(SDL_MUSTLOCK(surface) ? surface : nullptr) {
-    if (mSurface != nullptr && SDL_LockSurface(mSurface) < 0) throw new Error("ScreenGame", failure);
-  }
-  ~PixelLock() {
-    if (mSurface != nullptr) SDL_UnlockSurface(mSurface);
-  }
-  PixelLock(const PixelLock&) = delete;
-  PixelLock& operator=(const PixelLock&) = delete;
-
- private:
-  SDL_Surface* const mSurface;
-};
 
 // Which areas the walk from the field (fx, fy) of an area enters, with the neighbours that it blends with: their steps
 // from that area.
@@ -68,8 +55,8 @@ void LayOver(SDL_Surface* picture, SDL_Surface* target, int x, int y) {
 GameDisplayRect::GameDisplayRect(GameGraphics* graphics, Repository* repository, InfoHandler* infoHandler)
     : mRepository(repository), mInfoHandler(infoHandler), mGraphics(graphics) {
   Guard(kModule, "GameDisplayRect", [&] {
-    mGroundSurface.reset(MakeDisplaySurface(kWidth, kHeight, *SDL_GetVideoSurface()));
-    CheckSdl(mGroundSurface != nullptr && SDL_FillRect(mGroundSurface.get(), nullptr, 0) == 0, kModule, kModule);
+    mGroundSurface = CheckSurface(MakeDisplaySurface({kWidth, kHeight}, *SDL_GetVideoSurface()), kModule, kModule);
+    CheckSdl(Fill(*mGroundSurface, kBlack), kModule, kModule);
   });
 }
 
@@ -128,8 +115,7 @@ void GameDisplayRect::RebuildGroundSurface() {
     }
     SDL_Surface* frame = mGraphics->FindGraphic(kDefaultGroundId);
     if (frame == nullptr) return;
-    const SurfacePtr tile(SDL_DisplayFormat(frame));
-    CheckSdl(tile != nullptr, kModule, "RebuildGroundSurface");
+    const SurfacePtr tile = CheckSurface(CopyForDisplay(*frame), kModule, "RebuildGroundSurface");
     for (int row = 0; row < kRows; ++row, first = Next(first, Direction::South)) {
       PaintRow(first, tile.get(), kTileHeight * row);
     }
@@ -167,8 +153,8 @@ void GameDisplayRect::SmoothTrans(const Field& field, SDL_Surface* tile) {
       if (width == 0) continue;
       SDL_Surface* picture = mGraphics->FindGraphic(neighbor->GetGroundId());
       if (picture == nullptr || !tile_blend::HaveSameShape(*tile, *picture)) continue;
-      const PixelLock lockedTile(tile, "SmoothTrans: failed to lock result surface");
-      const PixelLock lockedPicture(picture, "SmoothTrans: failed to lock temporary surface");
+      const PixelLock lockedTile(tile, "ScreenGame", "SmoothTrans: failed to lock result surface");
+      const PixelLock lockedPicture(picture, "ScreenGame", "SmoothTrans: failed to lock temporary surface");
       tile_blend::BlendEdge(*tile, *picture, direction, width);
     }
   });

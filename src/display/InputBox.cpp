@@ -7,7 +7,10 @@
 #include "controls/TypedCharacter.h"
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
-#include "sdl/SdlCalls.h"
+#include "sdl/Copy.h"
+#include "sdl/SdlError.h"
+#include "sdl/Surface.h"
+#include "sdl/Text.h"
 
 namespace tolva {
 namespace {
@@ -145,10 +148,9 @@ int InputBox::FindCursor(const std::string& textBefore) const {
 }
 
 void InputBox::DrawCursor(int x) {
-  const SurfacePtr cursor(SDL_CreateRGBSurface(SDL_SWSURFACE, 1, mSurface->h, 16, 0, 0, 0, 0));
-  CheckSdl(cursor != nullptr, kModule, "CreateSurface");
-  const Rgb color = GetColor();
-  SDL_FillRect(cursor.get(), nullptr, SDL_MapRGB(cursor->format, color.r, color.g, color.b));
+  const SurfacePtr cursor = CheckSurface(
+      SurfacePtr(SDL_CreateRGBSurface(SDL_SWSURFACE, 1, mSurface->h, 16, 0, 0, 0, 0)), kModule, "CreateSurface");
+  Fill(*cursor, GetColor());
   CheckSdl(CopyWhole(cursor.get(), mSurface.get(), x, 0), kModule, "CreateSurface");
 }
 

@@ -9,8 +9,11 @@
 #include "display/BottomStrip.h"
 #include "display/Component.h"
 #include "display/PictureIds.h"
-#include "display/Tiles.h"
-#include "sdl/SdlCalls.h"
+#include "sdl/Copy.h"
+#include "sdl/SdlError.h"
+#include "sdl/Surface.h"
+#include "sdl/Text.h"
+#include "sdl/Tile.h"
 
 namespace tolva {
 namespace {
@@ -56,8 +59,8 @@ MessageHistory::MessageHistory(Archive& archive, SDL_Surface& window, InfoHandle
 
 void MessageHistory::Build(std::uint32_t mode) {
   mMode = std::min(mode, kLastMode);
-  mPanel.reset(MakeDisplaySurface(mWindow.w, GetPanelHeight(mMode, mWindow.h), mWindow));
-  CheckSdl(mPanel != nullptr, kModule, kMethod);
+  const Size size{mWindow.w, GetPanelHeight(mMode, mWindow.h)};
+  mPanel = CheckSurface(MakeDisplaySurface(size, mWindow), kModule, kMethod);
   mIsPainted = false;
   PlaceButtons();
   ScrollBy(0);
@@ -185,7 +188,7 @@ void MessageHistory::Blit() {
 
 void MessageHistory::Paint() {
   SDL_Surface& panel = *mPanel;
-  SDL_FillRect(&panel, nullptr, SDL_MapRGB(panel.format, 0, 0, 0));
+  Fill(panel, kBlack);
   const int left = GetLineWidth();
   for (const int x : {0, panel.w - left, GetTextRight()}) TileDown(mSideTile.get(), panel, x);
   TileAcross(mTopTile.get(), panel);

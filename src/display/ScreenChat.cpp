@@ -11,6 +11,8 @@
 #include "display/ScreenChatTable.h"
 #include "foundation/Guard.h"
 #include "protocol/MusicPackets.h"
+#include "sdl/Copy.h"
+#include "sdl/Surface.h"
 
 namespace tolva {
 namespace {
@@ -59,7 +61,7 @@ void ScreenChat::InitializeComponents() {
 }
 
 void ScreenChat::InitializeIsland() {
-  if (SDL_Surface* dusk = mComponents.GetPicture(kPictureIslandDusk)) mIslandSurface.reset(SDL_DisplayFormat(dusk));
+  if (SDL_Surface* dusk = mComponents.GetPicture(kPictureIslandDusk)) mIslandSurface = CopyForDisplay(*dusk);
   mComponents.Get<ControlBasic>(kIsland).SetBackgroundSurface(mIslandSurface.get());
   UpdateIslandPicture();
 }
@@ -263,17 +265,17 @@ void ScreenChat::UpdateIslandPicture() {
 
 void ScreenChat::PaintIsland(SDL_Surface& island) {
   static constexpr PictureId kStages[] = {kPictureIslandDay, kPictureIslandDusk, kPictureIslandNight};
-  SDL_FillRect(&island, nullptr, SDL_MapRGB(island.format, 0, 0, 0));
+  Fill(island, kBlack);
   if (mDarkness > 200) return;
   const int stage = mDarkness / 100;
   const int step = mDarkness % 100;
-  if (SDL_Surface* now = mComponents.GetPicture(kStages[stage])) SDL_UpperBlit(now, nullptr, &island, nullptr);
+  if (SDL_Surface* now = mComponents.GetPicture(kStages[stage])) CopyWhole(now, &island, 0, 0);
   SDL_Surface* next = step == 0 ? nullptr : mComponents.GetPicture(kStages[stage + 1]);
   if (next == nullptr) return;
-  const SurfacePtr veil(SDL_DisplayFormat(next));
+  const SurfacePtr veil = CopyForDisplay(*next);
   if (veil == nullptr) return;
   SDL_SetAlpha(veil.get(), SDL_SRCALPHA | SDL_RLEACCEL, static_cast<std::uint8_t>(step * 255 / 100));
-  SDL_UpperBlit(veil.get(), nullptr, &island, nullptr);
+  CopyWhole(veil.get(), &island, 0, 0);
 }
 
 void ScreenChat::SetText(ComponentId label, const char* text) { mComponents.Get<ControlLabel>(label).SetText(text); }

@@ -8,7 +8,7 @@ namespace {
 using Id = ScreenChat::ComponentId;
 using Kind = ComponentKind;
 using Around = Surroundings;
-using PlaceRule = Place (*)(const Around&);
+using PlaceRule = Rect (*)(const Around&);
 
 // From top to bottom: the server's message, a strip of three parts, then chat at the left and a column of windows at
 // the right, and the input line. Each rule takes what the others leave, so that every pixel belongs to somebody.
@@ -26,44 +26,44 @@ constexpr int ColumnX(const Around& around) { return around.holder.width - kColu
 constexpr int InputY(const Around& around) { return around.holder.height - kInputHeight; }
 constexpr int ChatUsersHeight(const Around& around) { return (InputY(around) - kUsersTop) / 2; }
 
-constexpr Place PlaceServerMessage(const Around& around) { return {0, 0, around.holder.width, kMessageHeight}; }
-constexpr Place PlaceIsland(const Around& around) {
+constexpr Rect PlaceServerMessage(const Around& around) { return {0, 0, around.holder.width, kMessageHeight}; }
+constexpr Rect PlaceIsland(const Around& around) {
   return {IslandX(around), kMessageHeight, kIslandWidth, kStripHeight};
 }
-constexpr Place PlaceLeftPanel(const Around& around) { return {0, kMessageHeight, IslandX(around), kStripHeight}; }
-constexpr Place PlaceButtonBar(const Around& around) {
+constexpr Rect PlaceLeftPanel(const Around& around) { return {0, kMessageHeight, IslandX(around), kStripHeight}; }
+constexpr Rect PlaceButtonBar(const Around& around) {
   const int x = IslandX(around) + kIslandWidth;
   return {x, kMessageHeight, around.holder.width - x, kStripHeight};
 }
-constexpr Place PlaceInput(const Around& around) { return {0, InputY(around), around.holder.width, kInputHeight}; }
-constexpr Place PlaceVersions(const Around& around) {
+constexpr Rect PlaceInput(const Around& around) { return {0, InputY(around), around.holder.width, kInputHeight}; }
+constexpr Rect PlaceVersions(const Around& around) {
   return {ColumnX(around), kMainTop, kColumnWidth, kStatusTop - kMainTop};
 }
-constexpr Place PlaceStatus(const Around& around) {
+constexpr Rect PlaceStatus(const Around& around) {
   return {ColumnX(around), kStatusTop, kColumnWidth, kUsersTop - kStatusTop};
 }
-constexpr Place PlaceChatUsers(const Around& around) {
+constexpr Rect PlaceChatUsers(const Around& around) {
   return {ColumnX(around), kUsersTop, kColumnWidth, ChatUsersHeight(around)};
 }
-constexpr Place PlaceGameUsers(const Around& around) {
+constexpr Rect PlaceGameUsers(const Around& around) {
   const int y = kUsersTop + ChatUsersHeight(around);
   return {ColumnX(around), y, kColumnWidth, InputY(around) - y};
 }
-constexpr Place PlaceChat(const Around& around) { return {0, kMainTop, ColumnX(around), InputY(around) - kMainTop}; }
-constexpr Place PlaceOptions(const Around& around) {
+constexpr Rect PlaceChat(const Around& around) { return {0, kMainTop, ColumnX(around), InputY(around) - kMainTop}; }
+constexpr Rect PlaceOptions(const Around& around) {
   return {(around.holder.width - 300) / 2, (around.holder.height - 210) / 2, 300, 210};
 }
 
 // Inside a window, over the lower edge of its caption bar.
-constexpr Place PlaceContent(const Around& around) { return {0, 18, around.holder.width, around.holder.height - 18}; }
-constexpr Place PlaceInputBox(const Around& around) { return {5, 20, around.holder.width - 10, 23}; }
+constexpr Rect PlaceContent(const Around& around) { return {0, 18, around.holder.width, around.holder.height - 18}; }
+constexpr Rect PlaceInputBox(const Around& around) { return {5, 20, around.holder.width - 10, 23}; }
 
 constexpr int kButtonWidth = 80;
 constexpr int kButtonGap = 7;
 
 // Buttons are counted from the bar's right end.
 template <int Column, int Y>
-constexpr Place PlaceButton(const Around& around) {
+constexpr Rect PlaceButton(const Around& around) {
   return {around.holder.width - Column * (kButtonWidth + kButtonGap), Y, kButtonWidth, 20};
 }
 

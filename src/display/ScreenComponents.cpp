@@ -6,6 +6,7 @@
 #include "controls/ControlListBox.h"
 #include "controls/ControlTextBox.h"
 #include "controls/ControlWindow.h"
+#include "sdl/Surface.h"
 
 namespace tolva {
 
@@ -18,7 +19,7 @@ SDL_Surface* ScreenComponents::GetPicture(PictureId id) {
 
 Size ScreenComponents::GetPictureSize(PictureId id) {
   const SDL_Surface* picture = GetPicture(id);
-  return picture == nullptr ? Size{} : Size{picture->w, picture->h};
+  return picture == nullptr ? Size{} : GetSize(*picture);
 }
 
 void ScreenComponents::Build(ControlBasic& screen, std::span<const Component> table) {
@@ -37,7 +38,7 @@ void ScreenComponents::PlaceAll() {
   for (const Component& row : mTable) {
     if (row.place == nullptr) continue;
     const ControlBasic& holder = FindHolder(row);
-    const Place place =
+    const Rect place =
         row.place({.holder = {holder.GetWidth(), holder.GetHeight()}, .picture = GetPictureSize(row.measured)});
     mControls.at(row.id)->SetPosition(place.x, place.y, place.width, place.height);
   }

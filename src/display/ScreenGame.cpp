@@ -13,7 +13,8 @@
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
 #include "protocol/FieldPosition.h"
-#include "sdl/SdlCalls.h"
+#include "sdl/Copy.h"
+#include "sdl/SdlError.h"
 
 namespace tolva {
 namespace {
@@ -238,7 +239,7 @@ void ScreenGame::BlitCharacter(ClientCharacter& character, int x, int y, Labels&
   const int top = y + character.GetOffsetY() - kSpriteRise;
   if (SDL_Surface* sheet = mGraphics->FindGraphic(kPictureCharacters)) {
     const int direction = static_cast<int>(character.GetDirection());
-    const Area2d part{kSpriteWidth * character.GetFrame(), kSpriteHeight * direction, kSpriteWidth, kSpriteHeight};
+    const Rect part{kSpriteWidth * character.GetFrame(), kSpriteHeight * direction, kSpriteWidth, kSpriteHeight};
     CopyPart(sheet, part, mVideoSurface, left, top);
   }
   if (character.GetChatMessage()[0] == '\0') return;

@@ -12,11 +12,11 @@ namespace {
 
 constexpr int kNameLength = 16;
 
-constexpr Place PlaceWindow(const Surroundings& around) {
+constexpr Rect PlaceWindow(const Surroundings& around) {
   return {around.holder.width / 2 - 125, around.holder.height / 2 - 75, 250, 150};
 }
 
-constexpr Place PlaceStatus(const Surroundings& around) {
+constexpr Rect PlaceStatus(const Surroundings& around) {
   return {0, around.holder.height - 40, around.holder.width, 20};
 }
 

@@ -13,7 +13,7 @@ namespace tolva {
 namespace {
 
 // The line stands in a strip that begins where the centred picture ends.
-constexpr Place PlaceVersionLabel(const Surroundings& around) {
+constexpr Rect PlaceVersionLabel(const Surroundings& around) {
   const int below = around.holder.height - (around.holder.height - around.picture.height) / 2;
   return {0, below, around.holder.width, 20};
 }

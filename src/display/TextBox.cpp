@@ -6,6 +6,7 @@
 #include "archive/ArchiveFormat.h"
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
+#include "sdl/Text.h"
 
 namespace tolva {
 namespace {
@@ -14,26 +15,19 @@ constexpr char kModule[] = "TextBox";
 constexpr char kFontFile[] = "Data.tmp";
 constexpr int kFontSize = 13;
 
-// Plain, so that nothing closes the font behind the library's back when the process ends with text boxes alive.
-TTF_Font* gFont = nullptr;
-int gLiveTextBoxes = 0;
-
-void CloseFont() {
-  if (gFont != nullptr) TTF_CloseFont(gFont);
-  gFont = nullptr;
+SharedFont& GetFontKeeper() {
+  static SharedFont& keeper = *new SharedFont;
+  return keeper;
 }
 
 }  // namespace
 
-TextBox::FontUse::FontUse() { ++gLiveTextBoxes; }
-
-TextBox::FontUse::~FontUse() {
-  if (--gLiveTextBoxes == 0) CloseFont();
-}
-
 TextBox::TextBox(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height, std::uint8_t r,
                  std::uint8_t g, std::uint8_t b, const char* text, InfoHandler* infoHandler)
-    : Widget(x, y, width, height), mArchive(std::make_unique<Archive>("Graphics", infoHandler)), mColor{r, g, b} {
+    : Widget(x, y, width, height),
+      mFontUser(GetFontKeeper(), kModule, "TextBox"),
+      mArchive(std::make_unique<Archive>("Graphics", infoHandler)),
+      mColor{r, g, b} {
   Guard(kModule, "TextBox", [&] {
     Initialize();
     SetText(text);
@@ -42,23 +36,21 @@ TextBox::TextBox(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint1
 
 void TextBox::Initialize() {
   Guard(kModule, "Initialize", [&] {
-    if (gFont == nullptr) LoadFont();
+    if (GetFont() == nullptr) LoadFont();
   });
 }
 
 bool TextBox::LoadFont() {
   return Guard(kModule, "LoadFont", [&] {
     if (!mArchive->Extract(archive_format::kFontId, kFontFile)) return false;
-    CloseFont();
-    gFont = TTF_OpenFont(kFontFile, kFontSize);
+    const bool isOpen = GetFontKeeper().Open(kFontFile, kFontSize);
     std::remove(kFontFile);
-    if (gFont == nullptr) return false;
-    TTF_SetFontStyle(gFont, TTF_STYLE_NORMAL);
-    return true;
+    if (isOpen) TTF_SetFontStyle(GetFont(), TTF_STYLE_NORMAL);
+    return isOpen;
   });
 }
 
-TTF_Font* TextBox::GetFont() { return gFont; }
+TTF_Font* TextBox::GetFont() { return GetFontKeeper().Get(); }
 
 void TextBox::HandleEvent(SDL_Event /*event*/) {}
 
@@ -86,7 +78,7 @@ void TextBox::StoreText(const char* text) { CopyText(mText, std::size_t{mMaxLeng
 
 void TextBox::Render(const char* text) {
   // An empty text has no surface: the font library refuses it.
-  mSurface.reset(gFont == nullptr ? nullptr : TTF_RenderText_Solid(gFont, text, {mColor.r, mColor.g, mColor.b, 0}));
+  mSurface = RenderText(GetFont(), text, mColor);
 }
 
 }  // namespace tolva

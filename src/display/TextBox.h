@@ -8,13 +8,14 @@
 #include "display/Widget.h"
 #include "media/Archive.h"
 #include "sdl/Rgb.h"
+#include "sdl/SharedFont.h"
 
 namespace tolva {
 
 class InfoHandler;
 
 // One line of text in the font that all text boxes share. The first text box loads it from the archive "Graphics", the
-// last one to go closes it; the font library must run all that time. Without a font a text box keeps its text and shows
+// last one to go closes it. Without a font a text box keeps its text and shows
 // nothing. Texts are bytes in Latin-1; any byte may come.
 class TextBox : public Widget {
  public:
@@ -57,17 +58,9 @@ class TextBox : public Widget {
   char mText[kMaxLength + 1] = "";
 
  private:
-  // Counts the live text boxes.
-  struct FontUse {
-    FontUse();
-    ~FontUse();
-    FontUse(const FontUse&) = delete;
-    FontUse& operator=(const FontUse&) = delete;
-  };
-
   void Initialize();
 
-  FontUse mFontUse;
+  const SharedFont::User mFontUser;
   const std::unique_ptr<Archive> mArchive;
   std::uint32_t mMaxLength = kMaxLength;
   Rgb mColor{127, 127, 127};

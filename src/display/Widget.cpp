@@ -1,7 +1,8 @@
 #include "display/Widget.h"
 
 #include "foundation/Guard.h"
-#include "sdl/SdlCalls.h"
+#include "sdl/Copy.h"
+#include "sdl/SdlError.h"
 
 namespace tolva {
 

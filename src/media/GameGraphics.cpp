@@ -8,6 +8,8 @@
 
 #include "foundation/Guard.h"
 #include "media/Archive.h"
+#include "sdl/Copy.h"
+#include "sdl/Surface.h"
 
 namespace tolva {
 namespace {
@@ -30,16 +32,14 @@ SDL_Surface* Remember(std::uint32_t id, SDL_Surface* found) {
 constexpr Uint32 kMaskChannel = 0x000000FF;
 
 // Throws what the guard of whoever needed the surface turns into an Error.
-SurfacePtr Own(SDL_Surface* surface) {
+SurfacePtr Require(SurfacePtr surface) {
   if (surface == nullptr) throw std::runtime_error(SDL_GetError());
-  return SurfacePtr(surface);
+  return surface;
 }
 
-SurfacePtr Copy(const SurfacePtr& surface) { return Own(SDL_DisplayFormat(surface.get())); }
+SurfacePtr Copy(const SurfacePtr& surface) { return Require(CopyForDisplay(*surface)); }
 
-void BlitWhole(const SurfacePtr& from, const SurfacePtr& to) {
-  SDL_BlitSurface(from.get(), nullptr, to.get(), nullptr);
-}
+void LayOver(const SurfacePtr& from, const SurfacePtr& to) { CopyWhole(from.get(), to.get(), 0, 0); }
 
 bool IsSeeThrough(const SDL_Surface& surface, int x, int y) {
   const int bytes = surface.format->BytesPerPixel;
@@ -55,13 +55,12 @@ bool IsSeeThrough(const SDL_Surface& surface, int x, int y) {
 SurfacePtr PaintOpaquePartsWhite(const SurfacePtr& source) {
   SurfacePtr painted = Copy(source);
   SDL_SetColorKey(painted.get(), 0, 0);
-  SDL_FillRect(painted.get(), nullptr, SDL_MapRGB(painted->format, 255, 255, 255));
+  Fill(*painted, kWhite);
   if ((source->flags & SDL_SRCCOLORKEY) == 0) return painted;
   for (int y = 0; y < source->h; ++y) {
     for (int x = 0; x < source->w; ++x) {
       if (!IsSeeThrough(*source, x, y)) continue;
-      SDL_Rect pixel{static_cast<Sint16>(x), static_cast<Sint16>(y), 1, 1};
-      SDL_FillRect(painted.get(), &pixel, SDL_MapRGB(painted->format, 0, 0, 0));
+      FillPart(*painted, {x, y, 1, 1}, kBlack);
     }
   }
   return painted;
@@ -69,24 +68,24 @@ SurfacePtr PaintOpaquePartsWhite(const SurfacePtr& source) {
 
 // The same by two conversions: what is opaque counts as opaque in the shared bits too, which makes it white.
 SurfacePtr FoldIntoOneChannel(const SurfacePtr& source) {
-  const SurfacePtr folded = Own(SDL_CreateRGBSurface(SDL_SWSURFACE, source->w, source->h, 16, kMaskChannel,
-                                                     kMaskChannel, kMaskChannel, kMaskChannel));
+  const SurfacePtr folded = Require(SurfacePtr(SDL_CreateRGBSurface(
+      SDL_SWSURFACE, source->w, source->h, 16, kMaskChannel, kMaskChannel, kMaskChannel, kMaskChannel)));
   // The compatibility library makes an ordinary surface instead. Black parts would become holes, and others stay bright
   // at night.
   if (folded->format->Rmask != kMaskChannel) return PaintOpaquePartsWhite(source);
-  BlitWhole(source, folded);
+  LayOver(source, folded);
   return Copy(folded);
 }
 
 SurfacePtr MakeMask(const SurfacePtr& source) {
   const SurfacePtr working = FoldIntoOneChannel(source);
-  SDL_SetColorKey(working.get(), SDL_SRCCOLORKEY, SDL_MapRGB(working->format, 0, 0, 0));
+  SetColorKey(*working, kBlack);
 
   SurfacePtr mask = Copy(source);
   SDL_SetColorKey(mask.get(), 0, 0);
-  SDL_FillRect(mask.get(), nullptr, SDL_MapRGB(mask->format, 255, 0, 255));
-  BlitWhole(working, mask);
-  SDL_SetColorKey(mask.get(), SDL_SRCCOLORKEY, SDL_MapRGB(mask->format, 255, 255, 255));
+  Fill(*mask, kTransparentColor);
+  LayOver(working, mask);
+  SetColorKey(*mask, kWhite);
   return mask;
 }
 
@@ -165,14 +164,14 @@ void GameGraphics::Darken(GraphicEntry& entry) const {
   if (entry.darkened == nullptr) {
     entry.darkened = Copy(entry.source);
   } else {
-    BlitWhole(entry.source, entry.darkened);
+    LayOver(entry.source, entry.darkened);
   }
   if (mDarkness == 0) return;
   const SurfacePtr veil = Copy(entry.source);
   SDL_FillRect(veil.get(), nullptr, 0);
   SDL_SetAlpha(veil.get(), SDL_SRCALPHA, mDarkness);
-  BlitWhole(veil, entry.darkened);
-  BlitWhole(entry.mask, entry.darkened);
+  LayOver(veil, entry.darkened);
+  LayOver(entry.mask, entry.darkened);
 }
 
 }  // namespace tolva

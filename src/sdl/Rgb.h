@@ -4,7 +4,7 @@
 
 namespace tolva {
 
-// A colour as three values from 0 to 255.
+// A color as three values from 0 to 255.
 struct Rgb {
   std::uint8_t r = 0;
   std::uint8_t g = 0;
@@ -13,7 +13,10 @@ struct Rgb {
   bool operator==(const Rgb&) const = default;
 };
 
-// The colour that control surfaces do not copy: a control with this background is see-through.
+constexpr Rgb kBlack{0, 0, 0};
+constexpr Rgb kWhite{255, 255, 255};
+
+// The color key of control surfaces: a control with this background is see-through.
 constexpr Rgb kTransparentColor{255, 0, 255};
 
 }  // namespace tolva

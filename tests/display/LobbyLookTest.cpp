@@ -20,7 +20,7 @@ class LobbyLookTest : public DisplayFixture {
     Start();
     Deliver(new PacketEnterChatAccept);
   }
-  auto Matches(const std::string& golden, const SDL_Rect& part) {
+  auto Matches(const std::string& golden, const Rect& part) {
     mDisplay->RunPass();
     return MatchesGolden(golden, *SDL_GetVideoSurface(), part);
   }
@@ -50,7 +50,7 @@ TEST_F(LobbyLookTest, ShowsWhoIsThereWhatIsSaidAndTheOptions) {
 TEST_F(LobbyLookTest, EverythingHasItsPlaceAtEverySize) {
   const struct {
     std::initializer_list<std::uint32_t> way;
-    SDL_Rect medium, large;
+    Rect medium, large;
   } places[] = {
       {{Id::kServerMessageWindow}, {0, 0, 1024, 40}, {0, 0, 1280, 40}},
       {{Id::kLeftPanel}, {0, 40, 362, 60}, {0, 40, 490, 60}},
@@ -71,10 +71,10 @@ TEST_F(LobbyLookTest, EverythingHasItsPlaceAtEverySize) {
     WriteFile("client.ini", std::string("[DISPLAY]\n") + size);
     Enter();
     for (const auto& each : places) {
-      const SDL_Rect& wanted = SDL_GetVideoSurface()->w == 1024 ? each.medium : each.large;
+      const Rect& wanted = SDL_GetVideoSurface()->w == 1024 ? each.medium : each.large;
       const auto& control = Find<ControlBasic>(each.way);
       EXPECT_EQ((std::vector<int>{control.GetX(), control.GetY(), control.GetWidth(), control.GetHeight()}),
-                (std::vector<int>{wanted.x, wanted.y, wanted.w, wanted.h}))
+                (std::vector<int>{wanted.x, wanted.y, wanted.width, wanted.height}))
           << size << ", row " << &each - places;
     }
   }

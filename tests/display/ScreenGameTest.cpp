@@ -77,7 +77,7 @@ class ScreenGameTest : public DisplayFixture {
   void Say(int first, int last) {
     for (int n = first; n <= last; ++n) Screen().HandlePacket(new PacketChatMsg("Anna", std::to_string(n).c_str()));
   }
-  auto Matches(const std::string& golden, const SDL_Rect& part = {250, 140, 300, 260}) {
+  auto Matches(const std::string& golden, const Rect& part = {250, 140, 300, 260}) {
     mDisplay->RunPass();
     return MatchesGolden(golden, *SDL_GetVideoSurface(), part);
   }
@@ -154,7 +154,7 @@ TEST_F(ScreenGameTest, ShowsProgressThenTheWorldInItsLightAndTheRoundTripTime) {
 }
 
 TEST_F(ScreenGameTest, TheHistoryGrowsShrinksAndScrolls) {
-  const SDL_Rect panels[] = {{42, 545, 758, 19}, {42, 497, 758, 67}, {42, 299, 758, 265}};  // behind the time
+  const Rect panels[] = {{42, 545, 758, 19}, {42, 497, 758, 67}, {42, 299, 758, 265}};  // behind the time
   Say(1, 2);
   EXPECT_TRUE(Matches("history-line", panels[0]));
   const std::string wide = "Come along, we can walk from the market to the water and be back before it is dark; does ";

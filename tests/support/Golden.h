@@ -7,6 +7,7 @@
 #include <SDL_image.h>
 #include <gtest/gtest.h>
 
+#include "sdl/Rect.h"
 #include "sdl/SurfacePtr.h"
 #include "support/TempDir.h"
 #include "support/TestPng.h"
@@ -26,19 +27,19 @@ struct GoldenPixel {
 // Whether `part` of `surface` is pixel by pixel the picture goldens/<name>.png beside the test. If not, what was drawn
 // is kept in the build's folder; the message names the file. With TOLVA_RENEW_GOLDENS=1 in the environment it becomes
 // the golden picture instead.
-inline ::testing::AssertionResult MatchesGolden(const std::string& name, const SDL_Surface& surface,
-                                                const SDL_Rect& part) {
+inline ::testing::AssertionResult MatchesGolden(const std::string& name, const SDL_Surface& surface, const Rect& part) {
   const bool renews = std::getenv("TOLVA_RENEW_GOLDENS") != nullptr;
   const std::string golden = TOLVA_TEST_GOLDENS "/" + name + ".png";
   const std::string drawn = renews ? golden : TOLVA_TEST_OUTPUT "/" + name + ".drawn.png";
   const SurfacePtr picture(IMG_Load(golden.c_str()));
-  int differing = picture != nullptr && picture->w == part.w && picture->h == part.h ? 0 : part.w * part.h;
-  TestPicture copy{.width = part.w, .height = part.h};
-  for (int i = 0, known = differing; i < part.w * part.h; ++i) {
-    const GoldenPixel pixel(surface, part.x + i % part.w, part.y + i / part.w);
+  int differing =
+      picture != nullptr && picture->w == part.width && picture->h == part.height ? 0 : part.width * part.height;
+  TestPicture copy{.width = static_cast<Uint32>(part.width), .height = static_cast<Uint32>(part.height)};
+  for (int i = 0, known = differing; i < part.width * part.height; ++i) {
+    const GoldenPixel pixel(surface, part.x + i % part.width, part.y + i / part.width);
     copy.samples.insert(copy.samples.end(), {pixel.r, pixel.g, pixel.b});
     if (known > 0) continue;
-    const GoldenPixel wanted(*picture, i % part.w, i / part.w);
+    const GoldenPixel wanted(*picture, i % part.width, i / part.width);
     // In the surface's format, because each SDL library widens fewer bits to 24 in a way of its own.
     if (SDL_MapRGB(surface.format, wanted.r, wanted.g, wanted.b) != pixel.value) ++differing;
   }
