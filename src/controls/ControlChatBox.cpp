@@ -6,6 +6,7 @@
 #include "controls/ControlTextBasic.h"
 #include "foundation/FlagScope.h"
 #include "foundation/Guard.h"
+#include "foundation/Text.h"
 #include "sdl/Text.h"
 
 namespace tolva {

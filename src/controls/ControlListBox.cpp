@@ -1,12 +1,12 @@
 #include "controls/ControlListBox.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "controls/ControlLabel.h"
 #include "controls/ControlScrollbar.h"
 #include "controls/MouseWheel.h"
 #include "foundation/Guard.h"
+#include "foundation/Text.h"
 
 namespace tolva {
 
@@ -52,10 +52,6 @@ bool ControlListBox::RemoveEntry(const char* text) {
 void ControlListBox::ClearEntries() { mEntries.clear(); }
 
 int ControlListBox::GetEntryCount() { return static_cast<int>(mEntries.size()); }
-
-std::string ControlListBox::CutText(const char* text, std::size_t length) {
-  return text == nullptr ? std::string() : std::string(text, strnlen(text, length));
-}
 
 // ---- Look ----
 

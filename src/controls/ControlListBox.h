@@ -51,7 +51,6 @@ class ControlListBox : public ControlBasic {
   // Adds a row's label with the id kFirstLabelId + `index`, one row high, on this control's background.
   void AddLabel(int index, int x, int y, int width, const std::string& text, Rgb color);
   void RemoveLabels(int count);
-  static std::string CutText(const char* text, std::size_t length);
 
   // Owned by the list of sub-controls.
   ControlScrollbar* mScrollbar = nullptr;

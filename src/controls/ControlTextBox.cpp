@@ -1,11 +1,9 @@
 #include "controls/ControlTextBox.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "controls/TypedCharacter.h"
 #include "foundation/Guard.h"
-#include "foundation/Text.h"
 #include "foundation/Ticks.h"
 #include "sdl/Copy.h"
 #include "sdl/SdlError.h"
@@ -39,11 +37,9 @@ ControlTextBox::ControlTextBox(std::uint32_t id, SDL_Surface* parentSurface, voi
 
 void ControlTextBox::SetText(const char* text) {
   GuardControl(kModule, "SetText", [&] {
-    CopyText(mEntered, static_cast<std::size_t>(GetMaxLength()) + 1, text);
-    mCursor = std::min(mCursor, GetLength());
-    mFirstShown = std::min(mFirstShown, mCursor);
+    mEntered.SetText(text, static_cast<std::size_t>(GetMaxLength()));
     ScrollToCursor();
-    ControlLabel::SetText(GetDisplayed(mFirstShown, GetLength()).c_str());
+    ControlLabel::SetText(GetDisplayed(mFirstShown, mEntered.GetLength()).c_str());
   });
 }
 
@@ -53,25 +49,26 @@ void ControlTextBox::ScrollToCursor() {
     return;
   }
   const int room = GetWidth() - 2 * kMargin;
-  while (mFirstShown < mCursor && MeasureDisplayed(mFirstShown, mCursor, "SetText") > room) ++mFirstShown;
-  // After a deletion there is room for characters that had been pushed out.
-  while (mFirstShown > 0 && MeasureDisplayed(mFirstShown - 1, GetLength(), "SetText") <= room) --mFirstShown;
+  const std::size_t cursor = mEntered.GetCursor();
+  const std::size_t length = mEntered.GetLength();
+  mFirstShown = std::min(mFirstShown, cursor);
+  while (mFirstShown < cursor && MeasureDisplayed(mFirstShown, cursor, "SetText") > room) ++mFirstShown;
+  // A deletion makes room for characters that had been pushed out.
+  while (mFirstShown > 0 && MeasureDisplayed(mFirstShown - 1, length, "SetText") <= room) --mFirstShown;
 }
 
 void ControlTextBox::SetPassword(bool password) {
   GuardControl(kModule, "SetPassword", [&] {
     mPassword = password;
-    SetText(mEntered);
+    SetText(GetText());
   });
 }
 
-std::uint32_t ControlTextBox::GetLength() const { return static_cast<std::uint32_t>(std::strlen(mEntered)); }
-
-std::string ControlTextBox::GetDisplayed(std::uint32_t first, std::uint32_t end) const {
-  return mPassword ? std::string(end - first, '*') : std::string(mEntered + first, mEntered + end);
+std::string ControlTextBox::GetDisplayed(std::size_t first, std::size_t end) const {
+  return mPassword ? std::string(end - first, '*') : std::string(GetText() + first, GetText() + end);
 }
 
-int ControlTextBox::MeasureDisplayed(std::uint32_t first, std::uint32_t end, const char* method) const {
+int ControlTextBox::MeasureDisplayed(std::size_t first, std::size_t end, const char* method) const {
   return MeasureText(GetFont(), GetDisplayed(first, end).c_str(), kModule, method).width;
 }
 
@@ -82,8 +79,8 @@ void ControlTextBox::SetActive(bool active) {
     const bool before = IsActive();
     ControlBasic::SetActive(active);
     if (active == before) return;
-    if (active) mCursor = GetLength();
-    SetText(mEntered);
+    if (active) mEntered.MoveToEnd();
+    SetText(GetText());
   });
 }
 
@@ -98,50 +95,13 @@ void ControlTextBox::SdlEventHandler(SDL_Event event) {
 }
 
 void ControlTextBox::HandleKey(const SDL_keysym& key) {
-  switch (key.sym) {
-    case SDLK_RETURN:
-    case SDLK_KP_ENTER:
-      return ReportEvent(kEventEnter);
-    case SDLK_TAB:
-      return ReportEvent(kEventTab);
-    case SDLK_ESCAPE:
-      return ReportEvent(kEventEscape);
-    case SDLK_BACKSPACE:
-      if (mCursor == 0) return;
-      --mCursor;
-      RemoveCharacterAtCursor();
-      break;
-    case SDLK_DELETE:
-      RemoveCharacterAtCursor();
-      break;
-    case SDLK_LEFT:
-      if (mCursor > 0) --mCursor;
-      break;
-    case SDLK_RIGHT:
-      if (mCursor < GetLength()) ++mCursor;
-      break;
-    case SDLK_HOME:
-      mCursor = 0;
-      break;
-    case SDLK_END:
-      mCursor = GetLength();
-      break;
-    default:
-      InsertCharacter(GetTypedCharacter(key));
-  }
-  SetText(mEntered);
-}
-
-void ControlTextBox::InsertCharacter(char character) {
-  const std::uint32_t length = GetLength();
-  if (character == '\0' || length >= static_cast<std::uint32_t>(GetMaxLength())) return;
-  std::memmove(mEntered + mCursor + 1, mEntered + mCursor, length - mCursor + 1);
-  mEntered[mCursor++] = character;
-}
-
-void ControlTextBox::RemoveCharacterAtCursor() {
-  const std::uint32_t length = GetLength();
-  if (mCursor < length) std::memmove(mEntered + mCursor, mEntered + mCursor + 1, length - mCursor);
+  if (IsReturn(key.sym)) return ReportEvent(kEventEnter);
+  if (key.sym == SDLK_TAB) return ReportEvent(kEventTab);
+  if (key.sym == SDLK_ESCAPE) return ReportEvent(kEventEscape);
+  const auto maxLength = static_cast<std::size_t>(GetMaxLength());
+  const bool isChanged = mEntered.HandleKey(key, maxLength, EditBuffer::WordMoves::Off);
+  // Renders after keys without effect, too, because a hidden cursor shows again. Backspace at the start does nothing.
+  if (isChanged || key.sym != SDLK_BACKSPACE) SetText(GetText());
 }
 
 // ---- Look ----
@@ -172,7 +132,7 @@ void ControlTextBox::Refresh(bool recursive) {
 void ControlTextBox::PaintCursor() {
   if (mCursorSurface == nullptr) CreateCursorSurface();
   if (mCursorSurface == nullptr || GetBaseSurface() == nullptr) return;
-  const int width = MeasureDisplayed(mFirstShown, mCursor, "Refresh");
+  const int width = MeasureDisplayed(mFirstShown, mEntered.GetCursor(), "Refresh");
   CheckSdl(CopyWhole(mCursorSurface.get(), GetBaseSurface(), GetTextX() + width - 1, GetTextY() + kCursorTop), kModule,
            "Refresh");
 }

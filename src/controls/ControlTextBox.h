@@ -3,6 +3,7 @@
 #include <string>
 
 #include "controls/ControlLabel.h"
+#include "controls/EditBuffer.h"
 
 namespace tolva {
 
@@ -22,7 +23,7 @@ class ControlTextBox : public ControlLabel {
   void SdlEventHandler(SDL_Event event) override;
 
   // The entered text, never the masked or scrolled one.
-  const char* GetText() const override { return mEntered; }
+  const char* GetText() const override { return mEntered.GetText(); }
   // Keeps the cursor where it is, or at the new end.
   void SetText(const char* text) override;
 
@@ -33,18 +34,14 @@ class ControlTextBox : public ControlLabel {
 
  private:
   void HandleKey(const SDL_keysym& key);
-  void InsertCharacter(char character);
-  void RemoveCharacterAtCursor();
   void ScrollToCursor();
   void PaintCursor();
-  std::uint32_t GetLength() const;
   // The characters from `first` up to `end` as the player sees them.
-  std::string GetDisplayed(std::uint32_t first, std::uint32_t end) const;
-  int MeasureDisplayed(std::uint32_t first, std::uint32_t end, const char* method) const;
+  std::string GetDisplayed(std::size_t first, std::size_t end) const;
+  int MeasureDisplayed(std::size_t first, std::size_t end, const char* method) const;
 
-  char mEntered[kTextCapacity] = "";
-  std::uint32_t mCursor = 0;
-  std::uint32_t mFirstShown = 0;
+  EditBuffer mEntered;
+  std::size_t mFirstShown = 0;
   bool mPassword = false;
   bool mCursorShown = false;
   SurfacePtr mCursorSurface;

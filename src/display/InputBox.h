@@ -22,25 +22,14 @@ class InputBox : public TextBox {
   void HandleEvent(SDL_Event event) override;
   void CreateSurface() override;
 
-  // A cursor beyond the new text moves to its end.
-  void SetText(const char* text);
   // Shows every character as '*'.
   void SetPassword(bool password);
 
  private:
-  std::uint32_t GetLength() const;
-  // Each of these tells whether it changed anything.
-  bool HandleKey(const SDL_keysym& key);
-  bool MoveLeft(bool byWord);
-  bool MoveRight(bool byWord);
-  bool MoveTo(std::uint32_t position);
-  bool Erase(std::uint32_t position);
-  bool Type(char character);
   int FindCursor(const std::string& textBefore) const;
   void DrawCursor(int x);
   void ShowCursor(int x);
 
-  std::uint32_t mCursor = 0;
   bool mCursorVisible = false;
   std::uint32_t mBlinkTick;
   bool mPassword = false;

@@ -5,7 +5,6 @@
 
 #include "archive/ArchiveFormat.h"
 #include "foundation/Guard.h"
-#include "foundation/Text.h"
 #include "sdl/Text.h"
 
 namespace tolva {
@@ -55,12 +54,12 @@ TTF_Font* TextBox::GetFont() { return GetFontKeeper().Get(); }
 void TextBox::HandleEvent(SDL_Event /*event*/) {}
 
 void TextBox::CreateSurface() {
-  Guard(kModule, "CreateSurface", [&] { Render(mText); });
+  Guard(kModule, "CreateSurface", [&] { Render(GetText()); });
 }
 
 void TextBox::SetText(const char* text) {
   Guard(kModule, "SetText", [&] {
-    StoreText(text);
+    mText.SetText(text, mMaxLength);
     CreateSurface();
   });
 }
@@ -73,8 +72,6 @@ void TextBox::SetColor(std::uint8_t r, std::uint8_t g, std::uint8_t b) {
 }
 
 void TextBox::SetMaxLength(std::uint32_t maxLength) { mMaxLength = std::min(maxLength, kMaxLength); }
-
-void TextBox::StoreText(const char* text) { CopyText(mText, std::size_t{mMaxLength} + 1, text); }
 
 void TextBox::Render(const char* text) {
   // An empty text has no surface: the font library refuses it.

@@ -5,6 +5,7 @@
 
 #include <SDL_ttf.h>
 
+#include "controls/EditBuffer.h"
 #include "display/Widget.h"
 #include "media/Archive.h"
 #include "sdl/Rgb.h"
@@ -33,7 +34,7 @@ class TextBox : public Widget {
 
   // Keeps as many characters as the maximum length allows. `text` may be null or the box's own.
   void SetText(const char* text);
-  const char* GetText() const { return mText; }
+  const char* GetText() const { return mText.GetText(); }
   void SetColor(std::uint8_t r, std::uint8_t g, std::uint8_t b);
   // Counts from the next text on; larger values than kMaxLength count as that.
   void SetMaxLength(std::uint32_t maxLength);
@@ -46,16 +47,14 @@ class TextBox : public Widget {
   bool LoadFont();
 
  protected:
-  // Cuts `text` and keeps it, without rendering it.
-  void StoreText(const char* text);
-  // Makes `text`, whatever the box's own is, what is shown.
+  // Shows `text` in place of the box's own.
   void Render(const char* text);
   // The shared font, or null.
   static TTF_Font* GetFont();
   Rgb GetColor() const { return mColor; }
   std::uint32_t GetMaxLength() const { return mMaxLength; }
 
-  char mText[kMaxLength + 1] = "";
+  EditBuffer mText;  // whose cursor only an input box moves
 
  private:
   void Initialize();

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <string>
 
 namespace tolva {
 
@@ -16,6 +17,11 @@ inline void CopyText(char* to, std::size_t capacity, const char* from) {
 template <std::size_t Capacity>
 void CopyText(char (&to)[Capacity], const char* from) {
   CopyText(to, Capacity, from);
+}
+
+// The first `length` characters of `text`; a null text counts as empty.
+inline std::string CutText(const char* text, std::size_t length) {
+  return text == nullptr ? std::string() : std::string(text, strnlen(text, length));
 }
 
 }  // namespace tolva
