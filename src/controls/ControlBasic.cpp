@@ -25,8 +25,8 @@ int ClampPosition(int value) {
 
 int ClampSize(int value) { return std::clamp<int>(value, 0, std::numeric_limits<Uint16>::max()); }
 
-// SDL counts the buttons from 1; no mouse has 32.
-std::uint32_t ToBit(const SDL_MouseButtonEvent& event) { return std::uint32_t{1} << event.button % 32; }
+// SDL counts buttons from 1, and no mouse has 32.
+std::uint32_t GetButtonBit(const SDL_MouseButtonEvent& event) { return std::uint32_t{1} << event.button % 32; }
 
 }  // namespace
 
@@ -51,7 +51,7 @@ void ControlBasic::HandleSdlEvent(SDL_Event event) {
     if (event.type == SDL_MOUSEBUTTONUP) return RouteRelease(event);
     SetActive(true);
     if (event.type == SDL_MOUSEBUTTONDOWN) RoutePress(event.button);
-    // Nothing may follow: whoever handles the event may change the tree.
+    // Do nothing after this: the handler may change the tree.
     if (mFocusedControl != nullptr) {
       mFocusedControl->HandleSdlEvent(event);
     } else {
@@ -61,12 +61,12 @@ void ControlBasic::HandleSdlEvent(SDL_Event event) {
 }
 
 void ControlBasic::RoutePress(SDL_MouseButtonEvent& press) {
-  // Held already: its release has been lost on the way.
-  if (ControlBasic* before = FindReceiverOfPress(ToBit(press))) before->mHeldButtons &= ~ToBit(press);
+  // A button that is held already: its release was lost.
+  if (ControlBasic* before = FindReceiverOfPress(GetButtonBit(press))) before->mHeldButtons &= ~GetButtonBit(press);
   mFocusedControl = nullptr;
   press.x = static_cast<Uint16>(press.x - mRect.x);
   press.y = static_cast<Uint16>(press.y - mRect.y);
-  // First everything below loses the focus, then the path down to here gets it back.
+  // Everything below loses the focus, then this control and those above it get it back.
   SetActive(false);
   SetActive(true);
   const auto hit = std::find_if(mSubControls.begin(), mSubControls.end(), [&](const auto& control) {
@@ -78,16 +78,16 @@ void ControlBasic::RoutePress(SDL_MouseButtonEvent& press) {
     mFocusedControl = &control;
     control.SetActive(true);
   } else {
-    mHeldButtons |= ToBit(press);
+    mHeldButtons |= GetButtonBit(press);
   }
-  // A drag that starts with this press counts from here.
+  // A drag counts from this press.
   SDL_GetRelativeMouseState(nullptr, nullptr);
 }
 
 void ControlBasic::RouteRelease(const SDL_Event& release) {
-  ControlBasic* receiver = FindReceiverOfPress(ToBit(release.button));
+  ControlBasic* receiver = FindReceiverOfPress(GetButtonBit(release.button));
   if (receiver == nullptr) return;
-  receiver->mHeldButtons &= ~ToBit(release.button);
+  receiver->mHeldButtons &= ~GetButtonBit(release.button);
   receiver->SdlEventHandler(release);
 }
 
@@ -166,7 +166,7 @@ void ControlBasic::PaintBackground() {
   if (mBackgroundSurface != nullptr && !GetBounds(*mBackgroundSurface).IsEmpty()) {
     return CheckSdl(TileOver(mBackgroundSurface, *mBaseSurface), kModule, "Refresh");
   }
-  // What shows through must be as new, without the old look of this control.
+  // Removes the old look of this control from what shows through.
   if (mBackgroundColor == kTransparentColor && mParentControl != nullptr) mParentControl->Refresh(false);
   FillWithBackgroundColor("Refresh");
 }
@@ -181,7 +181,7 @@ void ControlBasic::CreateBaseSurface() {
   GuardControl(kModule, "CreateBaseSurface", [&] {
     if (!mSurfaceBuildingAllowed) return;
     mBaseSurface.reset();
-    // None of them may keep the freed surface if the new one cannot be built.
+    // If building the new one fails, no sub-control may keep the old.
     PassSurfaceToSubControls();
     const SDL_Surface* video = SDL_GetVideoSurface();
     if (video == nullptr) throw new Error(kModule, "CreateBaseSurface", "No video mode has been set");

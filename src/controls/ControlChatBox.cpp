@@ -15,10 +15,10 @@ namespace {
 
 constexpr char kModule[] = "ControlChatBox";
 
-// Between the name and the text, and right of the text.
+// Pixels between name and text, and right of the text.
 constexpr int kGap = 10;
 
-// What the game itself says is set off from what players say.
+// The server speaks in a color of its own.
 constexpr char kServerName[] = "Server";
 constexpr Rgb kServerColor{163, 158, 133};
 
@@ -34,16 +34,16 @@ bool Fits(const std::string& text, std::size_t count, int width, TTF_Font* font)
   return count <= 1 || MeasureText(font, text.substr(0, count).c_str(), kModule, "WrapText").width <= width;
 }
 
-// How many characters of `text` fit on a line, searched from `guess` on.
+// How many characters of `text` fit on a line. The search starts at `guess`.
 std::size_t CountFitting(const std::string& text, std::size_t guess, int width, TTF_Font* font) {
-  const std::size_t most = std::min(text.size(), ControlChatBox::kMaxLineLength);
-  std::size_t count = std::min(guess, most);
+  const std::size_t limit = std::min(text.size(), ControlChatBox::kMaxLineLength);
+  std::size_t count = std::min(guess, limit);
   while (!Fits(text, count, width, font)) --count;
-  while (count < most && Fits(text, count + 1, width, font)) ++count;
+  while (count < limit && Fits(text, count + 1, width, font)) ++count;
   return count;
 }
 
-// How many characters of average width fit on a line.
+// How many characters fit on a line if all are of average width.
 std::size_t GuessFitting(const std::string& text, int width, TTF_Font* font) {
   const int textWidth = MeasureText(font, text.c_str(), kModule, "WrapText").width;
   if (textWidth <= width) return text.size();
@@ -63,7 +63,7 @@ void ControlChatBox::AddEntry(const char* name, const char* text) {
     StoreLines(mMessages.back());
     DropOldest(mMessages, mMaxMessages);
     Refresh(false);
-    // Follows what is said, unless the player has scrolled back to read.
+    // A player who has scrolled back is reading.
     if (atEnd) mScrollbar->SetValue(mScrollbar->GetMaximum());
   });
 }
@@ -85,7 +85,7 @@ int ControlChatBox::WrapText(const char* text, int width, TTF_Font* font, std::v
   return GuardControl(kModule, "WrapText", [&] {
     const std::size_t before = lines.size();
     std::string rest = text == nullptr ? "" : text;
-    // One guess for all lines: measuring the rest for each would take the square of the time.
+    // One guess for all lines: measuring the rest for each line would take quadratic time.
     const std::size_t guess = GuessFitting(rest, width, font);
     while (true) {
       const std::size_t fitting = CountFitting(rest, guess, width, font);
@@ -113,7 +113,7 @@ int ControlChatBox::GetEntryCount() { return static_cast<int>(mLines.size()); }
 
 void ControlChatBox::Refresh(bool recursive) {
   GuardControl(kModule, "Refresh", [&] {
-    // A see-through row refreshes this control while this control renders it.
+    // Rendering a see-through row refreshes this control again.
     if (!IsRefreshEnabled() || mRefreshing) return;
     const FlagScope once(mRefreshing, true);
     ControlListBox::Refresh(recursive);

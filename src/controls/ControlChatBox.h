@@ -8,11 +8,11 @@
 
 namespace tolva {
 
-// A list of chat messages, wrapped to the width of the box, with the speakers' names in a column of their own. Follows
-// new messages while it is scrolled to the end. The oldest messages and lines make room for new ones.
+// A list of chat messages, wrapped to the width of the box, with the speakers' names in front. Scrolls with new
+// messages while its end is in view. Keeps a bounded number of messages and lines and drops the oldest.
 class ControlChatBox : public ControlListBox {
  public:
-  // Names and texts are cut to this many characters.
+  // Longer names and texts are cut.
   static constexpr std::size_t kMaxNameLength = 63;
   static constexpr std::size_t kMaxLineLength = 1023;
 
@@ -20,9 +20,9 @@ class ControlChatBox : public ControlListBox {
 
   void Refresh(bool recursive) override;
   void EventHandler(ControlEvent event) override;
-  // A message that nobody said.
+  // A message without a speaker.
   void AddEntry(const char* text) override;
-  // What was said cannot be taken back: does nothing and returns false.
+  // Messages cannot be removed: does nothing and returns false.
   bool RemoveEntry(const char* text) override;
   void ClearEntries() override;
   // The number of lines.
@@ -32,13 +32,13 @@ class ControlChatBox : public ControlListBox {
 
   void AddEntry(const char* name, const char* text);
   void SetNameColor(std::uint8_t r, std::uint8_t g, std::uint8_t b) { mNameColor = {r, g, b}; }
-  // Take effect with the next message.
+  // Both take effect with the next message.
   void SetMaxMessages(std::uint32_t count) { mMaxMessages = count; }
   void SetMaxLines(std::uint32_t count) { mMaxLines = count; }
 
-  // Appends `text` to `lines`, wrapped at blanks so that each line is at most `width` pixels wide in `font`, but has at
-  // least one character; a word that is wider than a line is cut. Without a font everything counts as 0 pixels wide.
-  // Returns the number of lines appended, at least 1.
+  // Appends `text` to `lines`, broken at blanks into lines of at most `width` pixels and at least one character. A word
+  // wider than that is cut. Without a font (null), every text is 0 pixels wide. Returns how many lines it appended, at
+  // least 1.
   static int WrapText(const char* text, int width, TTF_Font* font, std::vector<std::string>& lines);
 
  private:
@@ -48,7 +48,7 @@ class ControlChatBox : public ControlListBox {
   };
   struct Line {
     int nameWidth;
-    std::string name;  // empty in the lines that continue a message
+    std::string name;  // empty in the second and later lines of a message
     std::string text;
     bool isFromServer;
   };
@@ -56,6 +56,8 @@ class ControlChatBox : public ControlListBox {
   void StoreLines(const Message& message);
   void CreateRow(int row);
 
+  // Whole, since lines cannot be joined again: what lines for another width would be wrapped from. Nothing asks for
+  // that so far.
   std::deque<Message> mMessages;
   std::deque<Line> mLines;
   Rgb mNameColor{255, 0, 0};

@@ -6,13 +6,13 @@ namespace tolva {
 
 class ControlBasic;
 
-// What a control tells its owner. While it handles a report, the owner may delete any control except the sender and
-// those that hold the sender.
+// A control's report to its owner, who may delete any control while handling it, except the sender and those above the
+// sender in the tree.
 struct ControlEvent {
   ControlBasic* sender;
-  // The context that the sender was constructed with.
+  // The context given to the sender's constructor.
   void* receiver;
-  // One of the sender's class's kEvent constants.
+  // A kEvent constant of the sender's class.
   std::uint32_t code;
 };
 

@@ -15,16 +15,16 @@ namespace {
 
 constexpr char kModule[] = "ControlLabel";
 
-// SDL builds no wider surface.
+// The widest surface that SDL builds.
 constexpr int kMaxSurfaceWidth = 16383;
 
-// A place along one axis: 0 near, 1 in the middle, 2 far.
-int PlaceAlongAxis(std::uint32_t place, int room, int length, int margin) {
+// Where a text of `length` pixels starts along an axis: 0 at the near end, 1 in the middle, 2 at the far end.
+int AlignAlongAxis(std::uint32_t place, int room, int length, int margin) {
   if (place == 0) return margin;
   return place == 1 ? (room - length) / 2 : room - length - margin;
 }
 
-// The longest beginning of `text` that can be rendered. What is cut off lies beyond the edge of any control.
+// The longest start of `text` that can be rendered. The rest would lie beyond the edge of any control.
 std::string CutToSurface(TTF_Font* font, std::string text, int width) {
   while (width > kMaxSurfaceWidth) {
     text.pop_back();
@@ -70,12 +70,12 @@ void ControlLabel::UpdateTextSurface() {
   TTF_Font* font = GetFont();
   if (font == nullptr) return;
   const bool empty = mText[0] == '\0';
-  // An empty line is as high as any other, for the sake of a text cursor.
+  // An empty line keeps its height: a text box shows a cursor in it.
   const Size size = MeasureText(font, empty ? "dummy" : mText, kModule, "Refresh");
   mTextHeight = size.height;
   if (empty) return;
   mTextWidth = size.width;
-  // To the library, a text without pixels is a failure.
+  // The library fails on a text without pixels.
   const std::string shown = CutToSurface(font, mText, size.width);
   if (shown.empty() || size.width <= 0) return;
   mTextSurface = CheckSurface(RenderText(font, shown.c_str(), GetForegroundColor()), kModule, "Refresh");
@@ -83,8 +83,8 @@ void ControlLabel::UpdateTextSurface() {
 
 void ControlLabel::PlaceText() {
   const bool known = mAlignment <= kBottomRight;
-  mTextX = known ? PlaceAlongAxis(mAlignment % 3, GetWidth(), mTextWidth, kMargin) : 0;
-  mTextY = known ? PlaceAlongAxis(mAlignment / 3, GetHeight(), mTextHeight, kMargin) : 0;
+  mTextX = known ? AlignAlongAxis(mAlignment % 3, GetWidth(), mTextWidth, kMargin) : 0;
+  mTextY = known ? AlignAlongAxis(mAlignment / 3, GetHeight(), mTextHeight, kMargin) : 0;
 }
 
 void ControlLabel::PaintText() {

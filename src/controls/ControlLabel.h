@@ -4,15 +4,15 @@
 
 namespace tolva {
 
-// One line of text in one of nine places.
+// One line of text, aligned to one of nine places.
 class ControlLabel : public ControlTextBasic {
  public:
   static constexpr std::uint32_t kEventMouseDown = 0;
-  // These two arrive while the label has the focus, wherever the mouse is.
+  // These two come while the label has the focus, wherever the pointer is.
   static constexpr std::uint32_t kEventMouseUp = 1;
   static constexpr std::uint32_t kEventMouseMotion = 2;
 
-  // The columns left, centre and right of three rows; anything else stands for the upper left corner without a margin.
+  // Any other value aligns to the top left corner, without a margin.
   enum Alignment : std::uint32_t {
     kTopLeft = 0,
     kTopCenter = 1,
@@ -32,23 +32,23 @@ class ControlLabel : public ControlTextBasic {
   void Refresh(bool recursive) override;
   void SdlEventHandler(SDL_Event event) override;
 
-  // One byte per character.
+  // Latin-1, one byte per character.
   virtual const char* GetText() const { return mText; }
   // Cuts to the maximum length.
   virtual void SetText(const char* text);
 
   void SetAlignment(std::uint32_t alignment);
-  // The most characters that `SetText` keeps, clamped to 0..1023. Leaves the present text alone.
+  // Clamped to 0..1023. Does not cut the present text.
   void SetMaxLength(int length);
   int GetMaxLength() const { return mMaxLength; }
 
-  // Where the last rendered text stands in the base surface, and its width.
+  // Where the rendered text starts in the base surface, and its width, in pixels.
   int GetTextX() const { return mTextX; }
   int GetTextY() const { return mTextY; }
   int GetTextWidth() const { return mTextWidth; }
 
  protected:
-  // Left and right of a text, in pixels.
+  // Pixels left free on each side of the text.
   static constexpr int kMargin = 3;
 
  private:

@@ -124,13 +124,13 @@ void ControlListBox::Refresh(bool recursive) {
 
 void ControlListBox::UpdateScrollRange() {
   const int maximum = std::max(0, GetEntryCount() - mVisibleCount);
-  // Only a change, or a see-through scrollbar, whose rendering refreshes this control, would never come to an end.
+  // Setting it renders the scrollbar, and a see-through scrollbar refreshes this control: only a change ends that.
   if (maximum != mScrollbar->GetMaximum()) mScrollbar->SetMaximum(maximum);
 }
 
 int ControlListBox::CalculateVisibleEntries() {
   return GuardControl(kModule, "CalculateVisibleEntries", [&] {
-    // A row starts where more than a row and two borders are left below its start.
+    // A row needs more than its height and two borders below its start.
     const int border = GetBorderWidth();
     const int room = GetHeight() - 2 * border - kRowHeight - border;
     return room <= 0 ? 0 : (room + kRowHeight - 1) / kRowHeight;
@@ -164,7 +164,7 @@ void ControlListBox::AddLabel(int index, int x, int y, int width, const std::str
   label->SetPosition(x, y, width, kRowHeight);
   label->SetText(text.c_str());
   label->SetBackgroundColor(background.r, background.g, background.b);
-  // The last setter renders it, once.
+  // The last setter renders once for all.
   label->SetRefreshEnabled(true);
   label->SetForegroundColor(color.r, color.g, color.b);
   AddSubControl(label.release());

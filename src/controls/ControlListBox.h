@@ -10,12 +10,11 @@ namespace tolva {
 class ControlLabel;
 class ControlScrollbar;
 
-// A column of one-line entries with a scrollbar at its right edge. Only the rows that fit exist as labels, created anew
-// on every full refresh, so whoever keeps a pointer to one keeps it too long. The sub-control ids 0 and from 1000 on
-// are taken.
+// A vertical list of one-line texts with a scrollbar on the right. Its rows are labels that live until the next full
+// refresh: keep no pointers to them. Uses the sub-control ids 0 and 1000 and above.
 class ControlListBox : public ControlBasic {
  public:
-  // Entries are cut to this many characters.
+  // Longer entries are cut.
   static constexpr std::size_t kMaxEntryLength = 255;
   static constexpr int kRowHeight = 19;
 
@@ -27,15 +26,15 @@ class ControlListBox : public ControlBasic {
   bool TurnWheel(int x, int y, int notches) override;
 
   virtual void AddEntry(const char* text);
-  // Removes the first entry that equals `text`. False when there is none.
+  // Takes out one entry, the topmost with this text. False when no entry has it.
   virtual bool RemoveEntry(const char* text);
-  // Shows in the next refresh.
+  // The rows stay until the next refresh.
   virtual void ClearEntries();
   virtual int GetEntryCount();
   virtual void DeleteEntryLabels();
   virtual void CreateEntryLabels();
 
-  // The colour of the entries.
+  // The color of the texts.
   void SetForegroundColor(std::uint8_t r, std::uint8_t g, std::uint8_t b);
   void SetDecrementButtonSurfaces(SDL_Surface* pressed, SDL_Surface* unpressed);
   void SetIncrementButtonSurfaces(SDL_Surface* pressed, SDL_Surface* unpressed);
@@ -45,17 +44,17 @@ class ControlListBox : public ControlBasic {
   int CalculateVisibleEntries();
 
  protected:
-  // The labels of all rows count up from here.
+  // The id of the first row's label; the others count up from it.
   static constexpr std::uint32_t kFirstLabelId = 1000;
 
-  // Adds a row's label with the id kFirstLabelId + `index`, one row high, on this control's background.
+  // Adds a label with the id kFirstLabelId + `index`, one row high, in this control's background color.
   void AddLabel(int index, int x, int y, int width, const std::string& text, Rgb color);
   void RemoveLabels(int count);
 
-  // Owned by the list of sub-controls.
+  // Owned as a sub-control.
   ControlScrollbar* mScrollbar = nullptr;
   Rgb mForegroundColor{255, 0, 0};
-  // How many rows exist as labels.
+  // How many rows have labels.
   int mVisibleCount = 0;
 
  private:

@@ -160,7 +160,7 @@ void ControlScrollbar::PlaceThumb() {
 }
 
 int ControlScrollbar::GetThumbOffset(int span) const {
-  // Whole numbers would overflow on the widest ranges, and so would a position for a minimum far from 0.
+  // In floating point and clamped, since the widest ranges overflow integers.
   const double range = static_cast<double>(mMaximum) - mMinimum;
   if (range == 0) return 0;
   constexpr double kFarthest = std::numeric_limits<Sint16>::max();

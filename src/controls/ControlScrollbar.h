@@ -7,14 +7,15 @@ namespace tolva {
 class ControlButton;
 class ControlLabel;
 
-// Two arrow buttons that step a value through a range, and a track whose thumb shows where it stands.
+// Two arrow buttons that change a value by 1 within a range, and between them a track with a thumb that marks it.
 class ControlScrollbar : public ControlBasic {
  public:
-  // `SetValue` was called, by the owner or by an arrow button; also when the value stayed the same.
+  // Somebody set the value, perhaps to the same number again: an arrow button counts as much as code.
   static constexpr std::uint32_t kEventValue = 0;
+  // Somebody set the maximum.
   static constexpr std::uint32_t kEventMaximum = 1;
 
-  // The edge length of the arrow buttons and the thumb along the track, and the usual thickness of a scrollbar.
+  // Pixels of buttons and thumb along the track, and the usual width of a vertical scrollbar.
   static constexpr int kButtonSize = 16;
 
   ControlScrollbar(std::uint32_t id, SDL_Surface* parentSurface, void* context, ControlCallback callback);
@@ -23,13 +24,13 @@ class ControlScrollbar : public ControlBasic {
   void Refresh(bool recursive) override;
   void EventHandler(ControlEvent event) override;
 
-  // The picture behind the thumb.
+  // Tiled behind the thumb; null for none. The caller keeps it.
   virtual void SetBackgroundSurface(SDL_Surface* surface);
 
   void SetVertical(bool vertical);
-  // Ignored when above the maximum. The value follows.
+  // Ignored when above the maximum. Raises a smaller value.
   void SetMinimum(int minimum);
-  // Ignored when below the minimum. The value follows.
+  // Ignored when below the minimum. Lowers a larger value.
   void SetMaximum(int maximum);
   // Clamps to the range.
   void SetValue(int value);
@@ -38,14 +39,14 @@ class ControlScrollbar : public ControlBasic {
 
   void SetDecrementButtonSurfaces(SDL_Surface* pressed, SDL_Surface* unpressed);
   void SetIncrementButtonSurfaces(SDL_Surface* pressed, SDL_Surface* unpressed);
-  // The thumb's colour.
+  // The color of the thumb.
   void SetValueBackgroundColor(std::uint8_t r, std::uint8_t g, std::uint8_t b);
 
  private:
-  // Where the thumb starts on a track that leaves it `span` pixels to move.
+  // How far along a track the thumb starts, when it has `span` pixels to move.
   int GetThumbOffset(int span) const;
   ControlButton* CreateButton(ControlBasic& container, std::uint32_t id, Rgb unpressed);
-  // Gives a control the scrollbar's whole thickness from `start` on.
+  // Places a control along the scrollbar, across its whole width.
   void PlaceAlong(ControlBasic& control, int start, int length);
   void PlaceThumb();
 
@@ -53,7 +54,7 @@ class ControlScrollbar : public ControlBasic {
   int mMaximum = 10;
   int mValue = 0;
   bool mVertical = false;
-  // Owned by the list of sub-controls; the thumb by that of the track.
+  // The scrollbar owns all but the thumb, which the track owns.
   ControlButton* mIncrementButton = nullptr;
   ControlButton* mDecrementButton = nullptr;
   ControlLabel* mTrack = nullptr;

@@ -49,7 +49,7 @@ void ControlTextBasic::Refresh(bool recursive) {
   GuardControl(kModule, "Refresh", [&] {
     if (!IsRefreshEnabled()) return;
     ControlBasic::Refresh(recursive);
-    // Last, because other text controls refreshed on the way have set the shared font to their own style.
+    // Last: sub-controls and the parent, if they were refreshed, have set their own style.
     if (TTF_Font* font = GetFont()) TTF_SetFontStyle(font, mStyle);
   });
 }

@@ -19,8 +19,8 @@ constexpr char kModule[] = "ControlTextBox";
 constexpr int kKeyRepeatDelayMs = 500;
 constexpr int kKeyRepeatIntervalMs = 30;
 constexpr std::uint32_t kBlinkMs = 500;
-// A cursor of full line height would touch the frame.
-constexpr double kCursorHeight = 0.75;
+// A cursor as high as the line would touch the frame.
+constexpr double kCursorShareOfLine = 0.75;
 constexpr int kCursorTop = 3;
 
 }  // namespace
@@ -87,7 +87,7 @@ void ControlTextBox::SetActive(bool active) {
 void ControlTextBox::SdlEventHandler(SDL_Event event) {
   GuardControl(kModule, "SdlEventHandler", [&] {
     if (event.type != SDL_KEYDOWN) return;
-    // While one types, the cursor stays on.
+    // The cursor does not blink during typing.
     mCursorShown = true;
     mLastBlink = GetTicks();
     HandleKey(event.key.keysym);
@@ -143,7 +143,7 @@ void ControlTextBox::CreateCursorSurface() {
     mCursorSurface.reset();
     if (GetFont() == nullptr || GetBaseSurface() == nullptr) return;
     const int lineHeight = MeasureText(GetFont(), "", kModule, kMethod).height;
-    const Size size{1, static_cast<int>(lineHeight * kCursorHeight)};
+    const Size size{1, static_cast<int>(lineHeight * kCursorShareOfLine)};
     SurfacePtr cursor = CheckSurface(MakeDisplaySurface(size, *GetBaseSurface()), kModule, kMethod);
     CheckSdl(Fill(*cursor, GetForegroundColor()), kModule, kMethod);
     mCursorSurface = std::move(cursor);

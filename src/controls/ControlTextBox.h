@@ -7,8 +7,8 @@
 
 namespace tolva {
 
-// A one-line editor: a label that shows the part of the entered text around a blinking cursor. Creating one switches
-// SDL's Unicode translation and key repeat on for the whole program.
+// A one-line editor. A text wider than the box scrolls with the blinking cursor. The first text box enables Unicode
+// translation and key repeat for the whole program.
 class ControlTextBox : public ControlLabel {
  public:
   static constexpr std::uint32_t kEventEnter = 0;
@@ -22,21 +22,21 @@ class ControlTextBox : public ControlLabel {
   void Refresh(bool recursive) override;
   void SdlEventHandler(SDL_Event event) override;
 
-  // The entered text, never the masked or scrolled one.
+  // What was entered, whatever of it the box shows.
   const char* GetText() const override { return mEntered.GetText(); }
-  // Keeps the cursor where it is, or at the new end.
+  // The cursor stays, or moves to the new end.
   void SetText(const char* text) override;
 
-  // Whether the box shows stars instead of the text.
+  // Whether the box shows an asterisk for each character.
   void SetPassword(bool password);
-  // Builds the cursor in the present text colour, which it keeps.
+  // Builds the cursor in the present text color. A later change of that color does not change the cursor.
   void CreateCursorSurface();
 
  private:
   void HandleKey(const SDL_keysym& key);
   void ScrollToCursor();
   void PaintCursor();
-  // The characters from `first` up to `end` as the player sees them.
+  // The characters from `first` up to `end`, masked in a password.
   std::string GetDisplayed(std::size_t first, std::size_t end) const;
   int MeasureDisplayed(std::size_t first, std::size_t end, const char* method) const;
 

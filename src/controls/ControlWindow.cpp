@@ -64,7 +64,7 @@ void ControlWindow::SetControlBox(bool controlBox) {
   GuardControl(kModule, "SetControlBox", [&] {
     mCloseButton->SetEnabled(controlBox);
     mCloseButton->SetVisible(controlBox);
-    // The button's picture stays on the caption bar until that is painted anew.
+    // The caption bar must be painted again to remove the button.
     Refresh(true);
   });
 }

@@ -7,8 +7,8 @@ namespace tolva {
 class ControlButton;
 class ControlLabel;
 
-// A panel with a caption bar that it can be dragged by and a close button that hides it. Its container must repaint
-// itself every frame, or a dragged window leaves a trail. The sub-control id 1 is taken by the caption bar.
+// A panel with a caption bar, by which it is dragged, and a close button, which hides it. Its container must repaint
+// itself in every frame (SetClearOnBlit), or a dragged window leaves a trail. The caption bar has the sub-control id 1.
 class ControlWindow : public ControlBasic {
  public:
   static constexpr std::uint32_t kEventClosed = 0;
@@ -27,13 +27,13 @@ class ControlWindow : public ControlBasic {
   void SetCloseButtonSurfaces(SDL_Surface* pressed, SDL_Surface* unpressed);
   void SetMovable(bool movable) { mMovable = movable; }
 
-  // Contents are laid out below this height.
+  // Place contents below this height.
   static constexpr int GetCaptionHeight() { return 20; }
 
  private:
   void Drag();
 
-  // Owned by the list of sub-controls; the close button by that of the caption bar.
+  // The window owns the caption bar, which owns the close button.
   ControlLabel* mCaptionBar = nullptr;
   ControlButton* mCloseButton = nullptr;
   bool mMovable = true;

@@ -3,7 +3,7 @@
 namespace tolva {
 
 char GetTypedCharacter(const SDL_keysym& key) {
-  // SDL gives the key pad's digits no Unicode value.
+  // SDL gives the digits of the key pad no Unicode value.
   const bool isKeypadDigit = key.sym >= SDLK_KP0 && key.sym <= SDLK_KP9 && (key.mod & KMOD_NUM) != 0;
   if (isKeypadDigit) return static_cast<char>('0' + (key.sym - SDLK_KP0));
   const int byte = key.unicode & 0xFF;

@@ -4,8 +4,8 @@
 
 namespace tolva {
 
-// The Latin-1 character that a key types, or 0 for none: the font has no picture for control characters, which keys
-// with Ctrl and a cut to one byte produce.
+// The Latin-1 character that a key types, or 0 for none. Control characters, which come from Ctrl and from cutting
+// Unicode to a byte, are none: the font cannot show them.
 char GetTypedCharacter(const SDL_keysym& key);
 
 // The main keyboard's Return or the key pad's Enter.
