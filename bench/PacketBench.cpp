@@ -32,8 +32,7 @@ void ReadRecord(benchmark::State& state) {
   const PacketConverter converter;
   for (auto _ : state) {
     std::uint32_t consumed = 0;
-    const std::unique_ptr<Packet> packet(
-        converter.ReadBuffer(bytes, static_cast<std::uint32_t>(record.size()), consumed));
+    const auto packet = converter.ReadBuffer(bytes, static_cast<std::uint32_t>(record.size()), consumed);
     benchmark::DoNotOptimize(packet.get());
   }
 }

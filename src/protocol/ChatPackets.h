@@ -11,7 +11,7 @@ namespace tolva {
 // The speaker of lines that come from the server itself.
 constexpr char kServerSpeaker[] = "*** ";
 
-// A chat line; the server fills in the sender's name.
+// A line of chat. The client leaves the user empty; the server fills in the sender's name.
 struct PacketChatMsg final : PacketOf<PacketChatMsg, 400, "PacketChatMsg"> {
   PacketChatMsg() = default;
   PacketChatMsg(const char* user, const char* message) {
@@ -31,8 +31,8 @@ struct PacketChatMsg final : PacketOf<PacketChatMsg, 400, "PacketChatMsg"> {
   }
 };
 
-// The users in the lobby: the first mUintCount names. The count comes from the server and can exceed the list: clamp it
-// before indexing.
+// The users in the lobby: the first mUintCount names. A count from the wire can exceed the list: clamp it before you
+// index.
 struct PacketChatUsers final : PacketOf<PacketChatUsers, 401, "PacketChatUsers"> {
   std::uint16_t mUintCount = 0;
   NameList mStrUsers = {};
@@ -58,7 +58,7 @@ struct PacketEnterChatDeny final : PacketOf<PacketEnterChatDeny, 404, "PacketEnt
   using DenialReason::Fields;
 };
 
-// How many users are out in the game world.
+// The number of users in the world.
 struct PacketUserInGame final : PacketOf<PacketUserInGame, 406, "PacketUserInGame"> {
   PacketUserInGame() = default;
   explicit PacketUserInGame(std::uint32_t count) : mUintCount(count) {}

@@ -17,7 +17,7 @@ struct PacketEnterGameDeny final : PacketOf<PacketEnterGameDeny, 802, "PacketEnt
   using DenialReason::Fields;
 };
 
-// A chat line spoken by the character on the given field.
+// A chat line, to appear over the character that stands on the field.
 struct PacketGameChatMsg final : PacketOf<PacketGameChatMsg, 820, "PacketGameChatMsg">, FieldPosition {
   PacketGameChatMsg() = default;
   PacketGameChatMsg(const FieldPosition& field, const char* user, const char* message) : FieldPosition(field) {
@@ -35,7 +35,7 @@ struct PacketGameChatMsg final : PacketOf<PacketGameChatMsg, 820, "PacketGameCha
   }
 };
 
-// The player asks to step one field.
+// Asks the server to let the player step one field.
 struct PacketMoveRequest final : PacketOf<PacketMoveRequest, 850, "PacketMoveRequest"> {
   PacketMoveRequest() = default;
   explicit PacketMoveRequest(Direction direction) : mEnmDirection(direction) {}
@@ -45,7 +45,7 @@ struct PacketMoveRequest final : PacketOf<PacketMoveRequest, 850, "PacketMoveReq
   static constexpr auto Fields() { return std::tuple{PacketField{"mEnmDirection", &PacketMoveRequest::mEnmDirection}}; }
 };
 
-// The character on the given field steps one field.
+// A character steps from the field in the direction.
 struct PacketMove final : PacketOf<PacketMove, 851, "PacketMove">, FieldPosition {
   PacketMove() = default;
   PacketMove(const FieldPosition& from, Direction direction) : FieldPosition(from), mEnmDirection(direction) {}
@@ -58,7 +58,7 @@ struct PacketMove final : PacketOf<PacketMove, 851, "PacketMove">, FieldPosition
   }
 };
 
-// Where the player's own character stands; the map is placed around it.
+// Places the player's own character on the field, and the map around it.
 struct PacketCharPosition final : PacketOf<PacketCharPosition, 870, "PacketCharPosition">, FieldPosition {
   PacketCharPosition() = default;
   explicit PacketCharPosition(const FieldPosition& field) : FieldPosition(field) {}
@@ -66,7 +66,7 @@ struct PacketCharPosition final : PacketOf<PacketCharPosition, 870, "PacketCharP
   using FieldPosition::Fields;
 };
 
-// A character comes onto the field.
+// Another character appears on the field.
 struct PacketAddChar final : PacketOf<PacketAddChar, 871, "PacketAddChar">, FieldPosition {
   PacketAddChar() = default;
   explicit PacketAddChar(const FieldPosition& field) : FieldPosition(field) {}
@@ -74,7 +74,7 @@ struct PacketAddChar final : PacketOf<PacketAddChar, 871, "PacketAddChar">, Fiel
   using FieldPosition::Fields;
 };
 
-// The character on the field leaves the view.
+// Whoever stands on the field disappears.
 struct PacketRemoveChar final : PacketOf<PacketRemoveChar, 872, "PacketRemoveChar">, FieldPosition {
   PacketRemoveChar() = default;
   explicit PacketRemoveChar(const FieldPosition& field) : FieldPosition(field) {}

@@ -9,12 +9,12 @@ namespace tolva {
 
 class Repository;
 
-// Packets of the threads and the network layer themselves. Only ping and pong are meant to travel, but a peer can send
-// any of them: nobody acts on the pointers, handles or commands of one that came from the wire.
+// Packets that threads send each other about themselves and the connection. Only ping and pong are for the peer, but a
+// peer can send any of them: never act on a pointer, a handle or a command that came from the wire.
 
 constexpr PacketCode kLastInternCode = 20;
 
-// Where the socket control shall connect to; the port is a plain number.
+// Asks the socket control to connect. The port is in host byte order.
 struct PacketInternConnect final : PacketOf<PacketInternConnect, 1, "PacketInternConnect"> {
   PacketInternConnect() = default;
   PacketInternConnect(const char* host, std::uint16_t port) : mUintPort(port) { CopyText(mStrHost, host); }
@@ -28,7 +28,7 @@ struct PacketInternConnect final : PacketOf<PacketInternConnect, 1, "PacketInter
   }
 };
 
-// Asks the socket control to listen; the port is a plain number.
+// Asks the socket control to listen. The port is in host byte order.
 struct PacketInternListen final : PacketOf<PacketInternListen, 2, "PacketInternListen"> {
   PacketInternListen() = default;
   explicit PacketInternListen(std::uint16_t port) : mUintPort(port) {}
@@ -38,8 +38,8 @@ struct PacketInternListen final : PacketOf<PacketInternListen, 2, "PacketInternL
   static constexpr auto Fields() { return std::tuple{PacketField{"mUintPort", &PacketInternListen::mUintPort}}; }
 };
 
-// An accepted connection; host and port of the peer in network byte order, as SDL_net holds them. Whoever holds the
-// packet owns the socket.
+// An accepted connection. Host and port of the peer are in network byte order, as in SDL_net. Whoever owns the packet
+// owns the socket, too, and must close it or take it out.
 struct PacketInternNewConnection final : PacketOf<PacketInternNewConnection, 3, "PacketInternNewConnection"> {
   PacketInternNewConnection() = default;
   PacketInternNewConnection(_TCPsocket* socket, std::uint32_t host, std::uint16_t port)
@@ -61,7 +61,7 @@ struct PacketInternConnectionLost final : PacketOf<PacketInternConnectionLost, 5
 struct PacketInternPacketDamaged final : PacketOf<PacketInternPacketDamaged, 6, "PacketInternPacketDamaged"> {};
 struct PacketInternTerminate final : PacketOf<PacketInternTerminate, 7, "PacketInternTerminate"> {};
 
-// Keep-alive; the tick is the sender's, in milliseconds.
+// Keeps the connection alive and measures it; carries the sender's tick in milliseconds.
 struct PacketInternPing final : PacketOf<PacketInternPing, 8, "PacketInternPing"> {
   PacketInternPing() = default;
   explicit PacketInternPing(std::uint32_t tick) : mUintTick(tick) {}
@@ -71,7 +71,8 @@ struct PacketInternPing final : PacketOf<PacketInternPing, 8, "PacketInternPing"
   static constexpr auto Fields() { return std::tuple{PacketField{"mUintTick", &PacketInternPing::mUintTick}}; }
 };
 
-// Answer to a ping with the ping's tick; above the socket control it holds the round-trip time in milliseconds instead.
+// Answers a ping with the ping's tick. The socket control replaces it by the round-trip time in milliseconds before it
+// passes the packet on.
 struct PacketInternPong final : PacketOf<PacketInternPong, 9, "PacketInternPong"> {
   PacketInternPong() = default;
   explicit PacketInternPong(std::uint32_t tick) : mUintTick(tick) {}
@@ -81,7 +82,7 @@ struct PacketInternPong final : PacketOf<PacketInternPong, 9, "PacketInternPong"
   static constexpr auto Fields() { return std::tuple{PacketField{"mUintTick", &PacketInternPong::mUintTick}}; }
 };
 
-// A socket works; host and port of the peer in network byte order, as SDL_net holds them.
+// The connection stands. Host and port of the peer are in network byte order, as in SDL_net.
 struct PacketInternConnectionInfo final : PacketOf<PacketInternConnectionInfo, 11, "PacketInternConnectionInfo"> {
   PacketInternConnectionInfo() = default;
   PacketInternConnectionInfo(std::uint32_t host, std::uint16_t port) : mUintHost(host), mUintPort(port) {}
@@ -95,7 +96,7 @@ struct PacketInternConnectionInfo final : PacketOf<PacketInternConnectionInfo, 1
   }
 };
 
-// Tells a thread which mailbox to report to; the mailbox stays with its owner.
+// Gives a thread the mailbox that it reports to, which it does not own.
 struct PacketInternCentralMailbox final : PacketOf<PacketInternCentralMailbox, 12, "PacketInternCentralMailbox"> {
   PacketInternCentralMailbox() = default;
   explicit PacketInternCentralMailbox(Mailbox* mailbox) : mObjMailbox(mailbox) {}
@@ -118,7 +119,7 @@ struct PacketInternManagerMailbox final : PacketOf<PacketInternManagerMailbox, 1
   }
 };
 
-// Hands the display the shared world; the repository stays with the controller.
+// Lends the display the shared world, which the controller owns.
 struct PacketInternRepository final : PacketOf<PacketInternRepository, 14, "PacketInternRepository"> {
   PacketInternRepository() = default;
   explicit PacketInternRepository(Repository* repository) : mObjRepository(repository) {}

@@ -8,7 +8,7 @@ namespace tolva {
 
 struct PacketConnectionRequest final : PacketOf<PacketConnectionRequest, 100, "PacketConnectionRequest"> {};
 
-// Name and password from the login screen; the controller fills in the client's version.
+// Asks to log in. The login screen gives name and password, the controller adds the client's version.
 struct PacketLoginRequest final : PacketOf<PacketLoginRequest, 200, "PacketLoginRequest">, VersionNumbers {
   PacketLoginRequest() = default;
   PacketLoginRequest(const char* name, const char* password) {
@@ -49,10 +49,10 @@ struct PacketLogout final : PacketOf<PacketLogout, 300, "PacketLogout"> {
   }
 };
 
-// The player quits, or the server tells the client to.
+// The player wants to quit, or the server ends the client.
 struct PacketQuit final : PacketOf<PacketQuit, 500, "PacketQuit"> {};
 
-// Asks for (all zero) or tells the server's version.
+// To the server: asks for its version, with all numbers 0. From the server: its version.
 struct PacketServerInfo final : PacketOf<PacketServerInfo, 600, "PacketServerInfo">, VersionNumbers {
   PacketServerInfo() = default;
   explicit PacketServerInfo(const VersionNumbers& version) : VersionNumbers(version) {}

@@ -14,28 +14,28 @@ class Mailbox;
 
 using PacketCode = std::uint32_t;
 
-// A message between threads and over the wire. Created with `new` by its sender; a mailbox or a call that takes it over
-// owns it, and whoever takes it out of a mailbox deletes it or passes it on. Never shared between threads.
+// What threads send each other, and the client and the server. The sender makes it; it has one owner at a time: the
+// sender, then the mailbox, then whoever takes it out. Threads never share one.
 //
-// Each class lists its fields once, in Fields(): the wire format, text form and comparison follow from that list.
+// Each class lists its fields once, in Fields(); wire format, text form and tests follow from that list.
 struct Packet {
   static constexpr PacketCode kCode = 0;
   static constexpr const char* kName = "Packet";
 
   Packet() = default;
   virtual ~Packet() = default;
-  // A new packet of the same class with equal fields, source included; the caller owns it.
+  // Copies the packet, its class and its source included. The caller owns the copy.
   virtual Packet* Clone() const;
 
   static constexpr auto Fields() {
     return std::tuple{PacketField{"mEnmCode", &Packet::mEnmCode}, PacketField{"mObjSource", &Packet::mObjSource}};
   }
 
-  // Tells the class, but proves nothing: a plain Packet read from the wire carries whatever code its sender wrote. The
-  // way to a derived class is PacketCast.
+  // Names the class but does not prove it: a plain Packet read from the wire carries any code its sender wrote. Use
+  // PacketCast to get to a derived class.
   PacketCode mEnmCode = kCode;
-  // The mailbox of the last sender (ManagerThread::SendMail stamps it); null when constructed and when read from the
-  // wire.
+  // The mailbox of the last sender, set by ManagerThread::SendMail; null in a new packet and in one from the wire. Not
+  // owned.
   Mailbox* mObjSource = nullptr;
 
  protected:
@@ -51,7 +51,7 @@ struct PacketName {
   char value[Size];
 };
 
-// What every derived packet class has: its code, its name, Clone, and an empty field list to be replaced.
+// The base of every packet class: gives it its code, its name, Clone, and an empty field list to replace.
 template <typename Derived, PacketCode Code, PacketName Name>
 struct PacketOf : Packet {
   static constexpr PacketCode kCode = Code;
@@ -63,7 +63,7 @@ struct PacketOf : Packet {
   static constexpr auto Fields() { return std::tuple{}; }
 };
 
-// The only way from a Packet to a derived class: null unless both the code and the class are T's.
+// The only way from a Packet to a derived class. Null unless code and class are both T's.
 template <typename T>
 T* PacketCast(Packet* packet) {
   const bool isOne = packet != nullptr && packet->mEnmCode == T::kCode && typeid(*packet) == typeid(T);

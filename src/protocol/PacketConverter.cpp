@@ -19,24 +19,26 @@ std::uint32_t PacketConverter::WriteBuffer(std::uint8_t* record, const Packet& p
   return writer.GetPosition();
 }
 
-Packet* PacketConverter::ReadBuffer(const std::uint8_t* bytes, std::uint32_t available, std::uint32_t& consumed) const {
-  return Guard("PacketConverter", "ReadBuffer", [&]() -> Packet* {
+std::unique_ptr<Packet> PacketConverter::ReadBuffer(const std::uint8_t* bytes, std::uint32_t available,
+                                                    std::uint32_t& consumed) const {
+  return Guard("PacketConverter", "ReadBuffer", [&]() -> std::unique_ptr<Packet> {
     consumed = 0;
-    if (available < kHeaderSize || LoadBig32(bytes) != mProtocolMagic) return new PacketInternPacketDamaged;
+    if (available < kHeaderSize || LoadBig32(bytes) != mProtocolMagic)
+      return std::make_unique<PacketInternPacketDamaged>();
     const std::uint32_t declared = LoadBig32(bytes + 8);
-    if (declared < kHeaderSize || declared > available) return new PacketInternPacketDamaged;
+    if (declared < kHeaderSize || declared > available) return std::make_unique<PacketInternPacketDamaged>();
 
     auto packet = CreatePacket(LoadBig32(bytes + 4));
     if (packet == nullptr) {
       consumed = kHeaderSize;
-      return new Packet;
+      return std::make_unique<Packet>();
     }
     WireReader reader(bytes, declared, kHeaderSize);
     VisitPacket(*packet,
                 [&](auto& typed) { VisitFields(typed, [&](const char*, auto& member) { reader.Read(member); }); });
-    if (reader.IsDamaged()) return new PacketInternPacketDamaged;
+    if (reader.IsDamaged()) return std::make_unique<PacketInternPacketDamaged>();
     consumed = reader.GetPosition();
-    return packet.release();
+    return packet;
   });
 }
 

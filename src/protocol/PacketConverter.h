@@ -1,24 +1,24 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 #include "protocol/Packet.h"
 #include "protocol/WireFormat.h"
 
 namespace tolva {
 
-// Turns packets into wire records and back. Has no state but the magic, so it may be used anywhere.
+// Turns packets into wire records and back. Stateless but for the magic; use it on any thread.
 class PacketConverter {
  public:
-  // Writes the whole record of `packet` into `record`, which must have room for kRecordBufferSize bytes, and returns
-  // its length. A packet whose code has no class, or another class than its own, is written as a bare header. Allocates
-  // nothing.
+  // Writes the packet into `record`, which must have kRecordBufferSize bytes, and returns the record's length. Writes
+  // only the header when no class has the packet's code or when the packet is of another class. Allocates nothing.
   std::uint32_t WriteBuffer(std::uint8_t* record, const Packet& packet) const;
 
-  // Reads one record from the start of `bytes`, of which `available` are there, into a new packet that the caller owns.
-  // Bytes that are not, or not yet, a whole valid record give a PacketInternPacketDamaged with `consumed` 0; an unknown
-  // code gives a plain Packet with only its header consumed.
-  Packet* ReadBuffer(const std::uint8_t* bytes, std::uint32_t available, std::uint32_t& consumed) const;
+  // Makes a packet of the record that `bytes` begin with. For bytes that are no valid record, or only a part of one, it
+  // makes a PacketInternPacketDamaged and sets `consumed` to 0; for an unknown code a plain Packet, and only the header
+  // counts as consumed.
+  std::unique_ptr<Packet> ReadBuffer(const std::uint8_t* bytes, std::uint32_t available, std::uint32_t& consumed) const;
 
  private:
   std::uint32_t mProtocolMagic = kProtocolMagic;

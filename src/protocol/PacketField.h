@@ -9,8 +9,8 @@
 
 namespace tolva {
 
-// One entry of a packet class's field list: its name in text forms and the member. What a field looks like on the wire
-// and in text follows from the member's type:
+// One entry of a packet class's field list: the name for text forms, and the member, whose type decides how the field
+// looks on the wire:
 //   std::uint32_t, Direction   4 bytes, big-endian
 //   std::uint16_t              2 bytes, big-endian
 //   std::uint8_t, std::int8_t  1 byte; the signed one is a map level

@@ -19,7 +19,7 @@ struct TypeList {
   static constexpr std::size_t kSize = sizeof...(Packets);
 };
 
-// Every packet class. Creation, reading, writing and text forms go through this one list; a new packet is added here.
+// Every packet class. Creating, reading, writing and printing packets all use this list: add a new class here.
 using AllPackets =
     TypeList<Packet, PacketInternConnect, PacketInternListen, PacketInternNewConnection, PacketInternDisconnect,
              PacketInternConnectionLost, PacketInternPacketDamaged, PacketInternTerminate, PacketInternPing,
@@ -32,8 +32,8 @@ using AllPackets =
              PacketEnterGameDeny, PacketGameChatMsg, PacketMoveRequest, PacketMove, PacketCharPosition, PacketAddChar,
              PacketRemoveChar, PacketDarkness, PacketMusicPlay, PacketMusicPause, PacketMusicStop>;
 
-// Calls `visitor` with the packet as its own class. False, without a call, when the code belongs to no class or the
-// class does not agree with it.
+// Calls `visitor` with the packet as its own class. Returns false without a call when no class has the code or when the
+// packet's class is another than the code's.
 template <typename PacketType, typename Visitor, typename... Packets>
 bool VisitPacket(PacketType& packet, Visitor&& visitor, TypeList<Packets...>) {
   const auto visitIf = [&](auto* typed) {
@@ -48,7 +48,7 @@ bool VisitPacket(PacketType& packet, Visitor&& visitor) {
   return VisitPacket(packet, std::forward<Visitor>(visitor), AllPackets{});
 }
 
-// Whether the packet's code is that of its class. What claims to be another class than it is must not be acted on.
+// Whether the packet's code is its class's. Never act on a packet that claims to be of another class.
 inline bool IsGenuine(const Packet& packet) {
   return VisitPacket(packet, [](const auto&) {});
 }
@@ -71,7 +71,7 @@ std::unique_ptr<Packet> CreatePacket(PacketCode code, TypeList<Packets...>) {
   return packet;
 }
 
-// A new packet of the code's class with default fields, or null for a code without a class.
+// Makes a packet of the code's class with default fields. Null when no class has the code.
 inline std::unique_ptr<Packet> CreatePacket(PacketCode code) { return CreatePacket(code, AllPackets{}); }
 
 }  // namespace tolva

@@ -4,13 +4,13 @@
 
 namespace tolva {
 
-// Renders packets as one line of text for the log. Each thread object owns one and is its only user.
+// Prints packets as lines of text for the log. One for each thread.
 class PacketPrinter {
  public:
   virtual ~PacketPrinter() = default;
 
-  // The packet's text form, valid until the next call. Lists and grids are not shown. Never fails: a code without a
-  // class, or one that the packet's class does not bear out, is shown as an unknown packet.
+  // The packet's text, valid until the next call. Leaves out lists and grids. Never fails: prints an unknown packet
+  // when no class has the packet's code or when the packet is of another class.
   const char* Print(const Packet& packet);
 
  private:

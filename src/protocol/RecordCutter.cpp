@@ -26,7 +26,7 @@ RecordCutter::Result RecordCutter::Next() {
   if (held < kHeaderSize || LoadBig32(bytes + 8) > held) return {Outcome::Incomplete, nullptr};
 
   std::uint32_t consumed = 0;
-  std::unique_ptr<Packet> packet(mConverter.ReadBuffer(bytes, held, consumed));
+  std::unique_ptr<Packet> packet = mConverter.ReadBuffer(bytes, held, consumed);
   if (consumed == 0) return {Outcome::Broken, nullptr};
   mBegin += consumed;
   return {Outcome::Cut, std::move(packet)};

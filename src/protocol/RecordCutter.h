@@ -10,30 +10,31 @@
 
 namespace tolva {
 
-// Collects the bytes of a stream and cuts them into packets. Tells a record that is not yet whole from bytes that never
-// will be one, so that a hostile or broken stream ends in a loss instead of a stall. Memory is bounded: it holds one
-// buffer.
+// Collects the bytes of a stream and decodes them into packets. Distinguishes a record of which more bytes may come
+// from bytes that can never become one, so that a hostile or broken stream ends the connection instead of stalling it.
+// Holds one buffer, whatever the peer sends.
 class RecordCutter {
  public:
   enum class Outcome {
-    Cut,         // a packet was cut
+    Cut,         // here is a packet
     Incomplete,  // more bytes are needed
     Broken       // the stream cannot go on: wrong magic, impossible length or damaged record
   };
   struct Result {
     Outcome outcome;
-    std::unique_ptr<Packet> packet;  // set with Cut only
+    std::unique_ptr<Packet> packet;  // set only with Cut
   };
 
-  // Where the next received bytes go; never empty after Next() said Incomplete. Say with Commit how many were written.
+  // Where to put the next bytes received; Commit then says how many they are. Never empty after Next returned
+  // Incomplete.
   std::span<std::uint8_t> Room();
   void Commit(std::size_t count);
 
-  // The next packet, in the order of the stream.
+  // Decodes the next record of the stream.
   Result Next();
 
   std::size_t GetHeldCount() const { return mEnd - mBegin; }
-  // Forgets everything held, for a new stream.
+  // Drops all bytes, for a new stream.
   void Clear() { mBegin = mEnd = 0; }
 
  private:

@@ -8,7 +8,7 @@
 
 namespace tolva {
 
-// A program's version as packets carry it.
+// The version of a program, as packets carry it.
 struct VersionNumbers {
   std::uint16_t mUintVersionMajor = 0;
   std::uint16_t mUintVersionMinor = 0;
@@ -24,7 +24,7 @@ struct VersionNumbers {
 // The version of this client and of the protocol it speaks.
 constexpr VersionNumbers kVersion = {TOLVA_VERSION_MAJOR, TOLVA_VERSION_MINOR, TOLVA_VERSION_BUGFIX};
 
-// As people read it: "0.6.23".
+// The version as people write it: "0.6.23".
 inline std::string ToText(const VersionNumbers& version) {
   return std::to_string(version.mUintVersionMajor) + '.' + std::to_string(version.mUintVersionMinor) + '.' +
          std::to_string(version.mUintVersionBugfix);

@@ -9,9 +9,9 @@
 
 namespace tolva {
 
-// Reads fields one after the other from a record of `size` bytes and never beyond it. A field that does not fit, or a
-// text that is longer than its field or not terminated, makes the record damaged; what is read after that is left as it
-// was.
+// Reads fields one after the other from a record of `size` bytes, never beyond its end. A field that does not fit, or a
+// text that is too long for its field or not terminated, makes the record damaged; Read then leaves this and all later
+// fields unchanged.
 class WireReader {
  public:
   WireReader(const std::uint8_t* record, std::uint32_t size, std::uint32_t position)
@@ -51,7 +51,7 @@ class WireReader {
     }
     std::memcpy(text, bytes, length);
   }
-  // The dimensions written before lists and grids tell nothing: both are always read in full.
+  // The dimensions before lists and grids carry no information: both always have their full size.
   void Read(NameList& names) {
     Take(4);
     for (auto& name : names) Read(name);
@@ -61,7 +61,7 @@ class WireReader {
     Take(8);
     for (T& value : grid) Read(value);
   }
-  // A pointer read from the wire stays null.
+  // Pointers are not on the wire; they keep their null.
   template <typename T>
   void Read(T*&) {}
 

@@ -9,7 +9,7 @@
 
 namespace tolva {
 
-// Writes fields one after the other into a record; the buffer must hold kRecordBufferSize bytes.
+// Writes fields one after the other into a record. The buffer must have kRecordBufferSize bytes.
 class WireWriter {
  public:
   WireWriter(std::uint8_t* record, std::uint32_t position) : mRecord(record), mPosition(position) {}

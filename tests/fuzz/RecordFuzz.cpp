@@ -1,5 +1,5 @@
-// Whatever bytes a peer sends, cutting, printing, cloning and rewriting them stays within bounds, and what was
-// rewritten reads back as the same record.
+// Decodes, prints, clones and rewrites what a peer may send. A rewritten record must read back as the same record; the
+// sanitizers see what leaves its bounds.
 
 #include <cstdlib>
 

@@ -23,18 +23,12 @@ std::uint32_t WordAt(const std::string& bytes, std::size_t offset) {
 TEST(PacketConverter, RecordsAreExactToTheByte) {
   EXPECT_EQ(Hex(Record(Packet())), "00 00 7F 06 00 00 00 00 00 00 00 10 00 00 00 00 ");
   EXPECT_EQ(Hex(Record(PacketQuit())), "00 00 7F 06 00 00 01 F4 00 00 00 0C ");
-  PacketLoginRequest login;
-  CopyText(login.mStrLogin, "ab");
-  CopyText(login.mStrPass, "c");
-  login.mUintVersionMinor = 6;
-  login.mUintVersionBugfix = 23;
+  PacketLoginRequest login("ab", "c");
+  static_cast<VersionNumbers&>(login) = {0, 6, 23};
   EXPECT_EQ(Hex(Record(login)),
             "00 00 7F 06 00 00 00 C8 00 00 00 25 00 00 00 03 61 62 00 00 00 00 02 63 00 00 00 00 06 00 17 "
             "00 00 00 00 00 00 ");
-  PacketMove move;
-  static_cast<FieldPosition&>(move) = {{0x01020304, 5, 6, 7, -1}, 8, 9};
-  move.mEnmDirection = Direction::East;
-  EXPECT_EQ(Hex(Record(move)),
+  EXPECT_EQ(Hex(Record(PacketMove({{0x01020304, 5, 6, 7, -1}, 8, 9}, Direction::East))),
             "00 00 7F 06 00 00 03 53 00 00 00 1D 01 02 03 04 00 00 00 05 06 07 08 09 FF 00 00 00 02 ");
   EXPECT_EQ(Record(PacketChatUsers()).size(), 178u);
 
@@ -49,7 +43,7 @@ TEST(PacketConverter, RecordsAreExactToTheByte) {
   EXPECT_EQ(ground.back(), 15);
 }
 
-TEST(PacketConverter, EveryClassSurvivesTheWireAndNothingShorterDoes) {
+TEST(PacketConverter, ReadsEveryClassBackAndNothingShorter) {
   ForEachPacketClass(1, []<typename T>(const T& packet) {
     SCOPED_TRACE(T::kName);
     const std::string bytes = Record(packet);
@@ -65,14 +59,14 @@ TEST(PacketConverter, EveryClassSurvivesTheWireAndNothingShorterDoes) {
       // The same bytes under a header that claims to be whole.
       if (size < kHeaderSize) continue;
       ASSERT_EQ(ReadRecord(WithWord(cut, 8, static_cast<std::uint32_t>(size))).consumed, 0u) << size;
-      // Others' bytes behind it do not make it whole.
+      // The bytes of a next record do not make it whole.
       ASSERT_EQ(ReadRecord(WithWord(bytes, 8, static_cast<std::uint32_t>(size))).consumed, 0u) << size;
     }
   });
 }
 
-// Whatever words stand in a record, reading stays inside it: the sanitizers watch.
-TEST(PacketConverter, HostileWordsLeadNowhere) {
+// The sanitizers see a read beyond the record.
+TEST(PacketConverter, StaysInsideARecordOfHostileWords) {
   ForEachPacketClass(4, [](const Packet& packet) {
     const std::string bytes = Record(packet);
     for (std::size_t offset = kHeaderSize; offset + 4 <= bytes.size(); offset += offset < 400 ? 1 : 97) {
@@ -87,7 +81,7 @@ TEST(PacketConverter, HostileWordsLeadNowhere) {
 
 TEST(PacketConverter, RefusesWhatIsNotARecord) {
   EXPECT_EQ(ReadRecord(WithWord(Record(PacketQuit()), 0, kProtocolMagic + 1)).consumed, 0u);
-  // A text of any length in a record with room for it, in a field for 256 bytes.
+  // The field takes 256 bytes, the record has room for more.
   const std::string text = std::string(255, 'x') + '\0' + std::string(728, 'y');
   for (const std::uint32_t length : {0u, 255u, 256u, 257u, 984u, 985u, 0xFFFFFFF0u}) {
     const std::string kick = ForgedRecord(PacketKick::kCode, 1000, WithWord("1234", 0, length) + text);

@@ -6,12 +6,9 @@
 namespace tolva::test {
 namespace {
 
-TEST(PacketPrinter, LinesReadAsTheLogHasAlwaysShownThem) {
+TEST(PacketPrinter, PrintsPacketsAsReadersOfTheLogKnowThem) {
   PacketPrinter printer;
-  PacketMove move;
-  static_cast<FieldPosition&>(move) = {{1, 2, 3, 4, -1}, 5, 6};
-  move.mEnmDirection = Direction::East;
-  EXPECT_STREQ(printer.Print(move),
+  EXPECT_STREQ(printer.Print(PacketMove({{1, 2, 3, 4, -1}, 5, 6}, Direction::East)),
                "PacketMove: mUintRx=1 mUintRy=2 mByAx=3 mByAy=4 mByFx=5 mByFy=6 mByLevel=-1 mEnmDirection=2");
   EXPECT_STREQ(printer.Print(PacketQuit()), "PacketQuit: ");
   EXPECT_STREQ(printer.Print(PacketChatUsers()), "PacketChatUsers: mUintCount=0 ");
@@ -21,11 +18,9 @@ TEST(PacketPrinter, LinesReadAsTheLogHasAlwaysShownThem) {
   EXPECT_STREQ(printer.Print(*ReadRecord(FalseClaim(400)).packet), "Unknown Packet: mEnmCode=400");
 }
 
-TEST(PacketPrinter, TheLongestLinesFit) {
-  PacketGameChatMsg chat;
-  std::memset(chat.mStrUser, 'u', 31);
-  std::memset(chat.mStrMsg, 'm', 1023);
-  static_cast<FieldPosition&>(chat) = {{0xFFFFFFFF, 0xFFFFFFFF, 255, 255, -128}, 255, 255};
+TEST(PacketPrinter, HasRoomForTheLongestLine) {
+  const std::string text(2000, 'x');
+  const PacketGameChatMsg chat({{0xFFFFFFFF, 0xFFFFFFFF, 255, 255, -128}, 255, 255}, text.c_str(), text.c_str());
   EXPECT_EQ(std::strlen(PacketPrinter().Print(chat)), 1183u);
 }
 

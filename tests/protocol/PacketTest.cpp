@@ -8,7 +8,7 @@
 namespace tolva::test {
 namespace {
 
-TEST(Packet, EveryClassIsCreatedAndClonedAsItself) {
+TEST(Packet, IsCreatedAndClonedAsItsOwnClass) {
   std::set<PacketCode> codes;
   ForEachPacketClass(7, [&]<typename T>(T& packet) {
     SCOPED_TRACE(T::kName);
@@ -23,7 +23,7 @@ TEST(Packet, EveryClassIsCreatedAndClonedAsItself) {
   for (const PacketCode code : {10u, 19u, 20u, 405u, 0xFFFFFFFFu}) EXPECT_EQ(CreatePacket(code), nullptr) << code;
 }
 
-TEST(Packet, AClaimedCodeNeverLeadsToAnotherClass) {
+TEST(Packet, IsNeverCastToAClassThatItOnlyClaims) {
   ForEachPacketClass(1, []<typename T>(const T&) {
     const ReadRecord read(FalseClaim(T::kCode));
     ASSERT_EQ(read.packet->mEnmCode, T::kCode);
@@ -56,7 +56,7 @@ TEST(Packet, ReachesTheHandlerOfItsClass) {
   EXPECT_EQ(HandlerOf(*ReadRecord(FalseClaim(PacketQuit::kCode)).packet), "none");
 }
 
-TEST(Packet, LongTextsAreCutToTheirFields) {
+TEST(Packet, CutsLongTextsToTheirFields) {
   const std::string text(2000, 'x');
   EXPECT_EQ(std::strlen(PacketChatMsg(text.c_str(), text.c_str()).mStrUser), 31u);
   EXPECT_EQ(std::strlen(PacketChatMsg(text.c_str(), text.c_str()).mStrMsg), 1023u);

@@ -15,7 +15,7 @@ void Feed(RecordCutter& cutter, const std::string& bytes) {
   cutter.Commit(bytes.size());
 }
 
-TEST(RecordCutter, AStreamInAnyPiecesGivesItsPacketsInOrder) {
+TEST(RecordCutter, DecodesAStreamInPiecesOfAnySize) {
   std::string stream;
   ForEachPacketClass(11, [&](const Packet& packet) { stream += Record(packet); });
   for (const std::size_t piece : {1u, 7u, 1000u}) {
@@ -31,7 +31,7 @@ TEST(RecordCutter, AStreamInAnyPiecesGivesItsPacketsInOrder) {
   }
 }
 
-TEST(RecordCutter, GivesUpOnlyOnBytesThatCanNeverBecomeARecord) {
+TEST(RecordCutter, GivesUpOnlyOnBytesThatCannotBecomeARecord) {
   const std::pair<std::string, Outcome> cases[] = {
       {"", Outcome::Incomplete},
       {{0, 0, 0x7F}, Outcome::Incomplete},

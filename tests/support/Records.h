@@ -39,7 +39,7 @@ inline std::string FalseClaim(PacketCode code) { return WithWord(Record(Packet()
 struct ReadRecord {
   explicit ReadRecord(const std::string& bytes) {
     const std::vector<std::uint8_t> copy(bytes.begin(), bytes.end());
-    packet.reset(PacketConverter().ReadBuffer(copy.data(), static_cast<std::uint32_t>(copy.size()), consumed));
+    packet = PacketConverter().ReadBuffer(copy.data(), static_cast<std::uint32_t>(copy.size()), consumed);
   }
   std::unique_ptr<Packet> packet;
   std::uint32_t consumed = 0;
