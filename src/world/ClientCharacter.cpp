@@ -2,22 +2,15 @@
 
 #include "foundation/Text.h"
 #include "world/Field.h"
+#include "world/TileSize.h"
 
 namespace tolva {
 namespace {
 
 constexpr std::int32_t kFrames = 5;
+constexpr std::uint32_t kFrameMs = 120;
 constexpr std::int32_t kSlideSteps = 19;
 constexpr std::uint32_t kSlideStepMs = 20;
-constexpr std::uint32_t kFrameMs = 120;
-
-// From the field that a character comes to, back to the one it left: half a tile is 38 pixels wide and 18 high.
-struct Offset {
-  std::int32_t x;
-  std::int32_t y;
-};
-constexpr Offset kStartOffsets[kDirectionCount] = {{0, 36},  {-38, 18}, {-76, 0}, {-38, -18},
-                                                   {0, -36}, {38, -18}, {76, 0},  {38, 18}};
 
 }  // namespace
 
@@ -27,9 +20,10 @@ ClientCharacter* ClientCharacter::On(const Field& field) {
 
 void ClientCharacter::StartMove(Direction direction, std::uint32_t now) {
   mDirection = direction;
-  const Offset start = IsDirection(direction) ? kStartOffsets[static_cast<std::uint32_t>(direction)] : Offset{0, 0};
-  mStartX = mOffsetX = start.x;
-  mStartY = mOffsetY = start.y;
+  // The slide begins at the field that was left: a step in x leads down to the right, one in y up to the right.
+  const Step step = IsDirection(direction) ? StepIn(direction) : Step{};
+  mStartX = mOffsetX = -(step.x + step.y) * kTileWidth / 2;
+  mStartY = mOffsetY = (step.y - step.x) * kTileHeight / 2;
   AdvanceFrame(now);
   mMoving = true;
   mStepsLeft = kSlideSteps;
