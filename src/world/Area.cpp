@@ -15,8 +15,6 @@
 namespace tolva {
 namespace {
 
-constexpr int kEdge = kAreaEdge;
-
 using AreaRecord = std::array<std::uint8_t, kAreaFileSize>;
 using AreaRecordHead = std::array<std::uint8_t, kAreaFileVersion>;
 
@@ -27,7 +25,7 @@ std::string CacheFile(const char* directory, const AreaPosition& position) {
   return std::string(directory) + name;
 }
 
-// The part of the file that says which area it is of.
+// The part of the file that names its area.
 AreaRecordHead HeadOf(const AreaPosition& position) {
   AreaRecordHead head;
   StoreLittle32(&head[kAreaFileRx], position.mUintRx);
@@ -38,15 +36,17 @@ AreaRecordHead HeadOf(const AreaPosition& position) {
   return head;
 }
 
-// Maps of several threads may draw from it.
+// Atomic because maps on several threads may count.
 std::atomic<std::uint64_t> sLastGroundState{0};
 
-bool IsInside(int x, int y) { return x >= 0 && x < kEdge && y >= 0 && y < kEdge; }
+bool IsInside(int fx, int fy) { return fx >= 0 && fx < kAreaEdge && fy >= 0 && fy < kAreaEdge; }
+
+constexpr std::size_t IndexOf(int fx, int fy) { return static_cast<std::size_t>(fx * kAreaEdge + fy); }
 
 }  // namespace
 
 Field* Area::GetField(std::uint8_t fx, std::uint8_t fy) {
-  return IsInside(fx, fy) ? &mFields[fx * kAreaEdge + fy] : nullptr;
+  return IsInside(fx, fy) ? &mFields[IndexOf(fx, fy)] : nullptr;
 }
 
 const Field* Area::GetField(std::uint8_t fx, std::uint8_t fy) const {
@@ -68,30 +68,29 @@ void Area::Reset() {
 
 void Area::InitFields() {
   Guard("Area", "InitFields", [&] {
-    for (int fx = 0; fx < kEdge; ++fx) {
-      for (int fy = 0; fy < kEdge; ++fy) {
-        Field& field = mFields[static_cast<std::size_t>(fx) * kAreaEdge + static_cast<std::size_t>(fy)];
+    for (int fx = 0; fx < kAreaEdge; ++fx) {
+      for (int fy = 0; fy < kAreaEdge; ++fy) {
+        Field& field = mFields[IndexOf(fx, fy)];
         field.SetPlace(this, static_cast<std::uint8_t>(fx), static_cast<std::uint8_t>(fy));
-        // A map has 28,224 fields and links them at each shift: those away from the border need no look-up.
+        // A map links its 28,224 fields at each shift, so fields away from the edge skip the look-up.
         const bool isInner = IsInside(fx - 1, fy - 1) && IsInside(fx + 1, fy + 1);
-        for (std::uint32_t d = 0; d < kDirectionCount; ++d) {
-          const Step step = kSteps[d];
-          field.SetNeighbor(static_cast<Direction>(d),
-                            isInner ? &field + (step.x * kEdge + step.y) : FieldAcross(fx + step.x, fy + step.y));
+        for (const Direction direction : kDirections) {
+          const int nextFx = fx + StepIn(direction).x, nextFy = fy + StepIn(direction).y;
+          field.SetNeighbor(direction, isInner ? &mFields[IndexOf(nextFx, nextFy)] : FieldAcross(nextFx, nextFy));
         }
       }
     }
   });
 }
 
-// The field at a place that may lie up to one field outside this area.
+// The field at (fx, fy), which may lie up to one field outside this area. Null when there is no area.
 Field* Area::FieldAcross(int fx, int fy) {
-  const auto sideOf = [](int place) { return place < 0 ? -1 : place >= kEdge ? 1 : 0; };
+  const auto sideOf = [](int place) { return place < 0 ? -1 : place >= kAreaEdge ? 1 : 0; };
   const Step side{sideOf(fx), sideOf(fy)};
   const Direction direction = DirectionOf(side);
   Area* area = direction == Direction::None ? this : GetNeighbor(direction);
   if (area == nullptr) return nullptr;
-  return &area->mFields[static_cast<std::size_t>((fx - side.x * kEdge) * kEdge + fy - side.y * kEdge)];
+  return &area->mFields[IndexOf(fx - side.x * kAreaEdge, fy - side.y * kAreaEdge)];
 }
 
 bool Area::Save(const char* directory) const {
@@ -101,9 +100,9 @@ bool Area::Save(const char* directory) const {
     std::copy(head.begin(), head.end(), record.begin());
     record[kAreaFileVersion] = mVersion;
     for (std::size_t k = 0; k < kAreaFields; ++k) {
-      StoreLittle32(&record[kAreaFileGround + 4 * k], mFields[k].GetGroundId());
+      StoreLittle32(&record[kAreaFileGround + kAreaFileIdSize * k], mFields[k].GetGroundId());
       record[kAreaFileSmoothness + k] = mFields[k].GetSmoothness();
-      StoreLittle32(&record[kAreaFileVolu + 4 * k], mFields[k].GetVoluId());
+      StoreLittle32(&record[kAreaFileVolu + kAreaFileIdSize * k], mFields[k].GetVoluId());
     }
     AtomicFile file(CacheFile(directory, mPosition));
     return file.Write(record.data(), record.size()) && file.Commit();
@@ -119,9 +118,9 @@ bool Area::Load(const char* directory) {
     if (!std::equal(head.begin(), head.end(), record.begin())) return false;
     mVersion = record[kAreaFileVersion];
     for (std::size_t k = 0; k < kAreaFields; ++k) {
-      mFields[k].SetGroundId(LoadLittle32(&record[kAreaFileGround + 4 * k]));
+      mFields[k].SetGroundId(LoadLittle32(&record[kAreaFileGround + kAreaFileIdSize * k]));
       mFields[k].SetSmoothness(record[kAreaFileSmoothness + k]);
-      mFields[k].SetVoluId(LoadLittle32(&record[kAreaFileVolu + 4 * k]));
+      mFields[k].SetVoluId(LoadLittle32(&record[kAreaFileVolu + kAreaFileIdSize * k]));
     }
     return true;
   });

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kLast = kMapEdge - 1;
 
-// Corners, edges and the inner square, as the areas are linked.
+// The corners, edges and inner square that are linked together, with the trace of each.
 struct Block {
   const char* method;
   int firstR, lastR, firstC, lastC;
@@ -36,12 +36,11 @@ void ForEachPlace(Square& areas, Body&& body) {
 }
 
 void PlaceFrom(Area& area, const AreaPosition& position) {
-  constexpr Direction kWays[] = {Direction::NorthEast, Direction::SouthEast, Direction::SouthWest,
-                                 Direction::NorthWest};
   area.SetPosition(position);
-  for (const Direction way : kWays) {
-    Area* next = area.GetNeighbor(way);
-    if (next != nullptr && !next->IsPlaced()) PlaceFrom(*next, NextArea(position, StepIn(way)));
+  for (const Direction direction :
+       {Direction::NorthEast, Direction::SouthEast, Direction::SouthWest, Direction::NorthWest}) {
+    Area* next = area.GetNeighbor(direction);
+    if (next != nullptr && !next->IsPlaced()) PlaceFrom(*next, NextArea(position, StepIn(direction)));
   }
 }
 
@@ -61,7 +60,7 @@ void ClientMap::Initialize() {
   });
 }
 
-// Has nothing that can fail, and no guard, because the destructor may let nothing through.
+// Without a guard: nothing in it can fail, and the destructor calls it.
 void ClientMap::Terminate() noexcept {
   mCharacters.clear();
   ForEachPlace(mAreas, [](auto& area) { area.reset(); });
@@ -103,7 +102,7 @@ Field* ClientMap::GetField(const FieldPosition& position) const {
 }
 
 void ClientMap::AddCharacter(Field& field, std::unique_ptr<Character> character) {
-  if (field.GetCharacter() != nullptr) return;
+  if (field.IsOccupied()) return;
   const Character* key = character.get();
   field.AddCharacter(mCharacters.emplace(key, std::move(character)).first->second.get());
 }
@@ -160,11 +159,10 @@ void ClientMap::SetAllNeighbors() {
 void ClientMap::SetNeighborsOfBlock(int firstR, int lastR, int firstC, int lastC) {
   for (int r = firstR; r <= lastR; ++r) {
     for (int c = firstC; c <= lastC; ++c) {
-      for (std::uint32_t d = 0; d < kDirectionCount; ++d) {
-        const int nextR = r + kSteps[d].x;
-        const int nextC = c + kSteps[d].y;
-        mAreas[r][c]->SetNeighbor(static_cast<Direction>(d),
-                                  IsInside(nextR, nextC) ? mAreas[nextR][nextC].get() : nullptr);
+      for (const Direction direction : kDirections) {
+        const int nextR = r + StepIn(direction).x;
+        const int nextC = c + StepIn(direction).y;
+        mAreas[r][c]->SetNeighbor(direction, IsInside(nextR, nextC) ? mAreas[nextR][nextC].get() : nullptr);
       }
     }
   }
@@ -199,7 +197,7 @@ void ClientMap::ShiftAreasToNorthWest() {
 
 void ClientMap::ShiftBy(Direction direction) {
   const Step step = StepIn(direction);
-  // Made before anything is moved: without memory for them the map stays as it was.
+  // Allocated before anything moves: if that fails, the map stays as it was.
   std::array<std::unique_ptr<Area>, kMapEdge> fresh;
   for (auto& area : fresh) area = std::make_unique<Area>();
 
@@ -221,8 +219,9 @@ void ClientMap::ShiftBy(Direction direction) {
   });
   mAreas = std::move(shifted);
   SetAllNeighbors();
-  // The first kept area next to the new ones; those take their places in the world from it.
-  Area& kept = *mAreas[step.x > 0 ? 1 : step.x < 0 ? kLast - 1 : 0][step.y > 0 ? 1 : step.y < 0 ? kLast - 1 : 0];
+  // The new areas get their positions from a kept one next to them.
+  const auto besideNew = [](int along) { return along > 0 ? 1 : along < 0 ? kLast - 1 : 0; };
+  Area& kept = *mAreas[besideNew(step.x)][besideNew(step.y)];
   SetAreaCoordinates(kept, AreaPosition(kept.GetPosition()));
 }
 

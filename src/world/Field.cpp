@@ -25,7 +25,7 @@ void Field::SetSmoothness(std::uint8_t smoothness) {
 
 bool Field::AddCharacter(Character* character) {
   return Guard("Field", "AddCharacter", [&] {
-    if (mCharacter != nullptr) return false;
+    if (IsOccupied()) return false;
     mCharacter = character;
     mOccupied = 1;
     character->SetField(this);

@@ -14,33 +14,34 @@ class Character;
 // The ground of a field that no server has described yet.
 constexpr std::uint32_t kDefaultGroundId = 100000;
 
-// One place of the world: its ground, what stands on it, and the way to its eight neighbours. Lives inside its Area;
-// reached under the repository's lock only.
+// One field of the world: its ground, what stands on it, and links to its eight neighbors. Part of its Area; used under
+// the repository's lock only.
 class Field {
  public:
   Field() = default;
-  // Whoever stands here stands nowhere afterwards.
+  // A character that stands here stands nowhere afterward.
   virtual ~Field();
   Field(const Field&) = delete;
   Field& operator=(const Field&) = delete;
 
-  // Lets the character, which stays its owner's, stand here and tells it so. False, with nothing changed, when somebody
-  // stands here already. The character must not stand on another field.
+  // Places the character, which is not owned and must not stand on another field. False, with nothing changed, when the
+  // field is occupied.
   bool AddCharacter(Character* character);
-  // Takes whoever stands here off the field; always true.
+  // Takes the character, if there is one, off the field. Always true.
   bool RemoveCharacter();
-  // Null when nobody stands here.
+  bool IsOccupied() const { return mOccupied != 0; }
+  // Not owned; null unless the field is occupied.
   Character* GetCharacter() const { return mCharacter; }
 
   std::uint32_t GetVoluId() const { return mVoluId; }
   void SetVoluId(std::uint32_t id) { mVoluId = id; }
   std::uint32_t GetGroundId() const { return mGroundId; }
   void SetGroundId(std::uint32_t id);
-  // How wide the transition to other ground is, 0 to 15; of what is set the low 4 bits count.
+  // The width of the transition to different ground, 0 to 15. Only the low 4 bits of what is set count.
   std::uint8_t GetSmoothness() const { return mSmoothness; }
   void SetSmoothness(std::uint8_t smoothness);
 
-  // Where in its area the field lies, and that area; set when the area's fields are linked.
+  // The field's place in its area, and that area; set when the area's fields are linked.
   std::uint8_t GetFx() const { return mFx; }
   std::uint8_t GetFy() const { return mFy; }
   Area* GetArea() const { return mArea; }
@@ -50,7 +51,7 @@ class Field {
     mFy = fy;
   }
 
-  // Null where the map ends, and for anything that is not one of the eight directions.
+  // Not owned; null at the edge of the map and for values other than the eight directions.
   Field* GetNeighbor(Direction direction) const {
     return IsDirection(direction) ? mNeighbors[static_cast<std::uint32_t>(direction)] : nullptr;
   }
@@ -58,7 +59,7 @@ class Field {
   void SetNeighbor(Direction direction, Field* field) { mNeighbors[static_cast<std::uint32_t>(direction)] = field; }
 
  private:
-  // Sets `member`, a part of the ground, and tells the area of the change.
+  // Sets `member`, a part of the ground, and notifies the area of a change.
   template <typename Part>
   void ChangeGround(Part& member, Part value);
 

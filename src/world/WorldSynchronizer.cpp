@@ -16,14 +16,14 @@ WorldSynchronizer::WorldSynchronizer(Repository& repository, std::string cacheDi
       mOutlets(std::move(outlets)),
       mInfoHandler(infoHandler) {}
 
-// Runs `body` with the lock held, or not at all.
+// Runs `body` with the lock held; not at all if the lock fails.
 template <typename Body>
 void WorldSynchronizer::Locked(Body&& body) {
   const SemaphoreLock lock(mRepository);
   if (lock.IsHeld()) body(mRepository.GetMap());
 }
 
-// The map's own look-ups do not compare levels.
+// The map's look-ups do not compare levels.
 bool WorldSynchronizer::IsOnLevel(const AreaPosition& position) const {
   return position.mByLevel == mRepository.GetMap().GetCenterArea()->GetPosition().mByLevel;
 }
@@ -57,7 +57,7 @@ bool WorldSynchronizer::SynchronizeMap(const PacketCharPosition& packet) {
   });
 }
 
-// A server can send any number of them.
+// Once a run: a server can send any number of them.
 void WorldSynchronizer::LogBadPlacement() {
   if (std::exchange(mHasLoggedPlacement, true)) return;
   mInfoHandler.HandleInfo(new Info("The server placed the player on a field that does not exist", InfoLevel::Failure));
@@ -65,7 +65,7 @@ void WorldSynchronizer::LogBadPlacement() {
 
 void WorldSynchronizer::SynchronizeArea(std::uint8_t r, std::uint8_t c) {
   Guard("ClientBase", "SynchronizeArea", [&] {
-    // By the time it is due the area may stand at another place in the map.
+    // The position, because the area may have another place in the map when the request is due.
     std::optional<AreaPosition> position;
     Locked([&](ClientMap& map) {
       if (const Area* area = map.GetAreaAt(r, c)) position = area->GetPosition();
@@ -118,7 +118,7 @@ void WorldSynchronizer::UpdateArea(const AreaHeader& header, Change&& change) {
     if (area == nullptr) return;
     area->SetVersion(header.mByVersion);
     for (std::size_t k = 0; k < kAreaFields; ++k) change(area->GetFields()[k], k);
-    // Without a cache the area is asked for again next time; nobody needs to know.
+    // Failure is not reported: without a cache file the area is requested again next time.
     area->Save(mCacheDirectory.c_str());
   });
 }
@@ -153,7 +153,7 @@ void WorldSynchronizer::MoveChar(const PacketMove& packet) {
       if (from == nullptr) return;
       Field* to = from->GetNeighbor(packet.mEnmDirection);
       ClientCharacter* character = ClientCharacter::On(*from);
-      if (to == nullptr || character == nullptr || to->GetCharacter() != nullptr) return;
+      if (to == nullptr || character == nullptr || to->IsOccupied()) return;
       from->RemoveCharacter();
       to->AddCharacter(character);
       character->StartMove(packet.mEnmDirection);
@@ -169,8 +169,7 @@ void WorldSynchronizer::UpdateMapAfterMove() {
     Locked([&](ClientMap& map) {
       const Field* field = mRepository.GetPlayer().GetField();
       if (field == nullptr || field->GetArea() == map.GetCenterArea()) return;
-      for (std::uint32_t d = 0; d < kDirectionCount && toCenter == Direction::None; ++d) {
-        const auto direction = static_cast<Direction>(d);
+      for (const Direction direction : kDirections) {
         if (field->GetArea()->GetNeighbor(direction) == map.GetCenterArea()) toCenter = direction;
       }
       map.ShiftAreas(toCenter);
@@ -179,8 +178,8 @@ void WorldSynchronizer::UpdateMapAfterMove() {
   });
 }
 
-// The areas that came in with a shift lie on the side that the others moved away from; along both edges of a straight
-// shift, whose common corner is asked for twice.
+// Requests the areas that a shift has brought in, on the side that the others moved away from. A shift along both axes
+// brings in two edges, whose common corner is requested twice.
 void WorldSynchronizer::SynchronizeNewAreas(Direction shift) {
   const auto edgeBehind = [](int step) { return static_cast<std::uint8_t>(step > 0 ? 0 : kMapEdge - 1); };
   const Step step = StepIn(shift);
