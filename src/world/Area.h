@@ -10,7 +10,7 @@
 
 namespace tolva {
 
-// 24 by 24 fields of the world, at one version of their content. Reached under the repository's lock only.
+// 24 by 24 fields of the world, at one version of their content. Used under the repository's lock only.
 class Area {
  public:
   Area() = default;
@@ -21,43 +21,43 @@ class Area {
   // Null when either coordinate is 24 or more.
   Field* GetField(std::uint8_t fx, std::uint8_t fy);
   const Field* GetField(std::uint8_t fx, std::uint8_t fy) const;
-  // All fields; field (Fx, Fy) stands at Fx * kAreaEdge + Fy, as in packets and in the cache file.
+  // All fields; field (Fx, Fy) is at index Fx * kAreaEdge + Fy, as in packets and in the cache file.
   std::array<Field, kAreaFields>& GetFields() { return mFields; }
   const std::array<Field, kAreaFields>& GetFields() const { return mFields; }
 
-  // Null where the map ends, and for anything that is not one of the eight directions. Not owned.
+  // Not owned; null at the edge of the map and for values other than the eight directions.
   Area* GetNeighbor(Direction direction) const {
     return IsDirection(direction) ? mNeighbors[static_cast<std::uint32_t>(direction)] : nullptr;
   }
   // `direction` is one of the eight.
   void SetNeighbor(Direction direction, Area* area) { mNeighbors[static_cast<std::uint32_t>(direction)] = area; }
 
-  // The version of the content as the server counts it; 0 when there is nothing of the server's.
+  // The server's number for this version of the content; 0 when none of it came from the server.
   std::uint8_t GetVersion() const { return mVersion; }
   void SetVersion(std::uint8_t version) { mVersion = version; }
 
-  // Identifies the state of the ground: a number that no other state of any area has had, and 0 while every field of
-  // the area has the ground that it began with. What is drawn from the ground is stale when this has changed.
+  // Identifies the state of the ground: 0 while all fields have their initial ground, then a number that no other state
+  // of any area has had. A picture of the ground is stale when this has changed.
   std::uint64_t GetGroundState() const { return mGroundState; }
-  // For the area's fields, as soon as they are linked: the ground of one has changed.
+  // For the area's fields: the ground of one has changed.
   void NoteGroundChange();
 
   const AreaPosition& GetPosition() const { return mPosition; }
   void SetPosition(const AreaPosition& position);
-  // Whether the area has a place in the world. No position says so by itself: all are valid, zeros too.
+  // Whether the area has been given a position. No position can express that: all are valid, including zeros.
   bool IsPlaced() const { return mPlaced; }
-  // No place in the world and version 0. The fields stay as they are.
+  // Clears position and version. The fields stay as they are.
   void Reset();
 
-  // Links every field with its neighbours, in the neighbour areas too, and tells it where it lies. To be run again
-  // whenever the area's neighbours have changed.
+  // Links every field with its neighbors, across the area's edge too, and sets its place. Call it again whenever the
+  // area's neighbors have changed.
   void InitFields();
 
   // Writes the area's cache file (docs/formats.md) into the directory, whose name ends with '/'. The old file stays
-  // until the new one is whole. False when it could not be written.
+  // until the new one is complete. False when it could not be written.
   bool Save(const char* directory) const;
-  // Reads content and version from the cache file for the area's position. False, with nothing changed, when there is
-  // no such file or it is not one of this area, whole and regular. Never waits for a writer.
+  // Reads content and version from the cache file of the area's position. False, with nothing changed, unless that is a
+  // complete regular file with this position. Never blocks on a pipe.
   bool Load(const char* directory);
 
  private:

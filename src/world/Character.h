@@ -6,18 +6,18 @@ namespace tolva {
 
 class Field;
 
-// What can stand on a field. Reached under the repository's lock only.
+// Somebody who can stand on a field. Used under the repository's lock only.
 class Character {
  public:
   Character() = default;
-  // Leaves the field first, so that no field ever points to a character that is gone.
+  // Leaves the field first, so that no field points to a destroyed character.
   virtual ~Character();
   Character(const Character&) = delete;
   Character& operator=(const Character&) = delete;
 
-  // Null while it stands nowhere.
+  // Not owned; null while it stands nowhere.
   Field* GetField() const { return mField; }
-  // For Field alone, which keeps both sides in step.
+  // Only for Field, which keeps both pointers consistent.
   void SetField(Field* field) { mField = field; }
   Direction GetDirection() const { return mDirection; }
 

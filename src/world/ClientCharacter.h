@@ -7,17 +7,17 @@
 
 namespace tolva {
 
-// A character as the game view draws it: sliding from field to field, walking, speaking. Offsets are pixels from where
-// the character's field is drawn, y growing downwards; ticks are those of GetTicks. Reached under the
-// repository's lock only.
+// A character as the game view draws it: sliding from field to field, walking, speaking. Offsets are in pixels from the
+// place of its field on the screen, y growing downward; ticks are those of GetTicks. Used under the repository's lock
+// only.
 class ClientCharacter : public Character {
  public:
   // The character on the field, or null.
   static ClientCharacter* On(const Field& field);
 
-  // Faces the direction and begins to slide from the field it came from to the one it stands on.
+  // Turns to the direction and begins to slide from the field it left to the one it stands on.
   void StartMove(Direction direction, std::uint32_t now = GetTicks());
-  // Moves on by at most one slide step and one walking frame, as time allows. For every frame drawn.
+  // Advances by at most one slide step and one walking frame, if they are due. Call it for every frame drawn.
   void Animate(std::uint32_t now = GetTicks());
 
   bool IsMoving() const { return mMoving; }
@@ -26,7 +26,7 @@ class ClientCharacter : public Character {
   std::int32_t GetOffsetX() const { return mOffsetX; }
   std::int32_t GetOffsetY() const { return mOffsetY; }
 
-  // What it said last, by which name it was said, and when that arrived. Longer texts are cut to 1023 and 63.
+  // The last chat line, the user name that came with it, and when it arrived. Cut to 1023 and 63 characters.
   const char* GetChatMessage() const { return mChatMessage; }
   void SetChatMessage(const char* message);
   const char* GetName() const { return mName; }

@@ -13,8 +13,8 @@
 
 namespace tolva {
 
-// The 7 by 7 areas around the player. Area [r][c] lies r - 3 steps in x and c - 3 steps in y from the centre [3][3].
-// Always holds all 49, linked with each other. Takes no lock: who uses it holds the repository's.
+// The 7 by 7 areas around the player. Area [r][c] lies r - 3 areas in x and c - 3 areas in y from the center [3][3].
+// Always holds all 49, linked with each other. Takes no lock: callers hold the repository's.
 class ClientMap {
  public:
   ClientMap();
@@ -22,34 +22,35 @@ class ClientMap {
   ClientMap(const ClientMap&) = delete;
   ClientMap& operator=(const ClientMap&) = delete;
 
-  // Null when r or c is 7 or more.
+  // The map owns its areas. Null when r or c is 7 or more.
   Area* GetAreaAt(std::uint8_t r, std::uint8_t c) const;
   Area* GetCenterArea() const { return mAreas[kMapCenter][kMapCenter].get(); }
-  // How many areas the area, one of this map's, lies from the centre.
+  // The distance, in areas, from the center to `area`, which is one of this map's.
   Step GetStepsFromCenter(const Area& area) const;
-  // The area at these region and area numbers, or null. The level is not compared: all areas share the centre's.
+  // The area with these region and area numbers, or null. Levels are not compared: all areas share the center's.
   Area* GetArea(const AreaPosition& position) const;
-  // Null when the map has no such area, or the area no such field. Any bytes may stand in the position.
+  // Null when the map has no such area or the area no such field. Accepts any position that the wire can carry.
   Field* GetField(const FieldPosition& position) const;
 
-  // Lets the character stand on the field; the map owns it from here on. Discarded when somebody stands there already.
+  // Places the character on the field and takes ownership of it. Destroys it when the field is occupied.
   void AddCharacter(Field& field, std::unique_ptr<Character> character);
-  // Takes whoever stands on the field off it, and frees it if it is the map's. One that was put on the field directly,
-  // as the player's own is, is not.
+  // Takes the character off the field and destroys it if the map owns it. The map does not own characters that were
+  // placed with Field::AddCharacter, such as the player's own.
   void RemoveCharacter(Field& field);
-  // How many characters the map owns.
+  // The number of characters that the map owns.
   std::size_t GetCharacterCount() const { return mCharacters.size(); }
 
-  // Resets all areas and places the square in the world with this area in the centre.
+  // Resets all areas and places the square in the world with this area in the center.
   void SetMapCoordinatesByCenter(const AreaPosition& center);
-  // Gives the area, one of this map's, the position, and every area not placed yet the one that follows from it.
+  // Places `area`, one of this map's, and relative to it every area that is not placed yet.
   void SetAreaCoordinates(Area& area, const AreaPosition& position);
-  // Takes the area out of the world and all characters off it, but leaves its ground and volu. Nothing when r or c is 7
-  // or more.
+  // Clears the area's position and version and removes its characters; ground and volu stay. Does nothing when r or c
+  // is 7 or more.
   void ResetArea(std::uint8_t r, std::uint8_t c);
 
-  // Moves the square one area, so that the kept areas move in the given direction within it. What falls out is
-  // destroyed with the characters on it; what comes in is empty. Nothing for other values than the eight directions.
+  // Moves the square by one area in the opposite direction, so the areas it keeps move in `direction` within it. Areas
+  // that leave it are destroyed with their characters; new ones are empty. Ignores values other than the eight
+  // directions.
   void ShiftAreas(Direction direction);
   void ShiftAreasToNorthEast();
   void ShiftAreasToSouthEast();

@@ -6,17 +6,18 @@
 
 namespace tolva {
 
-// The world that the controller changes and the display draws, and the lock that guards it: hold the semaphore for the
-// whole of each use. The controller owns it; the display borrows its address.
+// The world as the client knows it, shared by two threads: the controller updates it, the display draws from it. Both
+// hold the lock, which is the Semaphore itself, for as long as they use the map, the player or pointers into them. A
+// member of the controller, which sends the display a pointer to it.
 class Repository : public Semaphore {
  public:
   ClientMap& GetMap() { return mMap; }
-  // The player's own character. Stands on a field of the map once the server has placed it.
+  // The player's own character. On no field before the server has placed it.
   ClientCharacter& GetPlayer() { return mPlayer; }
 
  private:
   ClientMap mMap;
-  // After the map, so that it is destroyed first and leaves a field that still exists.
+  // After the map, so that it is destroyed first and can leave its field.
   ClientCharacter mPlayer;
 };
 

@@ -14,37 +14,37 @@
 
 namespace tolva {
 
-// Keeps the repository's map in step with the server: takes the server's packets, asks for areas, and reads and writes
-// the area cache. Used on the controller's thread; its errors name the controller, for which it works.
+// Keeps the repository's map in sync with the server: applies the server's packets, requests areas, and reads and
+// writes the area cache. Used on the controller's thread; its traces name the controller, ClientBase.
 //
-// Takes the repository's lock itself, for the whole of each change, and calls `Outlets` only when it has given it back.
-// The packets that it is given stay the caller's, who passes them on to the display unless told otherwise. World
-// packets of another level than the map's, or of places outside it, change nothing.
+// Holds the repository's lock during each change, but not while it calls the `Outlets`. Packets remain the caller's,
+// who forwards them to the display unless an operation says otherwise. Packets for another level than the map's, or for
+// places outside it, change nothing.
 class WorldSynchronizer {
  public:
-  // Makes a request; null when there is nothing to ask any more.
+  // Makes a request; null when it is no longer needed.
   using MakeRequest = std::function<std::unique_ptr<Packet>()>;
   struct Outlets {
-    // Keeps the request until it is due, makes it then and sends it to the server, in the order of the calls.
+    // Queues a request, to be made and sent to the server when it is due. Requests keep their order.
     std::function<void(MakeRequest)> askServer;
-    // Drops all that have not been made.
+    // Drops all requests that are still queued.
     std::function<void()> forgetRequests;
     std::function<void(std::unique_ptr<Packet>)> toDisplay;
   };
 
-  // `cacheDirectory` ends with '/'; without that directory every area comes from the server. Repository and log writer
-  // are borrowed.
+  // `cacheDirectory` ends with '/'; if it does not exist, every area comes from the server. Borrows the repository and
+  // the log writer.
   WorldSynchronizer(Repository& repository, std::string cacheDirectory, Outlets outlets, InfoHandler& infoHandler);
 
-  // Places map and player, starts a full synchronisation and asks for all 49 areas. False, with nothing done, when the
-  // packet's numbers name no field: then the display must not see it either, and one log line a run says so. What is
-  // still to be asked for the placement before is forgotten.
+  // Places map and player, drops the requests of the previous placement, starts a full synchronization and requests all
+  // 49 areas. False, with nothing done but one log line a run, when the packet names no field: the display must not get
+  // it then.
   [[nodiscard]] bool SynchronizeMap(const PacketCharPosition& packet);
-  // When its turn comes, loads the area from the cache and tells the server which version that is; nothing if it has
-  // left the map by then. Nothing when r or c is 7 or more.
+  // Queues a request that loads the area from the cache and sends its version to the server, unless the area has left
+  // the map by then. Does nothing when r or c is 7 or more.
   void SynchronizeArea(std::uint8_t r, std::uint8_t c);
-  // Counts the server's answer for one area (its ground, or that the cached version is current) and shows the display
-  // the progress of a running full synchronisation.
+  // Counts the server's answer for one area (its ground, or that the cached version is current). During a full
+  // synchronization, sends the progress to the display.
   void CountAreaAnswer();
 
   void UpdateAreaGround(const PacketAreaGround& packet);
@@ -52,12 +52,12 @@ class WorldSynchronizer {
 
   void AddChar(const PacketAddChar& packet);
   void RemoveChar(const PacketRemoveChar& packet);
-  // Nothing happens when the target is outside the map or taken. When the player's own character has come into another
-  // area, the map follows it.
+  // Does nothing when the target is outside the map or occupied. When the player's own character enters another area,
+  // the map follows it.
   void MoveChar(const PacketMove& packet);
   void UpdateMapAfterMove();
 
-  // Lets the character on the packet's field say the packet's text.
+  // Shows the packet's text as said by the character on its field.
   void ShowChatMessage(const PacketGameChatMsg& packet);
 
  private:
