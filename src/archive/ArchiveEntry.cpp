@@ -9,7 +9,7 @@
 namespace tolva {
 namespace {
 
-// How much of an entry is in memory while it is copied.
+// Entries are copied in pieces, so that a large one needs little memory.
 constexpr std::uint32_t kPieceSize = 1U << 16;
 
 }  // namespace

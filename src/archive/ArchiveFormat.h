@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// The archive's files, for reader and writer alike; docs/formats.md tells them in words.
+// The format of an archive's files, for reader and writer; docs/formats.md describes it.
 namespace tolva::archive_format {
 
 constexpr char kIndexSuffix[] = ".cci";
@@ -15,13 +15,13 @@ constexpr std::size_t kIdAt = 0;
 constexpr std::size_t kOffsetAt = 4;
 constexpr std::size_t kSizeAt = 8;
 
-// An index with more records than this is not read: thousand times what the client has pictures.
+// An index with more records is not read. This is about a thousand times the number of the client's pictures.
 constexpr std::uint64_t kMaxRecords = 1U << 20;
 
-// Where an entry of the picture kind may start: the position is a signed 32-bit number.
+// The last offset at which a picture may start: the limit of a signed 32-bit seek.
 constexpr std::uint32_t kMaxPictureOffset = 0x7FFFFFFF;
 
-// The entry of "Graphics" that holds the font.
+// The font's entry in "Graphics".
 constexpr std::uint32_t kFontId = 1;
 
 }  // namespace tolva::archive_format

@@ -30,7 +30,7 @@ constexpr std::uint32_t kTrns = Type("tRNS");
 constexpr std::uint32_t kIdat = Type("IDAT");
 constexpr std::uint32_t kIend = Type("IEND");
 
-// A chunk whose type begins with a capital letter must be understood by every decoder.
+// A decoder must know every chunk whose type begins with a capital letter.
 bool IsCritical(std::uint32_t type) { return (type & 0x20000000) == 0; }
 
 bool IsKnownDepth(PngColor color, int depth) {
@@ -83,7 +83,7 @@ const char* PngCheck::ReadChunk(const ReadBytes& read, Chunk& chunk) {
   const std::uint32_t length = LoadBig32(header);
   chunk.type = LoadBig32(header + 4);
   if (length > kMaxBytes) return "a chunk is too long";
-  // Length and type were read; from the type on, everything counts for the checksum.
+  // The checksum covers type and data.
   const std::uint8_t* data = Append(read, length + kCrcSize);
   if (data == nullptr) return kCutShort;
   const auto summed = static_cast<uInt>(length + sizeof chunk.type);
@@ -93,7 +93,7 @@ const char* PngCheck::ReadChunk(const ReadBytes& read, Chunk& chunk) {
 }
 
 const char* PngCheck::CheckChunk(const Chunk& chunk) {
-  if ((mPreviousType == 0) != (chunk.type == kIhdr)) return "its header is missing or not alone";
+  if ((mPreviousType == 0) != (chunk.type == kIhdr)) return "its header is missing or repeated";
   switch (chunk.type) {
     case kIhdr:
       return CheckHeader(chunk.data);
@@ -106,7 +106,7 @@ const char* PngCheck::CheckChunk(const Chunk& chunk) {
     case kIend:
       return mHasPixels && chunk.data.empty() ? nullptr : "it ends without pixels";
     default:
-      return IsCritical(chunk.type) ? "it has a chunk that decoders do not know" : nullptr;
+      return IsCritical(chunk.type) ? "it has an unknown critical chunk" : nullptr;
   }
 }
 
@@ -117,7 +117,7 @@ const char* PngCheck::CheckHeader(std::span<const std::uint8_t> data) {
   mHeader.bitDepth = data[8];
   mHeader.color = static_cast<PngColor>(data[9]);
   const auto compression = data[10], filter = data[11], interlace = data[12];
-  if (!IsKnownDepth(mHeader.color, mHeader.bitDepth)) return "its header names no kind of picture that there is";
+  if (!IsKnownDepth(mHeader.color, mHeader.bitDepth)) return "its header names an unknown color type or bit depth";
   if (compression != 0 || filter != 0 || interlace > 1) return "its header is damaged";
   if (mHeader.width == 0 || mHeader.height == 0) return "it has no pixels";
   if (mHeader.width > kMaxSide || mHeader.height > kMaxSide) return "it is wider or higher than 4096 pixels";
@@ -132,7 +132,7 @@ const char* PngCheck::CheckPalette(std::size_t size) {
     return "its palette is damaged";
   mPaletteEntries = size / 3;
   if (mHeader.color == PngColor::Palette && mPaletteEntries > std::size_t{1} << mHeader.bitDepth) {
-    return "its palette has more entries than its pixels can name";
+    return "its palette has more entries than its bit depth allows";
   }
   return nullptr;
 }
@@ -142,7 +142,7 @@ const char* PngCheck::CheckTransparency(std::size_t size) const {
   if (mHeader.color == PngColor::Palette) isFitting = isFitting && size >= 1 && size <= mPaletteEntries;
   if (mHeader.color == PngColor::Gray) isFitting = isFitting && size == 2;
   if (mHeader.color == PngColor::Rgb) isFitting = isFitting && size == 6;
-  return isFitting ? nullptr : "its transparent colors are damaged";
+  return isFitting ? nullptr : "its transparency chunk is damaged";
 }
 
 const char* PngCheck::CheckPixels() {

@@ -20,29 +20,29 @@ struct PngHeader {
   PngColor color = PngColor::Gray;
 };
 
-// Reads a PNG picture chunk by chunk, from its signature to its end chunk, and says whether it may be given to the
-// decoder, which takes what it gets: a file that ends too early makes it loop for ever, and a few bytes can ask it for
-// a picture of gigabytes. The compressed pixels are not looked at; the decoder notices damage there.
+// Reads a PNG picture chunk by chunk, from its signature to its end chunk, and decides whether it is safe to decode.
+// The decoder does not check: a truncated file can make it loop forever, and a few bytes can make it allocate
+// gigabytes. The compressed pixels are not examined; the decoder detects damage there.
 class PngCheck {
  public:
   static constexpr std::uint32_t kMaxSide = 4096;
   static constexpr std::uint32_t kMaxPixels = 1U << 22;
   static constexpr std::size_t kMaxBytes = std::size_t{1} << 25;
 
-  // Delivers the next `count` bytes, or false.
+  // Stores the next `count` bytes in `to`; false when it cannot.
   using ReadBytes = std::function<bool(std::uint8_t* to, std::size_t count)>;
 
-  // Reads at most `available` bytes from `read`, and never beyond the picture's end.
+  // Reads at most `available` bytes through `read`, and none after the end chunk.
   PngCheck(std::uint64_t available, const ReadBytes& read);
   // The picture that starts `offset` bytes into the file.
   PngCheck(const RegularFile& file, std::uint64_t offset);
   explicit PngCheck(std::span<const std::uint8_t> bytes);
 
   bool IsSound() const { return mFault == nullptr; }
-  // What is wrong, in words for whoever made the picture; null for a sound one.
+  // What is wrong, as a phrase for people, or null.
   const char* GetFault() const { return mFault; }
 
-  // For a sound picture: its header and exactly its own bytes.
+  // Of a sound picture: its header, and its bytes from the signature to the end chunk.
   const PngHeader& GetHeader() const { return mHeader; }
   const std::vector<std::uint8_t>& GetBytes() const { return mBytes; }
   std::vector<std::uint8_t> TakeBytes() { return std::move(mBytes); }
@@ -60,7 +60,7 @@ class PngCheck {
   const char* CheckPalette(std::size_t size);
   const char* CheckTransparency(std::size_t size) const;
   const char* CheckPixels();
-  // Appends `count` bytes to the picture; null when there are not so many.
+  // Appends the next `count` bytes to mBytes and returns where they start; null when there are fewer.
   std::uint8_t* Append(const ReadBytes& read, std::size_t count);
 
   PngHeader mHeader;

@@ -16,10 +16,10 @@ namespace {
 
 constexpr char kModule[] = "GameGraphics";
 
-constexpr std::size_t kMostMissing = 65'536;
+constexpr std::size_t kMaxMissing = 65'536;
 
-// The ids of which the archive has no picture, and those of which it has one. Each visit to the world has a store of
-// its own, the run has one archive.
+// The ids that the archive does not have, and those that it has. Static because each visit to the world has a store of
+// its own, while the archive stays the same.
 std::unordered_set<std::uint32_t> sMissing;
 std::unordered_set<std::uint32_t> sFound;
 
@@ -28,10 +28,10 @@ SDL_Surface* Remember(std::uint32_t id, SDL_Surface* found) {
   return found;
 }
 
-// The 16-bit surface whose way there and back turns a picture into its mask: all channels share these bits.
+// Converting a picture to a 16-bit format in which all channels share these bits, and back, gives its mask.
 constexpr Uint32 kMaskChannel = 0x000000FF;
 
-// Throws what the guard of whoever needed the surface turns into an Error.
+// The guard of the operation that needs the surface turns the exception into its Error.
 SurfacePtr Require(SurfacePtr surface) {
   if (surface == nullptr) throw std::runtime_error(SDL_GetError());
   return surface;
@@ -66,12 +66,12 @@ SurfacePtr PaintOpaquePartsWhite(const SurfacePtr& source) {
   return painted;
 }
 
-// The same by two conversions: what is opaque counts as opaque in the shared bits too, which makes it white.
+// The same by two conversions: opaque pixels get full alpha, which shares its bits with the colors, so they turn white.
 SurfacePtr FoldIntoOneChannel(const SurfacePtr& source) {
   const SurfacePtr folded = Require(SurfacePtr(SDL_CreateRGBSurface(
       SDL_SWSURFACE, source->w, source->h, 16, kMaskChannel, kMaskChannel, kMaskChannel, kMaskChannel)));
-  // The compatibility library makes an ordinary surface instead. Black parts would become holes, and others stay bright
-  // at night.
+  // The compatibility library makes an ordinary surface instead, with which black parts would become holes and others
+  // stay bright at night.
   if (folded->format->Rmask != kMaskChannel) return PaintOpaquePartsWhite(source);
   LayOver(source, folded);
   return Copy(folded);
@@ -155,11 +155,11 @@ void GameGraphics::ForgetMissing() {
 }
 
 bool GameGraphics::MayBeThere(std::uint32_t id) {
-  return sFound.contains(id) || (sMissing.size() < kMostMissing && !sMissing.contains(id));
+  return sFound.contains(id) || (sMissing.size() < kMaxMissing && !sMissing.contains(id));
 }
 
-// The veil is black all over, so it darkens the pixels of the color key too, and they would be drawn. The mask, which
-// has the key's color where the picture is see-through and is see-through elsewhere, lays that color over them again.
+// The veil is black everywhere, so it darkens the pixels of the color key too, which would then be drawn. The mask
+// restores them: it has the key's color where the picture is see-through, and is see-through elsewhere.
 void GameGraphics::Darken(GraphicEntry& entry) const {
   if (entry.darkened == nullptr) {
     entry.darkened = Copy(entry.source);

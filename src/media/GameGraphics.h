@@ -9,40 +9,40 @@ namespace tolva {
 
 class Archive;
 
-// The pictures that the game view draws, by the ids that stand in ground, volu and characters. A picture is loaded when
-// it is first asked for and kept until the store is emptied. What is handed out is already as dark as the world is;
-// darkness costs nothing per frame. Needs a video mode. Display thread only.
+// The pictures that the game view draws, by graphic id. Loads a picture when it is first requested and keeps it until
+// the store is emptied. Pictures are already darkened to the world's darkness, so it costs nothing per frame. Needs a
+// video mode. Display thread only.
 class GameGraphics {
  public:
-  // `archive` stays the caller's and must outlive the store.
+  // Borrows `archive`, which must outlive the store.
   explicit GameGraphics(Archive* archive);
   virtual ~GameGraphics();
 
   GameGraphics(const GameGraphics&) = delete;
   GameGraphics& operator=(const GameGraphics&) = delete;
 
-  // The picture in the display's format at the current darkness. Null for id 0 and when the archive cannot give it;
-  // each call then tries, and the archive logs, again. The surface is the store's: valid until the store is emptied,
-  // and drawn anew by SetDarkness.
+  // The picture in the display's format at the current darkness. The store owns the surface, which is valid until the
+  // store is emptied; SetDarkness redraws it. Null for id 0 and for a picture that the archive cannot load; each call
+  // then tries again, and the archive logs again.
   SDL_Surface* GetGraphic(std::uint32_t id);
-  // Laid over a darkened copy of the picture, it restores the pixels that must stay see-through. Same size, owner and
-  // failure as GetGraphic, but knows no exception for id 0.
+  // The picture that restores, copied over the darkened picture, the pixels that must stay see-through. As GetGraphic
+  // otherwise, but without the rule for id 0.
   SDL_Surface* GetMask(std::uint32_t id);
 
-  // The same two for code that draws: a picture that was not there is not looked for again in this run, by any store,
-  // so that an unknown id, of which a server can send any number, costs neither the frame rate nor the log. When 65,536
-  // such ids are known, only pictures that have been found in this run are looked for.
+  // The same two for code that draws, with a cache of missing pictures: no store tries one again in this run. So
+  // unknown ids, of which a server can send any number, cost neither frame rate nor log lines. Once 65,536 ids are
+  // known to be missing, only pictures that were found before are tried.
   SDL_Surface* FindGraphic(std::uint32_t id);
   SDL_Surface* FindMask(std::uint32_t id);
-  // A new run begins: every picture may be there again.
+  // Empties that cache, as if a new run began.
   static void ForgetMissing();
 
-  // From 0 (full daylight) to 255 (black). Draws every loaded picture anew.
+  // From 0 (full daylight) to 255 (black). Redraws every loaded picture.
   void SetDarkness(std::uint8_t darkness);
   std::uint8_t GetDarkness() const { return mDarkness; }
 
-  // Loads the picture, over one that is there. False when the archive cannot give it. Throws an Error when SDL has no
-  // room for its surfaces.
+  // Loads the picture, replacing one that is loaded. False when the archive cannot load it. Throws an Error when SDL
+  // cannot make its surfaces.
   bool LoadGraphic(std::uint32_t id);
   void UnloadGraphics();
 

@@ -48,10 +48,10 @@ TEST(PictureCheck, RefusesWhatTheClientWouldShowWrongly) {
 TEST(PictureCheck, RefusesDamagedPixels) {
   const std::string png = MakePng({.color = PngColor::Palette, .palette = Bytes(3)});
   const std::string head = png.substr(0, png.find("IDAT") - 4);
-  EXPECT_EQ(FaultOf(png + "x"), "it has more bytes behind its end");
+  EXPECT_EQ(FaultOf(png + "x"), "it has more bytes after its end chunk");
   EXPECT_EQ(FaultOf(head + MakeChunk("IDAT", "no pixels") + MakeChunk("IEND", "")), "its pixels are damaged");
   const std::string poor = MakePng({.color = PngColor::Palette, .palette = Bytes(3), .samples = {0, 0, 0, 0, 0, 1}});
-  EXPECT_EQ(FaultOf(poor), "row 1 names a color that its palette does not have");
+  EXPECT_EQ(FaultOf(poor), "row 1 uses a color that its palette does not have");
 }
 
 class ArchiveToolTest : public ::testing::Test {
@@ -97,7 +97,7 @@ TEST_F(ArchiveToolTest, ARefusedFileIsNamedAndLeavesTheOldArchiveAlone) {
       {".png", MakePng({}), "its name is not an id"},
       {"5.webp", MakePng({}), "its id is taken by in/5.png"},
       {"6.png", MakePng({}).substr(0, 60), "cut short"},
-      {"6.ogg", "OggS" + std::string(24, '\0') + "OpusHead", "it is no PNG picture"},
+      {"6.ogg", "OggS" + std::string(24, '\0') + "OpusHead", "it is not a PNG picture"},
   };
   WriteFile("in/5.png", MakePng({}));
   WriteFile("Old.cci", "old index");

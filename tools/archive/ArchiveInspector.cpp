@@ -47,7 +47,7 @@ ArchiveInspector::Description ArchiveInspector::Describe(const ArchiveEntry& ent
   if (!entry.IsWithin(mData)) return {"outside the data file", true};
   std::vector<std::uint8_t> start(std::min<std::size_t>(entry.size, kKindBytes));
   if (!mData.ReadAt(entry.offset, start.data(), start.size())) return {"unreadable", true};
-  const FileKind kind = TellKind(start);
+  const FileKind kind = DetectKind(start);
   if (kind != FileKind::Picture) return {GetKindName(kind)};
   const PngCheck png(mData, entry.offset);
   if (!png.IsSound()) return {std::string("broken picture: ") + png.GetFault(), true};

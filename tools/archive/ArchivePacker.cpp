@@ -24,7 +24,7 @@ void ArchivePacker::AddFolder(const std::filesystem::path& folder) {
     files.push_back(at->path());
   }
   if (fault) return Refuse(folder, "the folder cannot be read: " + fault.message());
-  // The folder's own order differs from machine to machine.
+  // A folder's order differs from machine to machine.
   std::sort(files.begin(), files.end());
   for (const auto& file : files) AddFile(ParseId(file.stem().string()), file);
 }
@@ -44,7 +44,7 @@ bool ArchivePacker::Pack(const std::string& baseName) {
     if (writer.HasRoomFor(bytes.size())) {
       writer.Add(id, bytes);
     } else {
-      Refuse(path, "with it the archive would be larger than 2 GB");
+      Refuse(path, "with it the archive would exceed 2 GB");
     }
   }
   if (mRefusals.empty() && !writer.Commit()) Refuse(baseName, "the archive cannot be written");
@@ -67,8 +67,9 @@ std::vector<std::uint8_t> ArchivePacker::Load(const std::filesystem::path& path)
   bytes.resize(file.GetSize());
   if (!file.ReadAt(0, bytes.data(), bytes.size())) return refuse("it cannot be read");
 
-  const FileKind kind = TellKind(bytes);
-  if (kind == FileKind::Unknown) return refuse("it is no PNG picture, TrueType or OpenType font or Ogg Vorbis music");
+  const FileKind kind = DetectKind(bytes);
+  if (kind == FileKind::Unknown)
+    return refuse("it is not a PNG picture, a TrueType or OpenType font, or Ogg Vorbis music");
   if (kind != FileKind::Picture) return bytes;
   const std::string fault = FindPictureFault(bytes);
   return fault.empty() ? bytes : refuse(fault);

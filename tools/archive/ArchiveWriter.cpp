@@ -20,7 +20,7 @@ void ArchiveWriter::Add(std::uint32_t id, std::span<const std::uint8_t> bytes) {
   if (!mData.Write(bytes.data(), bytes.size()) || !mIndex.Write(record, sizeof record)) mFailed = true;
 }
 
-// The data first: with the old index a client finds damaged entries at worst, which it checks.
+// The data file first: between the two renames the old index may point at wrong entries, which the client checks.
 bool ArchiveWriter::Commit() { return !mFailed && mData.Commit() && mIndex.Commit(); }
 
 }  // namespace tolva

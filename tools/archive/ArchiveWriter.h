@@ -9,14 +9,14 @@
 
 namespace tolva {
 
-// Writes an archive entry by entry. The old pair of files stays as it is until Commit puts both new ones in place.
+// Writes an archive entry by entry. Commit replaces the old pair of files; until then it stays as it is.
 class ArchiveWriter {
  public:
   explicit ArchiveWriter(const std::string& baseName);
 
-  // Whether an entry of so many bytes leaves the archive small enough for its index.
+  // Whether the data file stays within the limit of 2 GB with another entry of `size` bytes.
   bool HasRoomFor(std::size_t size) const;
-  // Appends an entry, for which there is room. When it cannot be written, Commit fails.
+  // Appends an entry, for which HasRoomFor must be true. If writing fails, Commit fails.
   void Add(std::uint32_t id, std::span<const std::uint8_t> bytes);
   bool Commit();
 

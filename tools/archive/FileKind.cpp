@@ -14,7 +14,7 @@ struct Signature {
   std::string_view bytes;
 };
 
-// An Ogg file is music when its first packet, behind the 28 bytes of a page with one segment, is Vorbis's header.
+// An Ogg file is music if its first packet, after the 28 bytes of a page header with one segment, is a Vorbis header.
 constexpr Signature kSignatures[] = {
     {FileKind::Picture, 0, "\x89PNG\r\n\x1A\n"sv},
     {FileKind::Font, 0, "\0\x01\0\0"sv},
@@ -31,7 +31,7 @@ bool IsAt(std::span<const std::uint8_t> bytes, std::size_t at, std::string_view 
 
 }  // namespace
 
-FileKind TellKind(std::span<const std::uint8_t> bytes) {
+FileKind DetectKind(std::span<const std::uint8_t> bytes) {
   for (const Signature& signature : kSignatures) {
     const bool isWrapped = signature.kind != FileKind::Music || IsAt(bytes, 0, "OggS");
     if (isWrapped && IsAt(bytes, signature.at, signature.bytes)) return signature.kind;

@@ -16,7 +16,7 @@ struct Color {
 
 constexpr Color kSeeThrough{255, 0, 255};
 
-// The same color once only 5, 6 and 5 bits are left.
+// Whether 5, 6 and 5 bits of the color are those of the see-through color.
 bool LooksSeeThrough(const Color& color) { return color.red >= 248 && color.green < 4 && color.blue >= 248; }
 
 std::string ToText(const Color& color) {
@@ -32,13 +32,13 @@ std::string FindHeaderFault(const PngHeader& header) {
   return header.bitDepth > 8 ? "it has more than 8 bits per sample" : "";
 }
 
-// Every pixel must name a palette entry.
+// Every pixel must be the index of a palette entry.
 std::string FindIndexFault(const PngHeader& header, const PngRows& rows) {
   for (std::uint32_t y = 0; y < header.height; ++y) {
     const std::uint8_t* end = rows.GetRow(y) + header.width;
     const std::size_t count = rows.GetPalette().size();
     if (std::any_of(rows.GetRow(y), end, [count](std::uint8_t index) { return index >= count; })) {
-      return "row " + std::to_string(y) + " names a color that its palette does not have";
+      return "row " + std::to_string(y) + " uses a color that its palette does not have";
     }
   }
   return "";
@@ -67,7 +67,7 @@ std::string FindPaletteFault(const PngRows& rows) {
 
 std::string FindKeyFault(const PngHeader& header, const PngRows& rows) {
   if (rows.GetKey() == nullptr) return "";
-  if (header.color == PngColor::Gray) return "it is gray with a transparent gray, not with (255,0,255)";
+  if (header.color == PngColor::Gray) return "it has a transparent gray instead of (255,0,255)";
   const Color key{rows.GetKey()->red, rows.GetKey()->green, rows.GetKey()->blue};
   if (key != kSeeThrough) return "its transparent color is " + ToText(key) + ", not (255,0,255)";
   for (std::uint32_t y = 0; y < header.height; ++y) {
@@ -88,7 +88,7 @@ std::string FindKeyFault(const PngHeader& header, const PngRows& rows) {
 std::string FindPictureFault(std::span<const std::uint8_t> bytes) {
   const PngCheck check(bytes);
   if (!check.IsSound()) return check.GetFault();
-  if (check.GetBytes().size() != bytes.size()) return "it has more bytes behind its end";
+  if (check.GetBytes().size() != bytes.size()) return "it has more bytes after its end chunk";
   const PngHeader& header = check.GetHeader();
   if (std::string fault = FindHeaderFault(header); !fault.empty()) return fault;
 

@@ -6,7 +6,7 @@
 namespace tolva {
 namespace {
 
-// The library's own reporters would write to standard error.
+// libpng's default handlers write to standard error.
 void HandleError(png_structp png, png_const_charp) { png_longjmp(png, 1); }
 void HandleWarning(png_structp, png_const_charp) {}
 
@@ -22,7 +22,7 @@ PngRows::PngRows(std::span<const std::uint8_t> bytes)
 
 PngRows::~PngRows() { png_destroy_read_struct(&mPng, &mInfo, nullptr); }
 
-// Errors jump back into this operation: nothing in it may need a destructor.
+// libpng reports errors by a jump back into this operation, so it must not have objects with destructors.
 bool PngRows::Decode() {
   if (setjmp(png_jmpbuf(mPng)) != 0) return false;
   png_set_read_fn(mPng, this, &PngRows::ReadBytes);

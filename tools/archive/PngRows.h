@@ -7,23 +7,22 @@
 
 namespace tolva {
 
-// The pixels of a PNG picture of at most 8 bits per sample, one byte per sample, and its colors, as its file holds
-// them.
+// The decoded pixels and colors of a PNG picture with at most 8 bits per sample, one byte for each sample.
 class PngRows {
  public:
-  // Decodes; `bytes` are not needed afterwards.
+  // Decodes `bytes`, which are not needed afterward.
   explicit PngRows(std::span<const std::uint8_t> bytes);
   ~PngRows();
   PngRows(const PngRows&) = delete;
   PngRows& operator=(const PngRows&) = delete;
 
-  // False when the pixels are damaged; nothing else may be asked then.
+  // False when the pixels are damaged; the other operations must not be called then.
   bool IsDecoded() const { return mDecoded; }
   const std::uint8_t* GetRow(std::uint32_t y) const { return mRows[y]; }
   std::span<const png_color> GetPalette() const { return mPalette; }
-  // The palette's transparencies, 0 for see-through; shorter than the palette or empty.
+  // The alphas of the palette's first entries, 0 for see-through; may be shorter than the palette or empty.
   std::span<const std::uint8_t> GetAlphas() const { return mAlphas; }
-  // The one transparent color of a picture without a palette, or null.
+  // The transparent color of a picture without a palette, or null.
   const png_color_16* GetKey() const { return mKey; }
 
  private:

@@ -49,8 +49,15 @@ int Extract(const std::string& baseName, std::uint32_t id, const std::string& fi
   return fault == nullptr ? kDone : Fail(baseName + ", entry " + std::to_string(id) + ": " + fault);
 }
 
+std::pair<std::uint32_t, std::string> ParseFileOption(const std::string& option) {
+  const std::size_t split = option.find('=');
+  const std::uint32_t id = tolva::ArchivePacker::ParseId(option.substr(0, split));
+  if (split == std::string::npos || id == 0) throw CLI::ValidationError("--file", option + " is not ID=PATH");
+  return {id, option.substr(split + 1)};
+}
+
 int Run(int argc, char** argv) {
-  CLI::App app{"Packs pictures, fonts and music into the archives that the client reads, and looks into them."};
+  CLI::App app{"Packs pictures, fonts and music into archives for the client, lists archives and extracts entries."};
   app.set_version_flag("--version", "tolva-archive " TOLVA_VERSION_TEXT);
   app.require_subcommand(1);
   std::string folder, baseName, file;
@@ -58,12 +65,12 @@ int Run(int argc, char** argv) {
   std::uint32_t id = 0;
 
   CLI::App* pack = app.add_subcommand("pack", "Write BASENAME.cci and BASENAME.cca from the files of a folder");
-  pack->add_option("DIR", folder, "Folder of files named by their ids: 6101.png, 1.ogg")->required();
+  pack->add_option("DIR", folder, "Folder of files named by id: 6101.png, 1.ogg")->required();
   pack->add_option("BASENAME", baseName, "The archive's path without its suffix")->required();
-  pack->add_option("--file", options, "ID=PATH: a file from elsewhere; may be given several times")
+  pack->add_option("--file", options, "ID=PATH: a file from another place; can be repeated")
       ->take_all()
       ->allow_extra_args(false);
-  CLI::App* list = app.add_subcommand("list", "Print id, offset, size, kind and a picture's size of each entry");
+  CLI::App* list = app.add_subcommand("list", "Print each entry's id, offset, size and kind, and a picture's size");
   list->add_option("BASENAME", baseName, "The archive's path without its suffix")->required();
   CLI::App* extract = app.add_subcommand("extract", "Write one entry to a file");
   extract->add_option("BASENAME", baseName, "The archive's path without its suffix")->required();
@@ -73,12 +80,7 @@ int Run(int argc, char** argv) {
   std::vector<std::pair<std::uint32_t, std::string>> files;
   try {
     app.parse(argc, argv);
-    for (const std::string& option : options) {
-      const std::size_t split = option.find('=');
-      const std::uint32_t fileId = tolva::ArchivePacker::ParseId(option.substr(0, split));
-      if (split == std::string::npos || fileId == 0) throw CLI::ValidationError("--file", option + " is not ID=PATH");
-      files.emplace_back(fileId, option.substr(split + 1));
-    }
+    for (const std::string& option : options) files.push_back(ParseFileOption(option));
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kDone : kUsage;
   }
