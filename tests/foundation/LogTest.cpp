@@ -26,7 +26,7 @@ std::vector<std::string> LogLines() {
 }
 
 TEST(Log, HoldsTheLastRunOnly) {
-  testing::FLAGS_gtest_death_test_style = "threadsafe";  // a process of its own, which has no log writer yet
+  testing::FLAGS_gtest_death_test_style = "threadsafe";  // in a new process, which has no log writer yet
   const TempDir dir;
   const auto run = [] {
     WriteFile("log.clf", "the previous run\n");
@@ -37,7 +37,7 @@ TEST(Log, HoldsTheLastRunOnly) {
   EXPECT_EXIT(run(), testing::ExitedWithCode(0), "");
 }
 
-TEST(Log, KeepsFailuresErrorsAndProgressCutToTheirFields) {
+TEST(Log, HoldsFailuresErrorsAndProgressCutToTheirFields) {
   const TempDir dir;
   InfoHandler handler;
   handler.SetModuleName("ClientMain");
@@ -49,30 +49,31 @@ TEST(Log, KeepsFailuresErrorsAndProgressCutToTheirFields) {
   EXPECT_EQ(LogLines(), (std::vector<std::string>{" 001" + rest, " 002" + rest, " 004" + rest, cut}));
 }
 
-// An hour in which a loop fails every 5 ms, on a clock that runs as fast as the loop.
-TEST(LogRateLimiter, BoundsTheLinesOfASecondAndOfARun) {
+// A loop fails every 5 ms for an hour, on a clock that the loop advances.
+TEST(LogRateLimiter, LimitsTheLinesOfASecondAndOfARun) {
   const TempDir dir;
+  constexpr int kPasses = 3600 * 200;
   static std::uint32_t sNow;
-  sNow = 0xFFFFFFFF - 5000;  // the clock wraps around meanwhile
+  sNow = 0xFFFFFFFF - 5000;  // wraps around during the test
   SetTickSource([] { return sNow; });
-  LogRateLimiter limit;
+  LogRateLimiter limiter;
   InfoHandler handler;
   std::deque<std::uint32_t> admitted;
-  std::size_t count = 0, most = 0;
-  for (int pass = 0; pass < 3600 * 200; ++pass, sNow += 5) {
-    if (!limit.Admit(handler)) continue;
+  std::size_t count = 0, maxPerSecond = 0;
+  for (int pass = 0; pass < kPasses; ++pass, sNow += 5) {
+    if (!limiter.Admit(handler)) continue;
     ++count;
     admitted.push_back(sNow);
     while (sNow - admitted.front() >= 1000) admitted.pop_front();
-    most = std::max(most, admitted.size());
+    maxPerSecond = std::max(maxPerSecond, admitted.size());
   }
-  EXPECT_EQ(most, 100u);
+  EXPECT_EQ(maxPerSecond, 100u);
   EXPECT_EQ(count, 10'000u);
   EXPECT_EQ(LogLines().size(), 1u) << "one line says that lines are missing";
 
   ErrHandler errors;
-  for (int pass = 0; pass < 3600 * 200; ++pass, sNow += 5) errors.HandleError(new Error("Display", "Blit"));
-  EXPECT_EQ(LogLines().size(), 1u + 2 * 10'000 + 1) << "two for each error, the second of them empty";
+  for (int pass = 0; pass < kPasses; ++pass, sNow += 5) errors.HandleError(new Error("Display", "Blit"));
+  EXPECT_EQ(LogLines().size(), 1u + 2 * 10'000 + 1) << "each error has an empty line after it";
   SetTickSource(nullptr);
 }
 
