@@ -26,6 +26,8 @@ class ControlLabel : public ControlTextBasic {
   };
 
   static constexpr int kTextCapacity = 1024;
+  // Pixels left free on each side of the text.
+  static constexpr int kMargin = 3;
 
   ControlLabel(std::uint32_t id, SDL_Surface* parentSurface, void* context, ControlCallback callback);
 
@@ -46,10 +48,6 @@ class ControlLabel : public ControlTextBasic {
   int GetTextX() const { return mTextX; }
   int GetTextY() const { return mTextY; }
   int GetTextWidth() const { return mTextWidth; }
-
- protected:
-  // Pixels left free on each side of the text.
-  static constexpr int kMargin = 3;
 
  private:
   void UpdateTextSurface();

@@ -9,16 +9,16 @@
 
 namespace tolva {
 
-// The bar along the bottom of the game screen, below which two framed strips run; the right one shows the round-trip
-// time. Pictures that are missing leave their part black. Display thread only.
+// The bar along the bottom of the game screen and the two framed strips below it; the right one shows the round-trip
+// time. A missing picture leaves its part black. Display thread only.
 class BottomStrip {
  public:
   static constexpr int kHeight = 36;  // bar and strips
 
-  // Both stay the caller's; the pictures are needed only now. Throws an Error when SDL has no room for the surfaces.
+  // Both stay the caller's; `window` must outlive the strip. Throws an Error when SDL cannot make the surfaces.
   BottomStrip(Archive& archive, SDL_Surface& window);
 
-  // One blue pixel for each millisecond, in 16 bits; as many as fit.
+  // Shows a blue pixel for each millisecond modulo 65536, as many as fit.
   void ShowRoundTrip(std::uint32_t milliseconds);
 
   void BlitBar();

@@ -24,7 +24,7 @@ void Button::HandleEvent(SDL_Event event) {
 void Button::SetActive(bool pressed) {
   Guard("Button", "SetActive", [&] {
     mPressed = pressed;
-    SetSource(0, pressed ? GetHeight() : 0);
+    SetSource(0, pressed ? GetPlace().height : 0);
   });
 }
 

@@ -5,7 +5,7 @@
 
 namespace tolva {
 
-// A short text with numbers in it, cut to 255 characters; checked by the compiler like printf.
+// A text formatted as by printf, cut to 255 characters. The compiler checks the arguments.
 class FormattedText {
  public:
   __attribute__((format(printf, 2, 3))) explicit FormattedText(const char* format, ...) {
@@ -15,7 +15,7 @@ class FormattedText {
     va_end(values);
   }
 
-  operator const char*() const { return mText; }  // stands in for a text
+  operator const char*() const { return mText; }
 
  private:
   char mText[256];

@@ -54,7 +54,7 @@ void InputBox::HandleEvent(SDL_Event event) {
 void InputBox::CreateSurface() {
   Guard(kModule, "CreateSurface", [&] {
     const std::string shown = mPassword ? std::string(mText.GetLength(), '*') : std::string(GetText());
-    // Even without a text there must be something for the cursor to stand on.
+    // The cursor needs a surface, which an empty text does not have.
     Render(shown.empty() ? " " : shown.c_str());
     if (mSurface == nullptr) return;
     const int cursorX = FindCursor(shown.substr(0, mText.GetCursor()));
@@ -72,9 +72,9 @@ void InputBox::DrawCursor(int x) {
   CheckSdl(FillPart(*mSurface, {x, 0, 1, mSurface->h}, GetColor()), kModule, "CreateSurface");
 }
 
-// A text wider than the box moves only as far as the cursor needs, and leaves no room free behind its end.
+// Scrolls a text wider than the box only as far as the cursor needs, and no further than to its end.
 void InputBox::ShowCursor(int x) {
-  const int width = GetWidth();
+  const int width = GetPlace().width;
   const int source = std::clamp(GetSourceX(), x - width + 1, x);
   SetSource(std::clamp(source, 0, std::max(0, mSurface->w - width)), 0);
 }

@@ -7,22 +7,22 @@
 
 namespace tolva {
 
-// A text box that the player types into while it is active, with a blinking cursor, which stays in sight. Needs SDL's
-// unicode translation of keys.
+// A text box that the player types into while it is active. A text wider than the box scrolls with the blinking cursor.
+// Needs SDL's Unicode translation of keys.
 class InputBox : public TextBox {
  public:
-  // The cursor starts at 0. `maxLength` bounds what is typed and set later, not `text`.
+  // The cursor starts at 0. `maxLength` limits what is typed and set later, not `text`.
   InputBox(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height, std::uint8_t r, std::uint8_t g,
            std::uint8_t b, std::uint32_t maxLength, const char* text, InfoHandler* infoHandler);
   ~InputBox() override = default;
 
-  // Makes the cursor blink, too: to be called every frame.
+  // Call it in every frame: the cursor blinks.
   void Blit(SDL_Surface* target) override;
-  // Keys that go down, while the box is active.
+  // Edits on key presses while the box is active.
   void HandleEvent(SDL_Event event) override;
   void CreateSurface() override;
 
-  // Shows every character as '*'.
+  // Whether the box shows an asterisk for each character.
   void SetPassword(bool password);
 
  private:

@@ -21,18 +21,17 @@ namespace {
 constexpr char kModule[] = "ScreenGame";
 constexpr char kMethod[] = "BuildMsgHistory";
 
-constexpr std::uint32_t kLastMode = 2;
+// The sizes of the panel.
+constexpr std::uint32_t kOneRow = 0;
+constexpr std::uint32_t kFourRows = 1;
+constexpr std::uint32_t kHalfWindow = 2;
+
+// Pixels.
 constexpr int kButtonEdge = 16;
-constexpr int kButtonColumn = 18;  // the buttons' and the space around them
+constexpr int kButtonColumn = 18;  // a button and the space around it
 constexpr int kRowHeight = 16;
 constexpr int kTopLine = 2;
-// What a label leaves free left and right of its text.
-constexpr int kLabelMargin = 3;
-
-int GetPanelHeight(std::uint32_t mode, int windowHeight) {
-  const int heights[] = {18, 66, windowHeight / 2 - BottomStrip::kHeight};
-  return heights[mode];
-}
+constexpr int kTextMargins = 2 * ControlLabel::kMargin;
 
 std::string MakeHeading(const char* name, std::time_t when) {
   std::tm local{};
@@ -57,51 +56,50 @@ MessageHistory::MessageHistory(Archive& archive, SDL_Surface& window, InfoHandle
 
 // ---- Size and buttons ----
 
+int MessageHistory::GetHeight() const {
+  if (mMode == kHalfWindow) return mWindow.h / 2 - BottomStrip::kHeight;
+  return kTopLine + kRowHeight * (mMode == kFourRows ? 4 : 1);
+}
+
 void MessageHistory::Build(std::uint32_t mode) {
-  mMode = std::min(mode, kLastMode);
-  const Size size{mWindow.w, GetPanelHeight(mMode, mWindow.h)};
+  mMode = std::min(mode, kHalfWindow);
+  const Size size{mWindow.w, GetHeight()};
   mPanel = CheckSurface(MakeDisplaySurface(size, mWindow), kModule, kMethod);
   mIsPainted = false;
   PlaceButtons();
   ScrollBy(0);
 }
 
-int MessageHistory::GetTop() const { return mWindow.h - BottomStrip::kHeight - GetPanelHeight(mMode, mWindow.h); }
+int MessageHistory::GetTop() const { return mWindow.h - BottomStrip::kHeight - GetHeight(); }
 
 int MessageHistory::GetLineWidth() const { return mSideTile == nullptr ? 0 : mSideTile->w; }
 
 int MessageHistory::GetTextRight() const { return mWindow.w - kButtonColumn - GetLineWidth(); }
 
-int MessageHistory::GetVisibleRows() const { return (GetPanelHeight(mMode, mWindow.h) - kTopLine) / kRowHeight; }
+int MessageHistory::GetVisibleRows() const { return (GetHeight() - kTopLine) / kRowHeight; }
 
 void MessageHistory::PlaceButtons() {
-  const int top = GetTop();
-  const int bottom = mWindow.h;  // out of sight
-  const int places[kLastMode + 1][kButtonCount] = {
-      {top + 2, bottom, bottom, bottom},
-      {top + 2, top + 50, top + 18, top + 34},
-      {top + 2, bottom - 52, top + 18, bottom - 68},
-  };
-  for (std::size_t index = 0; index < kButtonCount; ++index) {
-    mButtons[index]->SetY(static_cast<std::int16_t>(places[mMode][index]));
-  }
+  const int top = GetTop() + kTopLine;
+  const int bottom = GetTop() + GetHeight();
+  const int outOfSight = mWindow.h;
+  const auto place = [this](ButtonIndex index, int y) { mButtons[index]->SetY(static_cast<std::int16_t>(y)); };
+  place(kEnlarge, top);
+  place(kBack, mMode == kOneRow ? outOfSight : top + kButtonEdge);
+  place(kForward, mMode == kOneRow ? outOfSight : bottom - 2 * kButtonEdge);
+  place(kShrink, mMode == kOneRow ? outOfSight : bottom - kButtonEdge);
 }
 
 void MessageHistory::HandlePress(const SDL_Event& event) {
-  const auto isHit = [&](const auto& button) {
-    const int x = event.button.x - button->GetX();
-    const int y = event.button.y - button->GetY();
-    return x >= 0 && x <= button->GetWidth() && y >= 0 && y <= button->GetHeight();
-  };
+  const auto isHit = [&](const auto& button) { return button->GetPlace().IsHitAt(event.button.x, event.button.y); };
   const auto hit = std::find_if(mButtons.begin(), mButtons.end(), isHit);
   if (hit == mButtons.end()) return;
   (*hit)->HandleEvent(event);
   switch (hit - mButtons.begin()) {
     case kEnlarge:
-      if (mMode < kLastMode) Build(mMode + 1);
+      if (mMode < kHalfWindow) Build(mMode + 1);
       return;
     case kShrink:
-      if (mMode > 0) Build(mMode - 1);
+      if (mMode > kOneRow) Build(mMode - 1);
       return;
     case kBack:
       return ScrollBy(1);
@@ -121,8 +119,8 @@ void MessageHistory::ReleaseButtons() {
 void MessageHistory::Add(const char* name, const char* text, std::time_t when) {
   TTF_Font* font = ControlTextBasic::GetFont();
   const std::string heading = MakeHeading(name, when);
-  const int headingWidth = MeasureText(font, heading.c_str(), kModule, kMethod).width + 2 * kLabelMargin;
-  const int room = GetTextRight() - GetLineWidth() - headingWidth - 2 * kLabelMargin;
+  const int headingWidth = MeasureText(font, heading.c_str(), kModule, kMethod).width + kTextMargins;
+  const int room = GetTextRight() - GetLineWidth() - headingWidth - kTextMargins;
   std::vector<std::string> lines;
   const int count = ControlChatBox::WrapText(text, room, font, lines);
   for (std::string& line : lines) {
@@ -144,28 +142,25 @@ void MessageHistory::DropOldest() {
 }
 
 void MessageHistory::ScrollBy(int rows) {
-  const int most = std::max(0, GetRowCount() - GetVisibleRows());
-  mScrolledBack = std::clamp(mScrolledBack + rows, 0, most);
+  mScrolledBack = std::clamp(mScrolledBack + rows, 0, std::max(0, GetRowCount() - GetVisibleRows()));
   mIsPainted = false;
 }
 
 bool MessageHistory::TurnWheel(int x, int y, int notches) {
-  const int fromTop = y - GetTop();
-  if (x < 0 || x >= mWindow.w || fromTop < 0 || fromTop >= GetPanelHeight(mMode, mWindow.h)) return false;
-  if (mMode > 0) {
+  if (!Rect{0, GetTop(), mWindow.w, GetHeight()}.Contains(x, y)) return false;
+  if (mMode != kOneRow) {
     ScrollBy(-kRowsPerNotch * notches);
-  } else {
-    ScrollToMessage(notches < 0);
+  } else if (!mRows.empty()) {
+    ScrollByMessage(notches);
   }
   return true;
 }
 
-// In the one row, scrolling by rows would change nothing until the end of the message is reached.
-void MessageHistory::ScrollToMessage(bool isOlder) {
+// The one row shows the start of a message, so scrolling by rows would often change nothing.
+void MessageHistory::ScrollByMessage(int notches) {
   const int shown = GetLastShown();
-  if (shown < 0) return;
-  const int target = isOlder ? FindFirstRow(shown) - 1 : FindLastRow(FindLastRow(shown) + 1);
-  ScrollBy(shown - target);
+  const int wanted = notches < 0 ? FindFirstRow(shown) - 1 : FindLastRow(FindLastRow(shown) + 1);
+  ScrollBy(shown - wanted);
 }
 
 int MessageHistory::FindFirstRow(int row) const {
@@ -194,20 +189,16 @@ void MessageHistory::Paint() {
   TileAcross(mTopTile.get(), panel);
 
   const int visible = GetVisibleRows();
-  const int last = mMode > 0 || mRows.empty() ? GetLastShown() : FindFirstRow(GetLastShown());
+  const int last = mMode != kOneRow || mRows.empty() ? GetLastShown() : FindFirstRow(GetLastShown());
   for (int line = 0; line < visible && line <= last; ++line) {
     const Row& row = mRows[static_cast<std::size_t>(last - line)];
-    // Who reads on the topmost line shall not have to scroll to learn who speaks.
-    PaintRow(row, panel.h - kRowHeight * (line + 1), row.isFirst || line == visible - 1);
+    const int y = panel.h - kRowHeight * (line + 1);
+    const int textX = left + row.headingWidth;
+    PaintText(row.text, textX, y, GetTextRight() - textX, kWhite);
+    // The topmost line also names the speaker of a message whose first row is out of sight.
+    if (row.isFirst || line == visible - 1) PaintText(row.heading, left, y, row.headingWidth, kNameColor);
   }
   mIsPainted = true;
-}
-
-void MessageHistory::PaintRow(const Row& row, int y, bool hasHeading) {
-  const int left = GetLineWidth();
-  const int textX = left + row.headingWidth;
-  if (hasHeading) PaintText(row.heading, left, y, row.headingWidth, kNameColor);
-  PaintText(row.text, textX, y, GetTextRight() - textX, kWhite);
 }
 
 void MessageHistory::PaintText(const std::string& text, int x, int y, int width, Rgb color) {
@@ -217,7 +208,7 @@ void MessageHistory::PaintText(const std::string& text, int x, int y, int width,
   label.SetPosition(x, y, width, kRowHeight);
   label.SetText(text.c_str());
   label.SetBackgroundColor(0, 0, 0);
-  // The last setter renders it, once.
+  // The last setter renders once for all.
   label.SetRefreshEnabled(true);
   label.SetForegroundColor(color.r, color.g, color.b);
   label.Blit();

@@ -16,37 +16,36 @@
 
 namespace tolva {
 
-// Of those who speak, in the history and over their heads.
+// The color of speakers' names, in the history and over their heads.
 constexpr Rgb kNameColor{247, 231, 135};
 
 class InfoHandler;
 
-// The panel of the game screen that shows what was said last, the newest at the bottom, in one of three sizes, with
-// four buttons at its right end: they enlarge and shrink it and scroll by a line. Texts are wrapped; time and name
-// stand at the topmost visible row of each. The smallest size has one row, with which the last message begins. Stands
-// on the bottom strip. Any byte may come in texts. Display thread only.
+// The game screen's panel of messages, the newest at the bottom, above the bottom strip. Texts are wrapped; the first
+// visible row of each message starts with its time and speaker. The panel has three sizes, the smallest of which shows
+// the first row of the newest message. Four buttons enlarge it, shrink it and scroll by a row. Texts are Latin-1 with
+// any byte in them. Display thread only.
 class MessageHistory {
  public:
-  // How many messages are kept.
+  // Older messages are dropped.
   static constexpr std::size_t kMaxMessages = 200;
 
-  // All three stay the caller's and must outlive this object. Not to be drawn before the first Build.
+  // All three stay the caller's and must outlive this object. Call Build before anything else.
   MessageHistory(Archive& archive, SDL_Surface& window, InfoHandler* logger);
 
-  // Shows the panel in size 0 (one line), 1 or 2 (half the window), and puts the buttons where they then belong.
+  // Sets the size: 0 (one row), 1 (four rows) or 2 (half the window).
   void Build(std::uint32_t mode);
-  std::uint32_t GetMode() const { return mMode; }
 
-  // Who said what, and when. An empty name stands for the client itself. Who has scrolled back keeps reading there.
+  // Adds what `name` said; the client itself has an empty name. Keeps a player who has scrolled back at that place.
   void Add(const char* name, const char* text, std::time_t when = std::time(nullptr));
 
-  // The wheel turned by `notches`, positive when down, with the pointer at (x, y). Scrolls by three rows; in the
-  // smallest size from message to message. False when the pointer is not over the panel.
+  // Scrolls by `notches` of the wheel, positive is down: by three rows each, in the smallest size to the next message.
+  // False when the pointer, at (x, y), is not over the panel.
   bool TurnWheel(int x, int y, int notches);
 
-  // A mouse button went down: the first button under the pointer, if any, does what it is for and looks pressed.
+  // Presses the panel's button under the pointer, if there is one.
   void HandlePress(const SDL_Event& event);
-  // Every button looks released.
+  // Makes all buttons look released.
   void ReleaseButtons();
 
   void Blit();
@@ -58,25 +57,24 @@ class MessageHistory {
     std::string text;
     bool isFirst;  // of its message
   };
-  enum ButtonIndex : std::size_t { kEnlarge, kShrink, kBack, kForward, kButtonCount };  // in the order of being hit
+  enum ButtonIndex : std::size_t { kEnlarge, kShrink, kBack, kForward, kButtonCount };  // the first one hit counts
 
   void PlaceButtons();
   void ScrollBy(int rows);
-  // To the message before, or to the next one.
-  void ScrollToMessage(bool isOlder);
+  void ScrollByMessage(int notches);
   int GetRowCount() const { return static_cast<int>(mRows.size()); }
-  // The row at which the panel ends.
+  // The row at the bottom of the panel; -1 without messages.
   int GetLastShown() const { return GetRowCount() - 1 - mScrolledBack; }
-  // Of the message that has this row.
+  // The first and the last row of the message that this row belongs to.
   int FindFirstRow(int row) const;
   int FindLastRow(int row) const;
   void DropOldest();
   void Paint();
-  void PaintRow(const Row& row, int y, bool hasHeading);
   void PaintText(const std::string& text, int x, int y, int width, Rgb color);
+  int GetHeight() const;
   int GetTop() const;
   int GetVisibleRows() const;
-  // The text stands between the upright line at the left end, this wide, and the one left of the buttons.
+  // Text lies between two vertical lines of this width: at the left end, and left of the buttons.
   int GetLineWidth() const;
   int GetTextRight() const;
 
@@ -89,7 +87,7 @@ class MessageHistory {
   bool mIsPainted = false;
   std::deque<Row> mRows;
   std::size_t mMessageCount = 0;
-  int mScrolledBack = 0;  // rows
+  int mScrolledBack = 0;  // rows below the panel
 };
 
 }  // namespace tolva

@@ -74,7 +74,7 @@ void TextBox::SetColor(std::uint8_t r, std::uint8_t g, std::uint8_t b) {
 void TextBox::SetMaxLength(std::uint32_t maxLength) { mMaxLength = std::min(maxLength, kMaxLength); }
 
 void TextBox::Render(const char* text) {
-  // An empty text has no surface: the font library refuses it.
+  // The font library renders no empty text: there is no surface then.
   mSurface = RenderText(GetFont(), text, mColor);
 }
 

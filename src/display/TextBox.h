@@ -15,12 +15,11 @@ namespace tolva {
 
 class InfoHandler;
 
-// One line of text in the font that all text boxes share. The first text box loads it from the archive "Graphics", the
-// last one to go closes it. Without a font a text box keeps its text and shows
-// nothing. Texts are bytes in Latin-1; any byte may come.
+// One line of text. All text boxes share one font: the first loads it from the archive "Graphics", the last one to go
+// closes it. Without a font a text box keeps its text and shows nothing. Texts are Latin-1 with any byte in them.
 class TextBox : public Widget {
  public:
-  // What is kept of a text at most.
+  // In characters. Longer texts are cut.
   static constexpr std::uint32_t kMaxLength = 1023;
 
   // `text` may be null for none. `infoHandler` stays the caller's and must outlive the text box.
@@ -29,27 +28,27 @@ class TextBox : public Widget {
   ~TextBox() override = default;
 
   void HandleEvent(SDL_Event event) override;
-  // Renders the text anew.
+  // Renders the text.
   virtual void CreateSurface();
 
-  // Keeps as many characters as the maximum length allows. `text` may be null or the box's own.
+  // Cuts to the maximum length. `text` may be null or the box's own.
   void SetText(const char* text);
   const char* GetText() const { return mText.GetText(); }
   void SetColor(std::uint8_t r, std::uint8_t g, std::uint8_t b);
-  // Counts from the next text on; larger values than kMaxLength count as that.
+  // Clamped to kMaxLength. Does not cut the present text.
   void SetMaxLength(std::uint32_t maxLength);
 
-  // The size of the rendered text in pixels; 0 when nothing is rendered, as for an empty text.
+  // The size of the rendered text in pixels. An empty text is not rendered and gives 0.
   int GetTextWidth() const { return mSurface == nullptr ? 0 : mSurface->w; }
   int GetTextHeight() const { return mSurface == nullptr ? 0 : mSurface->h; }
 
-  // Loads the shared font in place of the one before. False when there is none in the archive.
+  // Replaces the shared font. False, with the font before, when the archive has none; with no font when it is damaged.
   bool LoadFont();
 
  protected:
   // Shows `text` in place of the box's own.
   void Render(const char* text);
-  // The shared font, or null.
+  // The shared font, or null; the text boxes together own it.
   static TTF_Font* GetFont();
   Rgb GetColor() const { return mColor; }
   std::uint32_t GetMaxLength() const { return mMaxLength; }

@@ -13,21 +13,21 @@ struct Line {
   int x1, y1, x2, y2;
 };
 
-// The lines of an edge come in pairs. The first pair lies on the edge; each next one is moved inwards, by 2 pixels in x
-// and 1 in y.
+// An edge is blended in pairs of lines. The first pair lies on the edge, each further pair 2 pixels in x and 1 in y
+// more inwards.
 struct Edge {
   Direction direction;
   Line first;
   Line second;
   int inwardX;
   int inwardY;
-  bool startsOneStepUp;
+  int firstStep;  // by how many steps the tile's share starts above half
 };
 
-constexpr Edge kEdges[] = {{Direction::NorthEast, {38, 0, 75, 18}, {36, 0, 73, 18}, -2, 1, true},
-                           {Direction::SouthEast, {75, 18, 38, 36}, {73, 18, 36, 36}, -2, -1, false},
-                           {Direction::SouthWest, {0, 18, 37, 36}, {2, 18, 39, 36}, 2, -1, false},
-                           {Direction::NorthWest, {0, 18, 37, 0}, {2, 18, 39, 0}, 2, 1, true}};
+constexpr Edge kEdges[] = {{Direction::NorthEast, {38, 0, 75, 18}, {36, 0, 73, 18}, -2, 1, 1},
+                           {Direction::SouthEast, {75, 18, 38, 36}, {73, 18, 36, 36}, -2, -1, 0},
+                           {Direction::SouthWest, {0, 18, 37, 36}, {2, 18, 39, 36}, 2, -1, 0},
+                           {Direction::NorthWest, {0, 18, 37, 0}, {2, 18, 39, 0}, 2, 1, 1}};
 
 Line Inwards(const Line& line, const Edge& edge, int steps) {
   const int x = edge.inwardX * steps;
@@ -35,12 +35,14 @@ Line Inwards(const Line& line, const Edge& edge, int steps) {
   return {line.x1 + x, line.y1 + y, line.x2 + x, line.y2 + y};
 }
 
-// `own` of 256 parts are the tile's.
+constexpr int kHalf = 127;  // the tile's share at the edge, of 256
+
+// `own` is the tile's share, of 256.
 constexpr std::uint8_t Mix(std::uint32_t tile, std::uint32_t picture, std::uint32_t own) {
   return static_cast<std::uint8_t>((tile * own + picture * (256 - own)) / 256);
 }
 
-// One channel of pixels that bear their colour: to 8 bits and back.
+// One color channel of pixels without a palette.
 struct Channel {
   Uint32 mask;
   Uint8 shift;
@@ -48,7 +50,7 @@ struct Channel {
 
   constexpr std::uint32_t Widen(Uint32 pixel) const {
     const Uint32 value = (pixel & mask) >> shift;
-    // The upper bits once more, so that the brightest value becomes 255.
+    // Repeats the upper bits below, so that the brightest value becomes 255.
     const Uint32 filling = loss > 4 ? 0 : value >> (8 - 2 * loss);
     return ((value << loss) + (loss == 0 ? 0 : filling)) & 0xFF;
   }
@@ -75,7 +77,7 @@ class ColorMixer {
   Uint32 mAlpha;
 };
 
-// The client's own format, with shifts that the compiler knows: more than twice as fast.
+// The client's usual format. Constant shifts make it more than twice as fast.
 class Mixer565 {
  public:
   Mixer565(const SDL_PixelFormat&, const SDL_PixelFormat&) {}
@@ -94,7 +96,7 @@ class Mixer565 {
   static constexpr Channel kBlue{0x001F, 0, 3};
 };
 
-// Pixels that are places in a palette, each surface's own.
+// Pixels that are indexes into a palette, of which each surface has its own.
 class PaletteMixer {
  public:
   PaletteMixer(const SDL_PixelFormat& tile, const SDL_PixelFormat& picture) : mTile(tile), mPicture(picture) {}
@@ -158,7 +160,7 @@ void BlendLine(SDL_Surface& tile, const SDL_Surface& picture, const Mixer& mixer
       const Uint8* from = static_cast<const Uint8*>(picture.pixels) + at;
       Store<kBytes>(to, mixer(Load<kBytes>(to), Load<kBytes>(from), own));
     }
-    // After the pixel: only so the line ends where it should.
+    // After drawing the pixel, or the line would miss its end.
     error += rise;
     if (error >= length) {
       error -= length;
@@ -170,9 +172,9 @@ void BlendLine(SDL_Surface& tile, const SDL_Surface& picture, const Mixer& mixer
 template <int kBytes, typename Mixer>
 void BlendLines(SDL_Surface& tile, const SDL_Surface& picture, const Edge& edge, std::uint8_t width) {
   const Mixer mixer(*tile.format, *picture.format);
-  const int step = 127 / width;
-  // Eight bits that wrap.
-  auto own = static_cast<std::uint8_t>(127 + (edge.startsOneStepUp ? step : 0));
+  const int step = kHalf / width;
+  // Wraps at 8 bits.
+  auto own = static_cast<std::uint8_t>(kHalf + edge.firstStep * step);
   for (int i = 0; i < width / 2; ++i) {
     for (const Line& line : {edge.first, edge.second}) {
       BlendLine<kBytes>(tile, picture, mixer, Inwards(line, edge, i), own);

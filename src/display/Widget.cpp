@@ -7,12 +7,13 @@
 namespace tolva {
 
 Widget::Widget(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height)
-    : mX(x), mY(y), mWidth(width), mHeight(height) {}
+    : mPlace{x, y, width, height} {}
 
 void Widget::Blit(SDL_Surface* target) {
   Guard("Widget", "Blit", [&] {
     if (mSurface == nullptr) return;
-    CheckSdl(CopyPart(mSurface.get(), {mSourceX, mSourceY, mWidth, mHeight}, target, mX, mY), "Widget", "Blit");
+    const Rect shown{mSourceX, mSourceY, mPlace.width, mPlace.height};
+    CheckSdl(CopyPart(mSurface.get(), shown, target, mPlace.x, mPlace.y), "Widget", "Blit");
   });
 }
 

@@ -4,15 +4,16 @@
 
 #include <SDL.h>
 
+#include "sdl/Rect.h"
 #include "sdl/SurfacePtr.h"
 
 namespace tolva {
 
-// What the game screen draws over the world: a place on the window and a picture of which a part is shown. Without a
-// picture it shows nothing. Display thread only.
+// Something that the game screen draws over the world: a place on the window and a picture, of which it shows a part.
+// Without a picture it shows nothing. Display thread only.
 class Widget {
  public:
-  // Pixels from the target's top left corner, and the size of what is shown.
+  // Where and how large the widget is on the target, in pixels.
   Widget(std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height);
   virtual ~Widget() = default;
 
@@ -22,14 +23,11 @@ class Widget {
   virtual void Blit(SDL_Surface* target);
   virtual void HandleEvent(SDL_Event event);
 
-  void SetX(std::int16_t x) { mX = x; }
-  void SetY(std::int16_t y) { mY = y; }
-  std::int16_t GetX() const { return mX; }
-  std::int16_t GetY() const { return mY; }
-  std::uint16_t GetWidth() const { return mWidth; }
-  std::uint16_t GetHeight() const { return mHeight; }
+  void SetX(std::int16_t x) { mPlace.x = x; }
+  void SetY(std::int16_t y) { mPlace.y = y; }
+  const Rect& GetPlace() const { return mPlace; }
 
-  // The top left corner, in the picture, of the part that is shown.
+  // Where in the picture the shown part starts; it is as large as the widget.
   void SetSource(std::int32_t x, std::int32_t y);
   std::int32_t GetSourceX() const { return mSourceX; }
   // Whether the widget has the keyboard.
@@ -38,13 +36,10 @@ class Widget {
  protected:
   bool IsActive() const { return mActive; }
 
-  SurfacePtr mSurface;
+  SurfacePtr mSurface;  // the picture
 
  private:
-  std::int16_t mX;
-  std::int16_t mY;
-  std::uint16_t mWidth;
-  std::uint16_t mHeight;
+  Rect mPlace;
   std::int32_t mSourceX = 0;
   std::int32_t mSourceY = 0;
   bool mActive = false;
