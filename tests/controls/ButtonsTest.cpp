@@ -2,7 +2,7 @@
 #include "controls/ControlWindow.h"
 #include "controls/ControlsTest.h"
 
-// Stands in for SDL's own when the test program is linked, for the dummy driver has no mouse.
+// Replaces SDL's own in this test program, since the dummy driver has no mouse.
 namespace {
 struct {
   int dx, dy;
@@ -19,20 +19,23 @@ extern "C" Uint8 SDLCALL SDL_GetRelativeMouseState(int* x, int* y) {
 namespace tolva::test {
 namespace {
 
-TEST_F(ControlsTest, AButtonHoldsOrTogglesAndReports) {
+TEST_F(ControlsTest, AButtonIsPressedUntilTheReleaseWhereverThatIs) {
   ControlButton button(7, nullptr, &mReports, Record);
-  button.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, 20, 20));
+  button.HandleSdlEvent(MouseEvent(SDL_MOUSEBUTTONDOWN, 20, 20));
   EXPECT_TRUE(button.IsPressed());
-  button.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONUP, 150, 150));
+  button.HandleSdlEvent(MouseEvent(SDL_MOUSEBUTTONUP, 150, 150));
   EXPECT_FALSE(button.IsPressed());
   EXPECT_EQ(mReports, (Reports{{7, 0}, {7, 1}}));
+}
 
-  button.SetToggle(true);
+TEST_F(ControlsTest, AToggleChangesWithEachClick) {
+  ControlButton toggle(7, nullptr, &mReports, Record);
+  toggle.SetToggle(true);
   for (const bool pressed : {true, false}) {
     mReports.clear();
-    Click(button, 20, 20);
+    Click(toggle, 20, 20);
+    EXPECT_EQ(toggle.IsPressed(), pressed);
     EXPECT_EQ(mReports, (Reports{{7, 2}, {7, 0}, {7, 1}}));
-    EXPECT_EQ(button.IsPressed(), pressed);
   }
 }
 
@@ -49,19 +52,23 @@ class WindowTest : public ControlsTest {
 };
 
 TEST_F(WindowTest, IsDraggedByItsCaptionWithTheLeftButton) {
-  for (const int button : {3, 1}) {
-    gMouse = {99, 99, static_cast<Uint8>(SDL_BUTTON(button))};
-    mRoot.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, 60, 70));
+  const struct {
+    const char* name;
+    int button, x, y;
+  } cases[] = {{"right", SDL_BUTTON_RIGHT, 50, 60}, {"left", SDL_BUTTON_LEFT, 57, -10}};
+  for (const auto& each : cases) {
+    gMouse = {99, 99, static_cast<Uint8>(SDL_BUTTON(each.button))};  // what moved before the press does not count
+    mRoot.HandleSdlEvent(MouseEvent(SDL_MOUSEBUTTONDOWN, 60, 70));
     gMouse.dx += 7;
     gMouse.dy -= 70;
     Click(mRoot, 60, 70, SDL_BUTTON_WHEELUP);
-    mRoot.HandleSdlEvent(Mouse(SDL_MOUSEMOTION, 1, 1));
-    EXPECT_EQ(mWindow.GetX(), button == 1 ? 57 : 50);
-    EXPECT_EQ(mWindow.GetY(), button == 1 ? -10 : 60);
+    mRoot.HandleSdlEvent(MouseEvent(SDL_MOUSEMOTION, 1, 1));
+    EXPECT_EQ(mWindow.GetX(), each.x) << each.name;
+    EXPECT_EQ(mWindow.GetY(), each.y) << each.name;
   }
 }
 
-TEST_F(WindowTest, ClosesByItsButton) {
+TEST_F(WindowTest, ClosesByItsButtonButNotByTheWheel) {
   // Stretching a see-through caption bar refreshes the window that stretches it.
   mWindow.SetCaptionColor(255, 0, 255);
   mWindow.SetWidth(200);

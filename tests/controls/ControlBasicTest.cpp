@@ -13,7 +13,7 @@ class Probe : public ControlBasic {
   std::vector<SDL_Event> mEvents;
 };
 
-// A root of 200 by 200 on the video surface that holds two children of 20 by 20 side by side, the second on top.
+// A root of 200 by 200 on the video surface with two children of 20 by 20 side by side, the second in front.
 class ControlBasicTest : public ControlsTest {
  protected:
   ControlBasicTest() : mRoot(0), mFirst(*Add(mRoot, 1, 10)), mSecond(*Add(mRoot, 2, 30)) {
@@ -28,58 +28,80 @@ class ControlBasicTest : public ControlsTest {
     return child;
   }
 
+  static std::string FindFocus(const Probe& first, const Probe* second) {
+    if (second != nullptr && second->IsActive()) return "second";
+    return first.IsActive() ? "first" : "neither";
+  }
+
   Probe mRoot;
   Probe& mFirst;
   Probe& mSecond;
 };
 
-TEST_F(ControlBasicTest, APressGoesToTheTopmostThatCanBeClicked) {
+TEST_F(ControlBasicTest, APressGoesToTheFrontmostThatCanBeClicked) {
   const struct {
+    const char* name;
     int x, y;
-    bool visible, enabled;
-    std::uint32_t hit;
-  } cases[] = {{10, 10, true, true, 1}, {9, 10, true, true, 0},   {10, 31, true, true, 0},  {30, 30, true, true, 2},
-               {51, 30, true, true, 0}, {30, 10, false, true, 1}, {30, 10, true, false, 1}, {40, 10, true, false, 0}};
+    bool secondIsVisible, secondIsEnabled;
+    const char* focus;
+  } cases[] = {
+      {"the first's top left pixel", 10, 10, true, true, "first"},
+      {"left of it", 9, 10, true, true, "neither"},
+      {"below it", 10, 31, true, true, "neither"},
+      {"the right edge, where both are hit", 30, 30, true, true, "second"},
+      {"right of the second", 51, 30, true, true, "neither"},
+      {"where both are hit, the second being invisible", 30, 10, false, true, "first"},
+      {"where both are hit, the second being disabled", 30, 10, true, false, "first"},
+      {"a disabled control alone", 40, 10, true, false, "neither"},
+  };
   mFirst.SetKeepOrder(true);
   for (const auto& each : cases) {
-    SCOPED_TRACE(&each - cases);
     mRoot.mEvents.clear();
-    mSecond.SetVisible(each.visible);
-    mSecond.SetEnabled(each.enabled);
-    mRoot.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, each.x, each.y));
-    EXPECT_EQ(mFirst.IsActive(), each.hit == 1);
-    EXPECT_EQ(mSecond.IsActive(), each.hit == 2);
-    EXPECT_EQ(mRoot.mEvents.size(), each.hit == 0);
+    mSecond.SetVisible(each.secondIsVisible);
+    mSecond.SetEnabled(each.secondIsEnabled);
+    mRoot.HandleSdlEvent(MouseEvent(SDL_MOUSEBUTTONDOWN, each.x, each.y));
+    EXPECT_EQ(FindFocus(mFirst, &mSecond), each.focus) << each.name;
+    EXPECT_EQ(mRoot.mEvents.size(), std::string(each.focus) == "neither" ? 1u : 0u) << each.name;
   }
 }
 
-TEST_F(ControlBasicTest, OnlyPressesArriveInTheReceiversCoordinatesAndEverythingElseFollowsTheFocus) {
+TEST_F(ControlBasicTest, OnlyPressesComeInTheReceiversCoordinatesAndTheRestFollowsTheFocus) {
   mSecond.SetX(-5);
   Probe& inner = *Add(mSecond, 3, 4);
-  mRoot.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, 3, 25));
-  mRoot.HandleSdlEvent(Mouse(SDL_MOUSEMOTION, 180, 170));
-  mRoot.HandleSdlEvent({SDL_KEYDOWN});
+  mRoot.HandleSdlEvent(MouseEvent(SDL_MOUSEBUTTONDOWN, 3, 25));
+  mRoot.HandleSdlEvent(MouseEvent(SDL_MOUSEMOTION, 180, 170));
+  mRoot.HandleSdlEvent(KeyEvent(Key(SDLK_a)));
   ASSERT_EQ(inner.mEvents.size(), 3u);
   EXPECT_EQ(inner.mEvents[0].button.x, 3 + 5 - 4);
   EXPECT_EQ(inner.mEvents[0].button.y, 25 - 10 - 10);
   EXPECT_EQ(inner.mEvents[1].button.x, 180);
+  EXPECT_EQ(inner.mEvents[2].type, SDL_KEYDOWN);
 
-  // The focus goes with the control that is removed.
   EXPECT_TRUE(mRoot.RemoveSubControl(2));
-  mRoot.HandleSdlEvent({SDL_KEYDOWN});
-  EXPECT_EQ(mRoot.mEvents.size(), 1u);
+  mRoot.HandleSdlEvent(KeyEvent(Key(SDLK_a)));
+  EXPECT_EQ(mRoot.mEvents.size(), 1u) << "the focus goes with a removed control";
 }
 
 // 'L' and 'R' press the left and the right button on the first control, 'l' and 'r' on the second; '<' and '>' release
 // them elsewhere. 'k' types into the second, 'd' deletes it.
-TEST_F(ControlBasicTest, AReleaseGoesToWhoeverGotThePress) {
+TEST_F(ControlBasicTest, AReleaseGoesToTheReceiverOfThePressAndMovesNoFocus) {
   const struct {
+    const char* name;
     const char* steps;
-    std::size_t first, second;  // how many events each gets
-  } cases[] = {{"Lk<", 2, 1},  {"L<<", 2, 0}, {"Lr<>", 2, 2}, {"Ll<<", 1, 2},
-               {"LR<>", 4, 0}, {"L>", 1, 0},  {"<", 0, 0},    {"ld<", 0, 0}};
+    std::size_t firstGets, secondGets;
+    const char* focus;
+  } cases[] = {
+      {"after the focus has moved", "Lk<", 2, 1, "second"},
+      {"only once", "L<<", 2, 0, "first"},
+      {"each of two buttons to its control", "Lr<>", 2, 2, "second"},
+      {"after two presses to the later one", "Ll<<", 1, 2, "second"},
+      {"two buttons to one control", "LR<>", 4, 0, "first"},
+      {"of a button that was not pressed", "L>", 1, 0, "first"},
+      {"without a press", "<", 0, 0, "neither"},
+      {"after its receiver has gone", "ld<", 0, 0, "neither"},
+  };
   for (const auto& each : cases) {
-    SCOPED_TRACE(each.steps);
+    SCOPED_TRACE(each.name);
     Probe root(0);
     root.SetSize(200, 200);
     Probe& first = *Add(*Add(root, 1, 10), 3, 0);
@@ -87,23 +109,26 @@ TEST_F(ControlBasicTest, AReleaseGoesToWhoeverGotThePress) {
     Probe* second = Add(root, 2, 40);
     for (const char step : std::string(each.steps)) {
       const int button = std::strchr("Rr>", step) != nullptr ? SDL_BUTTON_RIGHT : SDL_BUTTON_LEFT;
-      if (std::strchr("LRlr", step)) root.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, step < 'a' ? 15 : 45, 15, button));
-      if (std::strchr("<>", step)) root.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONUP, 199, 199, button));
-      if (step == 'k') {
+      if (step == '<' || step == '>') {
+        root.HandleSdlEvent(MouseEvent(SDL_MOUSEBUTTONUP, 199, 199, button));
+      } else if (step == 'k') {
         second->SetActive(true);
-        root.HandleSdlEvent({SDL_KEYDOWN});
+        root.HandleSdlEvent(KeyEvent(Key(SDLK_a)));
+      } else if (step == 'd') {
+        root.RemoveSubControl(2);
+        second = nullptr;
+      } else {
+        root.HandleSdlEvent(MouseEvent(SDL_MOUSEBUTTONDOWN, step < 'a' ? 15 : 45, 15, button));
       }
-      if (step == 'd' && root.RemoveSubControl(2)) second = nullptr;
     }
-    EXPECT_EQ(first.mEvents.size(), each.first);
-    EXPECT_EQ(second == nullptr ? 0 : second->mEvents.size(), each.second);
-    EXPECT_EQ(second != nullptr && second->IsActive(), std::strpbrk(each.steps, "klr") != nullptr && second != nullptr)
-        << "a release moves no focus";
+    EXPECT_EQ(first.mEvents.size(), each.firstGets);
+    EXPECT_EQ(second == nullptr ? 0 : second->mEvents.size(), each.secondGets);
+    EXPECT_EQ(FindFocus(first, second), each.focus);
     EXPECT_TRUE(root.mEvents.empty());
   }
 }
 
-TEST_F(ControlBasicTest, AClickRaisesUnlessTheOrderIsKept) {
+TEST_F(ControlBasicTest, AClickBringsToTheFrontUnlessTheOrderIsKept) {
   const Uint16 red = ToPixel(mVideo, 255, 0, 0);
   mFirst.SetBackgroundColor(255, 0, 0);
   mSecond.SetX(20);
@@ -115,7 +140,7 @@ TEST_F(ControlBasicTest, AClickRaisesUnlessTheOrderIsKept) {
   }
 }
 
-TEST_F(ControlBasicTest, UnderOverrideSubControlsDrawOntoTheParentsSurface) {
+TEST_F(ControlBasicTest, OverriddenSubControlsDrawOntoTheParentsSurface) {
   mRoot.SetOverrideBaseSurface(true);
   Add(mRoot, 4, 50);
   mRoot.SetSize(100, 100);

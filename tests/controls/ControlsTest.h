@@ -5,23 +5,15 @@
 #include <vector>
 
 #include "controls/ControlTextBasic.h"
+#include "support/Events.h"
 #include "support/VideoTest.h"
 
 namespace tolva::test {
 
-inline SDL_Event Mouse(Uint8 type, int x, int y, int button = SDL_BUTTON_LEFT) {
-  SDL_Event event{};
-  event.button.type = type;
-  event.button.x = static_cast<Uint16>(x);
-  event.button.y = static_cast<Uint16>(y);
-  event.button.button = static_cast<Uint8>(button);
-  return event;
-}
-
 // Presses at (x, y) and releases far away from there.
 inline void Click(ControlBasic& root, int x, int y, int button = SDL_BUTTON_LEFT) {
-  root.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONDOWN, x, y, button));
-  root.HandleSdlEvent(Mouse(SDL_MOUSEBUTTONUP, 799, 599, button));
+  root.HandleSdlEvent(MouseEvent(SDL_MOUSEBUTTONDOWN, x, y, button));
+  root.HandleSdlEvent(MouseEvent(SDL_MOUSEBUTTONUP, 799, 599, button));
 }
 
 class ControlsTest : public VideoTest {
@@ -45,7 +37,7 @@ class TextTest : public ControlsTest {
     return width;
   }
 
-  ControlTextBasic mFontKeeper{0, nullptr, nullptr, nullptr};
+  ControlTextBasic mFontUser{0, nullptr, nullptr, nullptr};
 };
 
 }  // namespace tolva::test

@@ -45,17 +45,17 @@ TEST_F(ListsTest, AListScrollsThroughAllItsEntries) {
   for (const char* text : {"b", "c", "d", "c"}) list.AddEntry(text);
   EXPECT_EQ(TextsOf(list), (Texts{"only", "b", "c"}));
 
-  // A row has the focus when the arrow is clicked, and is gone when the next event comes.
+  // The arrow deletes the row that has the focus.
   Click(mRoot, 20, 30);
   for (int click = 0; click < 3; ++click) Click(mRoot, 290, 55);
   EXPECT_EQ(TextsOf(list), (Texts{"c", "d", "c"}));
   Click(mRoot, 20, 30);
   EXPECT_TRUE(list.RemoveEntry("c"));
-  mRoot.HandleSdlEvent(Mouse(SDL_MOUSEMOTION, 20, 30));
+  mRoot.HandleSdlEvent(MouseEvent(SDL_MOUSEMOTION, 20, 30));
   EXPECT_EQ(TextsOf(list), (Texts{"b", "d", "c"}));
 }
 
-TEST_F(ListsTest, TheWheelScrollsWhatIsInFrontUnderThePointerAndNothingElse) {
+TEST_F(ListsTest, TheWheelScrollsOnlyWhatIsInFrontUnderThePointer) {
   ControlListBox& list = AddList<ControlListBox>();
   list.SetHeight(60);
   for (const char* text : {"0", "1", "2", "3", "4", "5", "6", "7"}) list.AddEntry(text);
@@ -64,15 +64,26 @@ TEST_F(ListsTest, TheWheelScrollsWhatIsInFrontUnderThePointerAndNothingElse) {
   mRoot.AddSubControl(window);
   constexpr int kUp = SDL_BUTTON_WHEELUP;
   constexpr int kDown = SDL_BUTTON_WHEELDOWN;
+  // In this order: each turn starts where the one before ended.
   const struct {
+    const char* name;
     int x, y, button;
-    const char* top;
-  } turns[] = {{20, 30, kDown, "3"}, {150, 30, kDown, "3"}, {295, 5, kDown, "5"}, {20, 59, kDown, "5"},
-               {20, 90, kUp, "5"},   {150, 30, kUp, "5"},   {292, 30, kUp, "2"},  {20, 30, kUp, "0"}};
+    const char* topRow;
+  } turns[] = {
+      {"down on a row", 20, 30, kDown, "3"},
+      {"down on the window in front", 150, 30, kDown, "3"},
+      {"down on the arrow, to the end", 295, 5, kDown, "5"},
+      {"down at the end", 20, 59, kDown, "5"},
+      {"up below the list", 20, 90, kUp, "5"},
+      {"up on the window in front", 150, 30, kUp, "5"},
+      {"up on the track", 292, 30, kUp, "2"},
+      {"up on a row, to the start", 20, 30, kUp, "0"},
+  };
   for (const auto& turn : turns) {
     Click(mRoot, turn.x, turn.y, turn.button);
-    EXPECT_EQ(TextsOf(list)[0], turn.top) << turn.x << ", " << turn.y;
-    EXPECT_FALSE(list.IsActive() || window->IsActive());
+    EXPECT_EQ(TextsOf(list)[0], turn.topRow) << turn.name;
+    EXPECT_FALSE(list.IsActive()) << turn.name;
+    EXPECT_FALSE(window->IsActive()) << turn.name;
   }
 }
 
@@ -86,10 +97,12 @@ TEST_F(ListsTest, WrappingLosesNothingAndAlwaysEnds) {
       std::size_t position = 0;
       for (const std::string& line : Wrap(text, width)) {
         EXPECT_LE(line.size(), 1023u);
-        EXPECT_TRUE(line.size() <= 1 || WidthOf(line) <= width);
+        if (line.size() > 1) {
+          EXPECT_LE(WidthOf(line), width);
+        }
         ASSERT_EQ(text.compare(position, line.size(), line), 0);
         position += line.size();
-        // Only a blank where a line was broken may be missing.
+        // The blank at which a line was broken is left out.
         if (position < text.size() && text[position] == ' ') ++position;
       }
       EXPECT_EQ(position, text.size());
@@ -100,7 +113,7 @@ TEST_F(ListsTest, WrappingLosesNothingAndAlwaysEnds) {
   EXPECT_EQ(Wrap("a mmmmmm b", WidthOf("mmmm")), (Texts{"a", "mmmm", "mm b"}));
 }
 
-TEST_F(ListsTest, AChatShowsNamesOnFirstLines) {
+TEST_F(ListsTest, AChatShowsTheNameOnTheFirstLineOfAMessage) {
   ControlChatBox& chat = AddList<ControlChatBox>();
   chat.SetHeight(90);
   chat.AddEntry("Ann", "mmmmmmmmmm mmmmmmmmmm");
@@ -112,7 +125,7 @@ TEST_F(ListsTest, AChatShowsNamesOnFirstLines) {
 
 TEST_F(ListsTest, AChatFollowsUnlessScrolledBackAndDropsTheOldestLines) {
   ControlChatBox& chat = AddList<ControlChatBox>();
-  // See-through, so that its labels refresh it while it makes them.
+  // See-through: making its labels refreshes it.
   chat.SetBackgroundColor(255, 0, 255);
   chat.SetMaxLines(6);
   chat.SetHeight(60);

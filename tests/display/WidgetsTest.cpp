@@ -2,37 +2,55 @@
 #include "display/Button.h"
 #include "display/InputBox.h"
 #include "foundation/InfoHandler.h"
+#include "foundation/Ticks.h"
+#include "support/Events.h"
 #include "support/VideoTest.h"
-#include "support/WaitUntil.h"
 
 namespace tolva::test {
 namespace {
 
+constexpr Uint16 kGround = 1;  // what lies under the widgets
+constexpr Uint16 kWhitePixel = 0xFFFF;
+
+std::uint32_t gNow = 0;
+
 struct WidgetsTest : VideoTest {
   WidgetsTest() {
-    EXPECT_EQ(TTF_Init(), 0);
+    SetTickSource([] { return gNow; });
     Entries entries = OnlyTheFont();
-    entries[5300] = MakePng({.width = 16, .height = 32, .samples = Bytes(16 * 16 * 3, 255)});
+    // The upper half, the released look, is white.
+    entries[kPictureHistoryEnlarge] = MakePng({.width = 16, .height = 32, .samples = Bytes(16 * 16 * 3, 255)});
     WriteGraphics(entries);
   }
-  ~WidgetsTest() override { TTF_Quit(); }
+  ~WidgetsTest() override { SetTickSource(nullptr); }
   Uint16 Draw(Widget& widget, int x, int y) {
-    SDL_FillRect(mVideo, nullptr, 1);
+    SDL_FillRect(mVideo, nullptr, kGround);
     widget.Blit(mVideo);
     return PixelAt(mVideo, x, y);
   }
+  InputBox MakeBox(int width, std::uint32_t maxLength, const char* text) {
+    return {0, 0, static_cast<std::uint16_t>(width), 20, 255, 255, 255, maxLength, text, &mLog};
+  }
   int WidthOf(const char* text) { return TextBox(0, 0, 9, 9, 0, 0, 0, text, &mLog).GetTextWidth(); }
+
   TempDir mDir;
   InfoHandler mLog;
 };
 
 TEST_F(WidgetsTest, AClickTogglesTheLookOfAButton) {
-  for (const auto& [id, released, pressed] : {std::tuple{5300U, 0xFFFF, 0}, {5301U, 1, 1}}) {
-    Button button(40, 50, 16, 16, id, &mLog);
-    for (int i = 0; i < 4; ++i, button.HandleEvent(SDL_Event{SDL_MOUSEBUTTONDOWN})) {
-      EXPECT_EQ(Draw(button, 41, 51), i % 2 == 0 ? released : pressed);
-      EXPECT_EQ(PixelAt(mVideo, 41, 66), 1);
-      EXPECT_EQ(button.IsPressed(), i % 2 == 1);
+  const struct {
+    const char* name;
+    PictureId picture;
+    Uint16 released, pressed;
+  } cases[] = {{"with its picture", kPictureHistoryEnlarge, kWhitePixel, 0},
+               {"without a picture", kPictureHistoryShrink, kGround, kGround}};
+  for (const auto& each : cases) {
+    Button button(40, 50, 16, 16, each.picture, &mLog);
+    for (const bool pressed : {false, true, false}) {
+      EXPECT_EQ(button.IsPressed(), pressed) << each.name;
+      EXPECT_EQ(Draw(button, 41, 51), pressed ? each.pressed : each.released) << each.name;
+      EXPECT_EQ(PixelAt(mVideo, 41, 66), kGround) << each.name << ", below the button";
+      button.HandleEvent(MouseEvent(SDL_MOUSEBUTTONDOWN, 0, 0));
     }
   }
 }
@@ -41,60 +59,72 @@ TEST_F(WidgetsTest, TextBoxesShareTheFontAndShowAnyText) {
   std::string noise;
   for (int i = 0; i < 2000; ++i) noise += static_cast<char>(1 + i % 255);
   auto box = std::make_unique<TextBox>(0, 0, 800, 20, 255, 255, 255, noise.c_str(), &mLog);
-  EXPECT_TRUE(box->GetText() == noise.substr(0, 1023) && box->GetTextWidth() > 1023);
+  EXPECT_EQ(box->GetText(), noise.substr(0, 1023));
+  EXPECT_GT(box->GetTextWidth(), 1023);
   std::filesystem::remove("Graphics.cci");
-  EXPECT_TRUE(WidthOf("shared") > 0 && WidthOf("") == 0 && WidthOf(nullptr) == 0);
+  EXPECT_GT(WidthOf("shared"), 0);
+  EXPECT_EQ(WidthOf(""), 0);
+  EXPECT_EQ(WidthOf(nullptr), 0);
   box.reset();
-  EXPECT_EQ(WidthOf("closed"), 0);
+  EXPECT_EQ(WidthOf("the last one has closed the font"), 0);
 }
 
-// \b and \x7F erase, L, R, H and E move the cursor, l and r by words; 7 (with number lock) and 8 are on the key pad.
-void Press(InputBox& box, const std::string& keys) {
-  constexpr SDLKey kSpecial[] = {SDLK_LEFT, SDLK_RIGHT, SDLK_HOME, SDLK_END, SDLK_LEFT, SDLK_RIGHT, SDLK_KP7, SDLK_KP8};
-  for (const char key : keys) {
-    SDL_Event event{SDL_KEYDOWN};
-    const std::size_t found = std::string("LRHElr78").find(key);
-    event.key.keysym.sym = found < 8 ? kSpecial[found] : static_cast<SDLKey>(static_cast<Uint8>(key));
-    event.key.keysym.unicode = found < 8 ? 0 : static_cast<Uint8>(key);
-    event.key.keysym.mod = key == '7' ? KMOD_NUM : key == 'l' ? KMOD_RCTRL : key == 'r' ? KMOD_LCTRL : KMOD_NONE;
-    box.HandleEvent(event);
-  }
+void Press(InputBox& box, const SDL_keysym& key) { box.HandleEvent(KeyEvent(key)); }
+
+TEST_F(WidgetsTest, AnInputBoxTakesKeysWhileActiveUpToItsLength) {
+  InputBox box = MakeBox(800, 6, "ab cd");
+  Press(box, Typing('x'));
+  EXPECT_STREQ(box.GetText(), "ab cd") << "not active";
+  box.SetActive(true);
+  Press(box, Key(SDLK_RIGHT, KMOD_LCTRL));
+  Press(box, Typing('|'));
+  EXPECT_STREQ(box.GetText(), "ab |cd") << "Ctrl moves by words";
+  for (const SDL_keysym& key : {Typing('x'), Typing('\t'), Typing('\x1b'), Typing('\r')}) Press(box, key);
+  EXPECT_STREQ(box.GetText(), "ab |cd") << "full";
 }
 
-TEST_F(WidgetsTest, KeysEditTheTextOfAnInputBox) {
-  for (const std::string test :
-       {"/xyz\xe4_bcd/xyz\xe4_b", "ab cdefg/|E|/ab cdefg", "ab cd/\bL|/|ab cd", "ab cd/E\x7FR|/ab cd|",
-        "ab cd/El|/ab |cd", "ab cd/Ell|/|ab cd", "ab cd/r|/ab |cd", "ab cd/rr|/ab cd|", "a  b/Ell|/|a  b",
-        "abc/R\b|/|bc", "abc/ER\bL\x7FH|/|a", "/78\t\x1b\r\x01\x1f|/7|"}) {
-    const std::size_t first = test.find('/'), last = test.rfind('/');
-    InputBox box(0, 0, 800, 20, 255, 255, 255, 6, test.substr(0, first).c_str(), &mLog);
-    Press(box, "ignored");
-    box.SetActive(true);
-    Press(box, test.substr(first + 1, last - first - 1));
-    EXPECT_EQ(box.GetText(), test.substr(last + 1)) << test;
-  }
+TEST_F(WidgetsTest, APasswordIsMaskedAndHidesItsWords) {
+  InputBox box = MakeBox(800, 9, "a b");
+  box.SetPassword(true);
+  EXPECT_EQ(box.GetTextWidth(), WidthOf("***"));
+  box.SetActive(true);
+  Press(box, Key(SDLK_RIGHT, KMOD_LCTRL));
+  Press(box, Typing('|'));
+  EXPECT_STREQ(box.GetText(), "a| b") << "Ctrl does not move by words";
 }
 
 TEST_F(WidgetsTest, ATextWiderThanItsBoxMovesWithTheCursor) {
-  InputBox box(0, 0, 40, 20, 255, 255, 255, 99, "a rather long line of text", &mLog);
+  InputBox box = MakeBox(40, 99, "a rather long line of text");
   box.SetActive(true);
-  for (const auto& [keys, isAtEnd] : {std::pair{"", false}, {"E", true}, {"L", true}, {"H", false}, {"E\b", true}}) {
-    Press(box, keys);
-    EXPECT_EQ(box.GetSourceX(), isAtEnd ? box.GetTextWidth() - 40 : 0) << keys;
+  EXPECT_EQ(box.GetSourceX(), 0);
+  const struct {
+    const char* name;
+    SDLKey key;
+    bool isAtEnd;
+  } steps[] = {{"to the end", SDLK_END, true},
+               {"one character back, still in view", SDLK_LEFT, true},
+               {"to the start", SDLK_HOME, false},
+               {"to the end again", SDLK_END, true},
+               {"with a shorter text", SDLK_BACKSPACE, true}};
+  for (const auto& step : steps) {
+    Press(box, Key(step.key));
+    EXPECT_EQ(box.GetSourceX(), step.isAtEnd ? box.GetTextWidth() - 40 : 0) << step.name;
   }
 }
 
-TEST_F(WidgetsTest, AnInputBoxShowsItsCursorOnlyWhileActiveAndHidesPasswords) {
-  InputBox box(0, 0, 800, 20, 255, 255, 255, 9, "   ", &mLog);
+TEST_F(WidgetsTest, TheCursorBlinksWhileTheBoxIsActive) {
+  InputBox box = MakeBox(800, 9, "   ");
   const int x = box.GetTextWidth() - 1;
   box.SetActive(true);
-  Press(box, "E");
-  EXPECT_EQ(Draw(box, x, 5), 0xFFFF);
-  for (const int color : {1, 0xFFFF}) EXPECT_TRUE(WaitUntil([&] { return Draw(box, x, 5) == color; }));
+  Press(box, Key(SDLK_END));
+  gNow += 500;
+  EXPECT_EQ(Draw(box, x, 5), kWhitePixel);
+  for (const Uint16 color : {kGround, kWhitePixel}) {
+    gNow += 501;
+    EXPECT_EQ(Draw(box, x, 5), color);
+  }
   box.SetActive(false);
-  EXPECT_EQ(Draw(box, x, 5), 1);
-  box.SetPassword(true);
-  EXPECT_EQ(box.GetTextWidth(), WidthOf("***"));
+  EXPECT_EQ(Draw(box, x, 5), kGround);
 }
 
 }  // namespace
