@@ -1,10 +1,10 @@
 #include "display/Display.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 #include "archive/ArchiveFormat.h"
+#include "display/DisplayRequests.h"
 #include "display/FormattedText.h"
 #include "display/PictureIds.h"
 #include "display/ScreenChat.h"
@@ -28,16 +28,9 @@ constexpr std::uint32_t kPauseMs = 5;
 constexpr int kBitsPerPixel = 16;
 constexpr int kFontSize = 12;
 constexpr char kFontFile[] = "Data.tmp";
-constexpr char kSection[] = "DISPLAY";
-
-// The first one is what everything else falls back to.
-constexpr DisplaySize kModes[] = {{800, 600, false}, {1024, 768, false}, {1280, 1024, false}};
 
 // Where no X server is named, SDL may draw with letters on the terminal instead. Nobody can play that.
 bool IsTextDriver(const char* driver) { return std::strcmp(driver, "aalib") == 0 || std::strcmp(driver, "caca") == 0; }
-
-// Files hold anything: what is no number, or none that fits, is 0.
-long ToNumber(const char* text) { return text == nullptr ? 0 : std::strtol(text, nullptr, 10); }
 
 }  // namespace
 
@@ -48,8 +41,8 @@ Display::Display(Mailbox* mailbox)
   Report(mErrHandler, "Display", "Display", [&] {
     mInfoHandler.SetModuleName("Display");
     GameGraphics::ForgetMissing();
-    mSettings = std::make_unique<Ini>("client.ini");
-    ReadSettings();
+    mSettings = std::make_unique<DisplaySettings>();
+    mSize = mSettings->GetSize();
     if (Initialize()) {
       Log(InfoLevel::Progress, "Initialized");
     } else {
@@ -72,16 +65,6 @@ bool Display::Terminate() {
     mScreen.reset();
     return true;
   });
-}
-
-void Display::ReadSettings() {
-  const long width = ToNumber(mSettings->GetValue(kSection, "Width"));
-  const long height = ToNumber(mSettings->GetValue(kSection, "Height"));
-  mSize = kModes[0];
-  for (const DisplaySize& mode : kModes) {
-    if (width == mode.width && height == mode.height) mSize = mode;
-  }
-  mSize.fullScreen = ToNumber(mSettings->GetValue(kSection, "Fullscreen")) == 1;
 }
 
 // ---- Set-up ----
@@ -217,10 +200,7 @@ void Display::AskToQuit() {
 
 void Display::SetDisplaySize(const DisplaySize& size) {
   Guard("Display", "SetDisplaySize", [&] {
-    mSettings->SetValue(kSection, "Width", FormattedText("%d", size.width));
-    mSettings->SetValue(kSection, "Height", FormattedText("%d", size.height));
-    mSettings->SetValue(kSection, "Fullscreen", size.fullScreen ? "1" : "0");
-    mSettings->Save();
+    mSettings->SaveSize(size);
     mChosenSize = size;
   });
 }

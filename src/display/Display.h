@@ -8,9 +8,8 @@
 #include <SDL.h>
 
 #include "controls/ControlTextBasic.h"
-#include "display/DisplayRequests.h"
+#include "display/DisplaySettings.h"
 #include "display/Screen.h"
-#include "foundation/Ini.h"
 #include "media/Archive.h"
 #include "sdl/SurfacePtr.h"
 #include "threads/ManagerThread.h"
@@ -44,7 +43,6 @@ class Display : public ManagerThread {
   Screen* GetScreen() const { return mScreen.get(); }
 
  private:
-  void ReadSettings();
   bool Initialize();
   bool InitializeVideo();
   bool CreateMainSurface();
@@ -76,8 +74,8 @@ class Display : public ManagerThread {
   void UpdateFps();
 
   const std::unique_ptr<Archive> mArchive;
-  std::unique_ptr<Ini> mSettings;
-  DisplaySize mSize{800, 600, false};
+  std::unique_ptr<DisplaySettings> mSettings;
+  DisplaySize mSize{};
   std::optional<DisplaySize> mChosenSize;  // for the next start
   std::unique_ptr<ControlTextBasic> mFontKeeper;
   std::unique_ptr<Screen> mScreen;

@@ -1,12 +1,13 @@
 #include "display/ScreenChat.h"
 
 #include <algorithm>
-#include <cstring>
+#include <iterator>
 
 #include "controls/ControlButton.h"
 #include "controls/ControlChatBox.h"
 #include "controls/ControlTextBox.h"
 #include "controls/ControlWindow.h"
+#include "display/DisplayRequests.h"
 #include "display/FormattedText.h"
 #include "display/ScreenChatTable.h"
 #include "foundation/Guard.h"
@@ -17,15 +18,10 @@
 namespace tolva {
 namespace {
 
-struct Resolution {
-  std::uint32_t toggle;
-  std::int32_t width;
-  std::int32_t height;
-};
-
-constexpr Resolution kResolutions[] = {{ScreenChat::kSmallToggle, 800, 600},
-                                       {ScreenChat::kMediumToggle, 1024, 768},
-                                       {ScreenChat::kLargeToggle, 1280, 1024}};
+// The toggle of each of kResolutions.
+constexpr ScreenChat::ComponentId kResolutionToggles[] = {ScreenChat::kSmallToggle, ScreenChat::kMediumToggle,
+                                                          ScreenChat::kLargeToggle};
+static_assert(std::size(kResolutionToggles) == std::size(kResolutions));
 
 }  // namespace
 
@@ -69,9 +65,9 @@ void ScreenChat::InitializeIsland() {
 void ScreenChat::InitializeOptions() {
   mComponents.Get<ControlButton>(kMusicToggle).SetPressed(mSoundEnabled);
   mComponents.Get<ControlButton>(kFullScreenToggle).SetPressed(mWantedSize.fullScreen);
-  for (const Resolution& resolution : kResolutions) {
-    const bool isCurrent = mWantedSize.width == resolution.width && mWantedSize.height == resolution.height;
-    mComponents.Get<ControlButton>(resolution.toggle).SetPressed(isCurrent);
+  for (std::size_t i = 0; i < std::size(kResolutions); ++i) {
+    const bool isWanted = kResolutions[i] == Size{mWantedSize.width, mWantedSize.height};
+    mComponents.Get<ControlButton>(kResolutionToggles[i]).SetPressed(isWanted);
   }
 }
 
@@ -166,12 +162,12 @@ void ScreenChat::ToggleMusic() {
 void ScreenChat::ChooseResolution(std::uint32_t toggle) {
   auto& chosen = mComponents.Get<ControlButton>(toggle);
   if (!chosen.IsPressed()) return chosen.SetPressed(true);
-  for (const Resolution& resolution : kResolutions) {
-    if (resolution.toggle == toggle) {
-      mWantedSize.width = resolution.width;
-      mWantedSize.height = resolution.height;
+  for (std::size_t i = 0; i < std::size(kResolutions); ++i) {
+    if (kResolutionToggles[i] == toggle) {
+      mWantedSize.width = kResolutions[i].width;
+      mWantedSize.height = kResolutions[i].height;
     } else {
-      mComponents.Get<ControlButton>(resolution.toggle).SetPressed(false);
+      mComponents.Get<ControlButton>(kResolutionToggles[i]).SetPressed(false);
     }
   }
   AskForDisplaySize();

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "display/DisplayRequests.h"
+#include "display/DisplaySize.h"
 #include "display/Screen.h"
 #include "protocol/ChatPackets.h"
 #include "protocol/GamePackets.h"

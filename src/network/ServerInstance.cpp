@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "foundation/Guard.h"
+#include "foundation/SettingsKeys.h"
 #include "foundation/Text.h"
 #include "protocol/PacketDispatch.h"
 
@@ -17,9 +18,9 @@ constexpr std::uint32_t kPauseMs = 5;
 ServerInstance::ServerInstance(Mailbox* mailbox) : ManagerThread(mailbox) {
   Report(mErrHandler, "ServerInstance", "ServerInstance", [&] {
     mInfoHandler.SetModuleName("ServerInstance");
-    mSettings = std::make_unique<Ini>("client.ini");
-    CopyText(mHost, mSettings->GetValue("NETWORK", "Host"));
-    const char* port = mSettings->GetValue("NETWORK", "Port");
+    mSettings = std::make_unique<Ini>(kSettingsFile);
+    CopyText(mHost, mSettings->GetValue(kNetworkSection, kHostKey));
+    const char* port = mSettings->GetValue(kNetworkSection, kPortKey);
     if (port != nullptr) mPort = static_cast<std::uint16_t>(std::strtol(port, nullptr, 10));
     Start();
   });
