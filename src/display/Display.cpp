@@ -1,7 +1,6 @@
 #include "display/Display.h"
 
 #include <cstdio>
-#include <cstring>
 
 #include "archive/ArchiveFormat.h"
 #include "display/DisplayRequests.h"
@@ -11,6 +10,7 @@
 #include "display/ScreenGame.h"
 #include "display/ScreenLogin.h"
 #include "display/ScreenStart.h"
+#include "display/VideoSetup.h"
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
 #include "media/GameGraphics.h"
@@ -18,19 +18,14 @@
 #include "protocol/GamePackets.h"
 #include "protocol/InternPackets.h"
 #include "protocol/LoginPackets.h"
-#include "protocol/VersionNumbers.h"
 #include "sdl/Copy.h"
 
 namespace tolva {
 namespace {
 
 constexpr std::uint32_t kPauseMs = 5;
-constexpr int kBitsPerPixel = 16;
 constexpr int kFontSize = 12;
 constexpr char kFontFile[] = "Data.tmp";
-
-// Where no X server is named, SDL may draw with letters on the terminal instead. Nobody can play that.
-bool IsTextDriver(const char* driver) { return std::strcmp(driver, "aalib") == 0 || std::strcmp(driver, "caca") == 0; }
 
 }  // namespace
 
@@ -42,7 +37,6 @@ Display::Display(Mailbox* mailbox)
     mInfoHandler.SetModuleName("Display");
     GameGraphics::ForgetMissing();
     mSettings = std::make_unique<DisplaySettings>();
-    mSize = mSettings->GetSize();
     if (Initialize()) {
       Log(InfoLevel::Progress, "Initialized");
     } else {
@@ -71,52 +65,13 @@ bool Display::Terminate() {
 
 bool Display::Initialize() {
   return Guard("Display", "Initialize", [&] {
-    if (!InitializeVideo()) return false;
-    mStep = "start the font library";
-    if (TTF_Init() < 0) {
-      Log(InfoLevel::Failure, "Init TTF failed");
-      return false;
-    }
-    GetVideoInfo();
-    SDL_WM_SetCaption(("Tolva - Version " + ToText(kVersion)).c_str(), nullptr);
-    // The icon counts only before the video mode is set, when there is no format yet to convert it to.
-    if (const SurfacePtr icon{mArchive->DecodeImage(kPictureWindowIcon)}) SDL_WM_SetIcon(icon.get(), nullptr);
-    if (!CreateMainSurface()) return false;
+    mMainSurface = VideoSetup(*mArchive, mInfoHandler, mStep).Open(mSettings->GetSize());
+    if (mMainSurface == nullptr) return false;
     LoadPointer();
     LoadFont();
     ShowScreen<ScreenStart>("build the start screen");
     return true;
   });
-}
-
-bool Display::InitializeVideo() {
-  mStep = "start the video system (check that DISPLAY is set and its X server runs)";
-  bool isUsable = SDL_InitSubSystem(SDL_INIT_VIDEO) != -1;
-  char driver[128] = "";
-  if (isUsable && SDL_VideoDriverName(driver, sizeof driver) != nullptr && IsTextDriver(driver)) {
-    // Gives the terminal back before anything is written to it.
-    SDL_QuitSubSystem(SDL_INIT_VIDEO);
-    mStep = FormattedText("show a window through the video driver \"%s\" (set DISPLAY to an X server)", driver);
-    isUsable = false;
-  }
-  if (!isUsable) Log(InfoLevel::Failure, "Init Video Subsystem failed");
-  return isUsable;
-}
-
-bool Display::CreateMainSurface() {
-  mStep = FormattedText("set the video mode %d x %d%s (choose another in client.ini)", mSize.width, mSize.height,
-                        mSize.fullScreen ? " in full screen" : "");
-  const std::uint32_t flags = SDL_DOUBLEBUF | (mSize.fullScreen ? SDL_FULLSCREEN : 0);
-  mMainSurface = SDL_SetVideoMode(mSize.width, mSize.height, kBitsPerPixel, flags);
-  if (mMainSurface == nullptr) {
-    Log(InfoLevel::Failure, "Creating main surface failed");
-    return false;
-  }
-  // The screen's own depth, which may be another than that of the surface.
-  if (const SDL_VideoInfo* facts = SDL_GetVideoInfo()) {
-    Log(InfoLevel::Progress, FormattedText("Created surface with %d bits per pixel", facts->vfmt->BitsPerPixel));
-  }
-  return true;
 }
 
 void Display::LoadPointer() {
@@ -134,37 +89,6 @@ void Display::LoadFont() {
   mStep = "load the font of the archive Graphics";
   ControlTextBasic::LoadFont(kFontFile, kFontSize);
   if (std::remove(kFontFile) != 0) Log(InfoLevel::Failure, "Failed to remove temporary file");
-}
-
-void Display::GetVideoInfo() {
-  Guard("Display", "GetVideoInfo", [&] {
-    char driver[128] = "";
-    SDL_VideoDriverName(driver, sizeof driver);
-    Log(InfoLevel::Progress, FormattedText("VideoDriver: %s", driver));
-
-    const SDL_VideoInfo* info = SDL_GetVideoInfo();
-    if (info == nullptr) return;  // nothing to tell; whether there is a mode to set shows next
-    const SDL_VideoInfo& facts = *info;
-    const struct {
-      bool isSo;
-      const char* what;
-      const char* yes = "accelerated";
-      const char* no = "NOT accelerated";
-    } lines[] = {{facts.hw_available != 0, "Hardware surfaces", "possible", "NOT possible"},
-                 {facts.wm_available != 0, "Window manager", "available", "NOT available"},
-                 {facts.blit_hw != 0, "Hardware to hardware blits"},
-                 {facts.blit_hw_CC != 0, "Hardware to hardware colerkey blits"},
-                 {facts.blit_hw_A != 0, "Hardware to hardware alpha blits"},
-                 {facts.blit_sw != 0, "Software to hardware blits"},
-                 {facts.blit_sw_CC != 0, "Software to hardware colerkey blits"},
-                 {facts.blit_sw_A != 0, "Software to hardware alpha blits"},
-                 {facts.blit_fill != 0, "Color fills"}};
-    for (const auto& line : lines) {
-      Log(InfoLevel::Progress, FormattedText("%s %s", line.what, line.isSo ? line.yes : line.no));
-    }
-    Log(InfoLevel::Progress, FormattedText("Total amount of video memory: %u Kb", facts.video_mem));
-    Log(InfoLevel::Progress, FormattedText("Best video mode: %d bits per pixel", facts.vfmt->BitsPerPixel));
-  });
 }
 
 // ---- Screens ----

@@ -44,11 +44,8 @@ class Display : public ManagerThread {
 
  private:
   bool Initialize();
-  bool InitializeVideo();
-  bool CreateMainSurface();
   void LoadPointer();
   void LoadFont();
-  void GetVideoInfo();
   bool Terminate();
 
   // The one place where a screen gives way to another: deletes the current one and shows a new T, constructed with
@@ -75,7 +72,6 @@ class Display : public ManagerThread {
 
   const std::unique_ptr<Archive> mArchive;
   std::unique_ptr<DisplaySettings> mSettings;
-  DisplaySize mSize{};
   std::optional<DisplaySize> mChosenSize;  // for the next start
   std::unique_ptr<ControlTextBasic> mFontKeeper;
   std::unique_ptr<Screen> mScreen;
