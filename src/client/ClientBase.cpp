@@ -1,9 +1,9 @@
 #include "client/ClientBase.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "foundation/Ticks.h"
-#include "protocol/PacketList.h"
+#include "protocol/PacketDispatch.h"
 
 namespace tolva {
 
@@ -12,6 +12,18 @@ namespace {
 constexpr std::uint32_t kPauseMs = 5;
 constexpr std::uint32_t kPingIntervalMs = 2500;
 constexpr char kAreaCache[] = "area/";
+
+const char* GetLogText(ClientState state) {
+  switch (state) {
+    case eClientStateNotConnected:
+      return "Changed state to eClientStateNotConnected";
+    case eClientStateInChat:
+      return "Changed state to eClientStateInChat";
+    case eClientStateInGame:
+      return "Changed state to eClientStateInGame";
+  }
+  return "Changed state to unknown state !!!";
+}
 
 }  // namespace
 
@@ -39,7 +51,7 @@ ClientBase::~ClientBase() {
 }
 
 bool ClientBase::HasStarted() const {
-  // One whose constructor failed is not there.
+  // Null when its constructor failed.
   const auto hasStarted = [](const Thread* part) { return part != nullptr && part->HasStarted(); };
   return ManagerThread::HasStarted() && hasStarted(mServerInstance.get()) && hasStarted(mSoundManager.get());
 }
@@ -56,15 +68,13 @@ void ClientBase::Run() {
 
 void ClientBase::HandleMyMailbox() {
   Guard("ClientBase", "HandleMyMailbox", [&] {
-    // What then waits here is as good as coming in.
+    // The mail that waits here meanwhile counts as received, so that no request goes out.
     if (IsDisplayBehind()) return mRequests.NoteReceived(GetTicks());
     std::unique_ptr<Packet> packet = FetchMail();
     if (packet == nullptr) return;
     if (packet->mObjSource == &mServerMailbox) return HandleMailFromServer(std::move(packet));
     if (IsFromDisplay(*packet)) return HandleMailFromDisplay(std::move(packet));
-    if (const auto* announcement = PacketCast<PacketInternCentralMailbox>(packet.get())) {
-      AdoptDisplay(announcement->mObjMailbox);
-    }
+    Dispatch(*packet, [&](const PacketInternCentralMailbox& news) { AdoptDisplay(news.mObjMailbox); });
   });
 }
 
@@ -72,7 +82,8 @@ bool ClientBase::IsFromDisplay(const Packet& packet) const {
   return mIsDisplayKnown && packet.mObjSource == mDisplayMailbox;
 }
 
-// Mail that waits here makes the server instance wait in turn, so a display that cannot keep up costs bounded memory.
+// The controller then leaves its own mail alone, and the server instance, which feeds it, stops in turn: a display that
+// cannot keep up costs bounded memory.
 bool ClientBase::IsDisplayBehind() { return mIsDisplayKnown && mDisplayMailbox->GetCount() > kMailboxHighWater; }
 
 void ClientBase::GiveToServer(std::unique_ptr<Packet> packet) {
@@ -111,78 +122,49 @@ void ClientBase::Ping() {
 void ClientBase::SetState(ClientState state) {
   Guard("ClientBase", "SetState", [&] {
     mState = state;
-    const auto text = [&] {
-      switch (state) {
-        case eClientStateNotConnected:
-          return "Changed state to eClientStateNotConnected";
-        case eClientStateInChat:
-          return "Changed state to eClientStateInChat";
-        case eClientStateInGame:
-          return "Changed state to eClientStateInGame";
-      }
-      return "Changed state to unknown state !!!";
-    };
-    Log(InfoLevel::Progress, text());
+    Log(InfoLevel::Progress, GetLogText(state));
   });
 }
 
-// A code that has no row in its table is deleted.
 void ClientBase::HandleMailFromDisplay(std::unique_ptr<Packet> packet) {
-  static constexpr Route kRoutes[] = {
-      To<PacketLoginRequest, &ClientBase::StampVersion>(Target::Server),
-      To<PacketChatMsg>(Target::Server),
-      To<PacketEnterChatRequest>(Target::Server),
-      To<PacketQuit, &ClientBase::Quit>(Target::Display),
-      To<PacketServerInfo, &ClientBase::AskForServerVersion>(Target::Nobody),
-      To<PacketEnterGameRequest>(Target::Server),
-      To<PacketMoveRequest>(Target::Server),
-      To<PacketMusicPlay, &ClientBase::PlayMusic>(Target::Nobody),
-      To<PacketMusicStop, &ClientBase::StopMusic>(Target::Nobody),
-  };
   Guard("ClientBase", "HandleMailFromDisplay", [&] {
     LogTraffic("Recieved from display", *packet);
-    Dispatch(kRoutes, std::move(packet));
+    const Target target =
+        DispatchOr(Target::Nobody, *packet,
+                   ForAnyOf<PacketChatMsg, PacketEnterChatRequest, PacketEnterGameRequest, PacketMoveRequest>(
+                       [](const Packet&) { return Target::Server; }),
+                   Do(&ClientBase::StampVersion, Target::Server), Do(&ClientBase::Quit, Target::Display),
+                   Do(&ClientBase::AskForServerVersion, Target::Nobody), Do(&ClientBase::PlayMusic, Target::Nobody),
+                   Do(&ClientBase::StopMusic, Target::Nobody));
+    PassOn(std::move(packet), target);
   });
 }
 
-// Deleted are, besides what no server should send, the answers that need no reaction (the accepted login is followed by
-// the accepted chat) and music orders: the client chooses what it plays.
+// Besides what no server should send, this deletes answers that need no reaction (after the accepted login comes the
+// accepted chat) and music orders: the client chooses what it plays.
 void ClientBase::HandleMailFromServer(std::unique_ptr<Packet> packet) {
-  static constexpr Route kRoutes[] = {
-      To<PacketInternConnectionLost, &ClientBase::LoseConnection>(Target::Display),
-      To<PacketInternPong>(Target::Display),
-      To<PacketLoginDeny>(Target::Display),
-      To<PacketChatMsg>(Target::Display),
-      To<PacketChatUsers>(Target::Display),
-      To<PacketEnterChatAccept, &ClientBase::EnterChat>(Target::Display),
-      To<PacketUserInGame>(Target::Display),
-      To<PacketQuit, &ClientBase::ServerQuit>(Target::Display),
-      To<PacketServerInfo>(Target::Display),
-      To<PacketAreaGround, &ClientBase::UpdateAreaGround>(Target::Display),
-      To<PacketAreaVolu, &ClientBase::UpdateAreaVolu>(Target::Display),
-      To<PacketAreaVersion, &ClientBase::CountAreaAnswer>(Target::Nobody),
-      To<PacketEnterGameRequest>(Target::Display),
-      To<PacketEnterGameAccept, &ClientBase::EnterGame>(Target::Display),
-      To<PacketGameChatMsg, &ClientBase::ShowChatMessage>(Target::Display),
-      To<PacketMove, &ClientBase::MoveChar>(Target::Display),
-      To<PacketCharPosition, &ClientBase::SynchronizeMap>(Target::Display),
-      To<PacketAddChar, &ClientBase::AddChar>(Target::Display),
-      To<PacketRemoveChar, &ClientBase::RemoveChar>(Target::Display),
-      To<PacketDarkness>(Target::Display),
-  };
   Guard("ClientBase", "HandleMailFromServer", [&] {
     LogTraffic("Recieved from server", *packet);
     mRequests.NoteReceived(GetTicks());
-    Dispatch(kRoutes, std::move(packet));
+    const Target target = DispatchOr(
+        Target::Nobody, *packet,
+        ForAnyOf<PacketInternPong, PacketLoginDeny, PacketChatMsg, PacketChatUsers, PacketUserInGame, PacketServerInfo,
+                 PacketEnterGameRequest, PacketDarkness>([](const Packet&) { return Target::Display; }),
+        Do(&ClientBase::LoseConnection, Target::Display), Do(&ClientBase::EnterChat, Target::Display),
+        Do(&ClientBase::EnterGame, Target::Display), Do(&ClientBase::ServerQuit, Target::Display),
+        [this](const PacketCharPosition& placement) {
+          return SynchronizeMap(placement) ? Target::Display : Target::Nobody;
+        },
+        Do(&ClientBase::CountAreaAnswer, Target::Nobody), Do(&ClientBase::UpdateAreaGround, Target::Display),
+        Do(&ClientBase::UpdateAreaVolu, Target::Display), Do(&ClientBase::AddChar, Target::Display),
+        Do(&ClientBase::RemoveChar, Target::Display), Do(&ClientBase::MoveChar, Target::Display),
+        Do(&ClientBase::ShowChatMessage, Target::Display));
+    PassOn(std::move(packet), target);
   });
 }
 
-void ClientBase::Dispatch(std::span<const Route> routes, std::unique_ptr<Packet> packet) {
-  const auto route =
-      std::find_if(routes.begin(), routes.end(), [&](const Route& r) { return r.code == packet->mEnmCode; });
-  if (route == routes.end() || !IsGenuine(*packet)) return;
-  if (route->step != nullptr && !(this->*route->step)(*packet)) return;
-  switch (route->target) {
+void ClientBase::PassOn(std::unique_ptr<Packet> packet, Target target) {
+  switch (target) {
     case Target::Server:
       return GiveToServer(std::move(packet));
     case Target::Display:
@@ -199,22 +181,22 @@ void ClientBase::AskForServerVersion(const PacketServerInfo& question) {
   mRequests.Add(RequestQueue::Kind::ServerVersion, [kept] { return std::unique_ptr<Packet>(kept->Clone()); });
 }
 
-// Nobody will answer.
-void ClientBase::LoseConnection(Packet&) { mRequests.Clear(); }
+// Nobody will answer what is still to be asked.
+void ClientBase::LoseConnection(const PacketInternConnectionLost&) { mRequests.Clear(); }
 
-void ClientBase::EnterChat(Packet&) {
+void ClientBase::EnterChat(const PacketEnterChatAccept&) {
   SetState(eClientStateInChat);
   mMusic.EnterLobby();
 }
 
-void ClientBase::EnterGame(Packet&) { SetState(eClientStateInGame); }
+void ClientBase::EnterGame(const PacketEnterGameAccept&) { SetState(eClientStateInGame); }
 
-void ClientBase::ServerQuit(Packet& quit) {
+void ClientBase::ServerQuit(const PacketQuit& quit) {
   SetState(eClientStateNotConnected);
   Quit(quit);
 }
 
-void ClientBase::Quit(Packet& quit) {
+void ClientBase::Quit(const PacketQuit& quit) {
   mRequests.Clear();
   mMusic.Clear();
   Send(&mServerMailbox, std::unique_ptr<Packet>(quit.Clone()));
@@ -226,7 +208,7 @@ void ClientBase::Quit(Packet& quit) {
   mRunning = false;
 }
 
-// An area's ground answers for the area; its volu, which follows, does not.
+// An area's ground counts as the answer for the area; the volu that follows it does not.
 void ClientBase::UpdateAreaGround(const PacketAreaGround& packet) {
   mWorld.CountAreaAnswer();
   mWorld.UpdateAreaGround(packet);

@@ -1,15 +1,13 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
-#include <span>
-#include <type_traits>
 
 #include "client/MusicOrders.h"
 #include "client/RequestQueue.h"
 #include "media/SoundManager.h"
 #include "network/ServerInstance.h"
+#include "protocol/ChatPackets.h"
 #include "protocol/LoginPackets.h"
 #include "threads/Mailbox.h"
 #include "threads/ManagerThread.h"
@@ -20,9 +18,9 @@ namespace tolva {
 
 enum ClientState : std::uint32_t { eClientStateNotConnected = 0, eClientStateInChat = 1, eClientStateInGame = 2 };
 
-// The controller: stands between the display, the server instance and the sound manager, owns what the display shares
-// with it, keeps the world in step with the server, keeps the connection alive with pings and ends all threads in order
-// when the player or the server quits.
+// The controller: passes packets between the display, the server instance and the sound manager, keeps the world that
+// it shares with the display in step with the server, keeps the connection alive with pings, and ends all threads in
+// order when the player or the server quits.
 //
 // Everything but construction and destruction happens on its own thread. Packets that it passes on carry the
 // controller's mailbox as their source.
@@ -38,40 +36,21 @@ class ClientBase : public ManagerThread {
   void HandleMyMailbox() override;
 
  private:
+  // Where a packet goes after it has been handled; to nobody means that it is deleted.
   enum class Target { Server, Display, Nobody };
-  // What happens to packets of one code: the step, if there is one; then, unless it says no, the packet is passed on.
-  struct Route {
-    PacketCode code;
-    Target target;
-    bool (ClientBase::*step)(Packet& packet) = nullptr;
-  };
 
-  // The route of one class. Its operation, if there is one, takes the packet as that class; it says no by returning
-  // false.
-  template <typename PacketX, auto Operation = nullptr>
-  static constexpr Route To(Target target) {
-    if constexpr (std::is_null_pointer_v<decltype(Operation)>) {
-      return {PacketX::kCode, target};
-    } else {
-      return {PacketX::kCode, target, &ClientBase::Step<PacketX, Operation>};
-    }
-  }
-
-  template <typename PacketX, auto Operation>
-  bool Step(Packet& packet) {
-    PacketX* typed = PacketCast<PacketX>(&packet);
-    if (typed == nullptr) return false;
-    if constexpr (std::is_void_v<std::invoke_result_t<decltype(Operation), ClientBase*, PacketX&>>) {
-      std::invoke(Operation, this, *typed);
-      return true;
-    } else {
-      return std::invoke(Operation, this, *typed);
-    }
+  // A handler for a dispatch: calls the operation with the packet and returns the target.
+  template <typename PacketX>
+  auto Do(void (ClientBase::*operation)(PacketX&), Target target) {
+    return [this, operation, target](PacketX& packet) {
+      (this->*operation)(packet);
+      return target;
+    };
   }
 
   void HandleMailFromDisplay(std::unique_ptr<Packet> packet);
   void HandleMailFromServer(std::unique_ptr<Packet> packet);
-  void Dispatch(std::span<const Route> routes, std::unique_ptr<Packet> packet);
+  void PassOn(std::unique_ptr<Packet> packet, Target target);
 
   bool IsFromDisplay(const Packet& packet) const;
   bool IsDisplayBehind();
@@ -84,18 +63,18 @@ class ClientBase : public ManagerThread {
   void SetState(ClientState state);
 
   void StampVersion(PacketLoginRequest& request);
-  // These go on when their time comes.
+  // These wait until they are due.
   void AskForServerVersion(const PacketServerInfo& question);
   void PlayMusic(const PacketMusicPlay& order) { mMusic.Order(order); }
   void StopMusic(const PacketMusicStop& order) { mMusic.Order(order); }
-  void LoseConnection(Packet&);
-  void EnterChat(Packet&);
-  void EnterGame(Packet&);
-  void ServerQuit(Packet& quit);
-  // Ends the other threads, one after the other, and this one with this pass.
-  void Quit(Packet& quit);
+  void LoseConnection(const PacketInternConnectionLost&);
+  void EnterChat(const PacketEnterChatAccept&);
+  void EnterGame(const PacketEnterGameAccept&);
+  void ServerQuit(const PacketQuit& quit);
+  // Ends the other threads, one after the other, and this one after this pass.
+  void Quit(const PacketQuit& quit);
 
-  // The world, as WorldSynchronizer describes it.
+  // The operations of WorldSynchronizer.
   bool SynchronizeMap(const PacketCharPosition& packet) { return mWorld.SynchronizeMap(packet); }
   void UpdateAreaGround(const PacketAreaGround& packet);
   void UpdateAreaVolu(const PacketAreaVolu& packet) { mWorld.UpdateAreaVolu(packet); }
@@ -109,10 +88,9 @@ class ClientBase : public ManagerThread {
   Mailbox mSoundMailbox;
   std::unique_ptr<ServerInstance> mServerInstance;
   std::unique_ptr<SoundManager> mSoundManager;
-  // A flag of its own says whether the display is known: the first announcement comes from nobody, and a null mailbox
-  // would take it for the display's mail.
+  // A flag, because null is no sign of an unknown display: the display's announcement has no source and would equal it.
   bool mIsDisplayKnown = false;
-  Mailbox* mDisplayMailbox = nullptr;
+  Mailbox* mDisplayMailbox = nullptr;  // belongs to ClientMain
   std::uint32_t mLastPing = 0;
   RequestQueue mRequests;
   MusicOrders mMusic;

@@ -1,6 +1,7 @@
 #include "display/Display.h"
 
 #include <cstdio>
+#include <utility>
 
 #include "archive/ArchiveFormat.h"
 #include "display/DisplayRequests.h"
@@ -18,21 +19,21 @@
 #include "protocol/GamePackets.h"
 #include "protocol/InternPackets.h"
 #include "protocol/LoginPackets.h"
+#include "protocol/PacketDispatch.h"
 #include "sdl/Copy.h"
 
 namespace tolva {
 namespace {
 
 constexpr std::uint32_t kPauseMs = 5;
+constexpr std::uint32_t kFrameRatePeriodMs = 1000;
 constexpr int kFontSize = 12;
 constexpr char kFontFile[] = "Data.tmp";
 
 }  // namespace
 
 Display::Display(Mailbox* mailbox)
-    : ManagerThread(mailbox),
-      mArchive(std::make_unique<Archive>("Graphics", &mInfoHandler)),
-      mFrameRateTime(GetTicks()) {
+    : ManagerThread(mailbox), mArchive("Graphics", &mInfoHandler), mFrameRateTime(GetTicks()) {
   Report(mErrHandler, "Display", "Display", [&] {
     mInfoHandler.SetModuleName("Display");
     GameGraphics::ForgetMissing();
@@ -65,7 +66,7 @@ bool Display::Terminate() {
 
 bool Display::Initialize() {
   return Guard("Display", "Initialize", [&] {
-    mMainSurface = VideoSetup(*mArchive, mInfoHandler, mStep).Open(mSettings->GetSize());
+    mMainSurface = VideoSetup(mArchive, mInfoHandler, mStep).Open(mSettings->GetSize());
     if (mMainSurface == nullptr) return false;
     LoadPointer();
     LoadFont();
@@ -75,7 +76,7 @@ bool Display::Initialize() {
 }
 
 void Display::LoadPointer() {
-  mPointerSurface = mArchive->LoadImage(kPicturePointer);
+  mPointerSurface = mArchive.LoadImage(kPicturePointer);
   if (mPointerSurface != nullptr) SDL_ShowCursor(0);
 }
 
@@ -83,7 +84,7 @@ void Display::LoadFont() {
   mFontKeeper = std::make_unique<ControlTextBasic>(0, mMainSurface, nullptr, nullptr);
   mFontKeeper->SetPosition(0, 0);
   mStep = "take the font out of Graphics.cci and Graphics.cca (into Data.tmp in this directory)";
-  if (!mArchive->Extract(archive_format::kFontId, kFontFile)) {
+  if (!mArchive.Extract(archive_format::kFontId, kFontFile)) {
     throw new Error("Display", "Initialize", "Font not in archive");
   }
   mStep = "load the font of the archive Graphics";
@@ -96,7 +97,7 @@ void Display::LoadFont() {
 template <typename T, typename... Extra>
 void Display::ShowScreen(const char* step, const Extra&... extra) {
   mStep = step;
-  // Before `extra` is read: what they ask for may be a part of it.
+  // Before `extra` is used, which holds the display size that a request may change.
   ServeQueuedRequests();
   const bool isSoundEnabled = mScreen == nullptr || mScreen->IsSoundEnabled();
   mScreen.reset();
@@ -145,7 +146,7 @@ void Display::RunPass() {
   UpdateFps();
 }
 
-// Who wants to quit does not wait until everything else in the mail has been drawn, one packet a frame.
+// After the player has asked to quit, nothing else in the mail is worth a frame each.
 std::unique_ptr<Packet> Display::NextMail() {
   std::unique_ptr<Packet> packet = FetchMail();
   while (mAskedToQuit && packet != nullptr && PacketCast<PacketQuit>(packet.get()) == nullptr) {
@@ -159,37 +160,34 @@ void Display::HandleMyMailbox() {
     std::unique_ptr<Packet> packet = NextMail();
     if (packet == nullptr) return;
     Log(InfoLevel::Traffic, FormattedText("Recieved %s", mPacketPrinter.Print(*packet)));
-    if (const auto* news = PacketCast<PacketInternCentralMailbox>(packet.get())) {
-      // One that came over the wire names nobody.
-      if (news->mObjMailbox != nullptr) mControllerMailbox = news->mObjMailbox;
-    } else if (const auto* world = PacketCast<PacketInternRepository>(packet.get())) {
-      if (world->mObjRepository != nullptr) mRepository = world->mObjRepository;
-    } else if (PacketCast<PacketQuit>(packet.get()) != nullptr) {
-      mRunning = false;
-    } else if (mScreen != nullptr) {
-      HandleScreenPacket(std::move(packet));
-    }
+    const bool isForDisplay = Dispatch(
+        *packet,
+        // A null pointer came over the wire.
+        [&](const PacketInternCentralMailbox& news) {
+          if (news.mObjMailbox != nullptr) mControllerMailbox = news.mObjMailbox;
+        },
+        [&](const PacketInternRepository& news) {
+          if (news.mObjRepository != nullptr) mRepository = news.mObjRepository;
+        },
+        [&](const PacketQuit&) { mRunning = false; });
+    if (!isForDisplay && mScreen != nullptr) HandleScreenPacket(std::move(packet));
   });
 }
 
 void Display::HandleScreenPacket(std::unique_ptr<Packet> packet) {
-  if (PacketCast<PacketEnterChatAccept>(packet.get()) != nullptr) {
-    EnterChat();
-  } else if (PacketCast<PacketEnterGameAccept>(packet.get()) != nullptr) {
-    EnterGame();
-  } else {
-    mScreen->HandlePacket(packet.release());
-  }
+  const bool changesScreen = Dispatch(
+      *packet, [&](const PacketEnterChatAccept&) { EnterChat(); }, [&](const PacketEnterGameAccept&) { EnterGame(); });
+  if (!changesScreen) mScreen->HandlePacket(packet.release());
 }
 
 void Display::EnterChat() {
   ShowScreen<ScreenChat>("build the chat screen", mChosenSize);
-  // Without numbers it asks for the server's version.
+  // Without version numbers it is a question.
   Send(mControllerMailbox, std::make_unique<PacketServerInfo>());
 }
 
 void Display::EnterGame() {
-  // The controller announces the world before it can have any news of the server.
+  // Known by now: the controller announces it before it passes on anything from the server.
   if (mRepository != nullptr) ShowScreen<ScreenGame>("build the game screen", mRepository);
 }
 
@@ -223,8 +221,8 @@ void Display::HandleRequest(const SDL_UserEvent& request) {
   }
 }
 
-// An error may have left requests in the queue, behind the event that caused it. The size that one of them points to
-// goes with its screen; a login screen is no longer wanted by a screen that goes.
+// An error while an event is handled leaves the requests behind it in the queue. The display size that such a request
+// points to is deleted with its screen. A request for the login screen is void once its screen goes.
 void Display::ServeQueuedRequests() {
   SDL_Event event;
   while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_EVENTMASK(SDL_USEREVENT)) > 0) {
@@ -235,32 +233,26 @@ void Display::ServeQueuedRequests() {
 
 void Display::SendScreenPackets() {
   while (std::unique_ptr<Packet> packet{mScreen->GetNextPacket()}) {
-    if (PacketCast<PacketQuit>(packet.get()) != nullptr) {
-      AskToQuit();
-    } else {
-      Send(mControllerMailbox, std::move(packet));
-    }
+    const bool asksToQuit = Dispatch(*packet, [&](const PacketQuit&) { AskToQuit(); });
+    if (!asksToQuit) Send(mControllerMailbox, std::move(packet));
   }
 }
 
 void Display::DrawFrame() {
   mScreen->Blit();
-  if (mPointerSurface != nullptr)
-    CopyWhole(mPointerSurface.get(), mMainSurface, static_cast<int>(mMouseX), static_cast<int>(mMouseY));
+  CopyWhole(mPointerSurface.get(), mMainSurface, mMouseX, mMouseY);
   SDL_Flip(mMainSurface);
 }
 
 void Display::UpdateFps() {
   Guard("Display", "UpdateFps", [&] {
     const std::uint32_t now = GetTicks();
-    if (now - mFrameRateTime <= 1000) {
+    if (now - mFrameRateTime <= kFrameRatePeriodMs) {
       ++mFrameCount;
       return;
     }
-    mFrameRate = mFrameCount;
     mFrameRateTime = now;
-    mFrameCount = 0;
-    mScreen->SetFps(mFrameRate);
+    mScreen->SetFps(std::exchange(mFrameCount, 0));
   });
 }
 

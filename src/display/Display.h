@@ -18,23 +18,23 @@ namespace tolva {
 
 class Repository;
 
-// The client's window: sets up the video mode, font and pointer, decides which screen is shown, and runs the frame loop
-// that feeds it events and packets. Lives on the main thread and starts none of its own; its Run is called by the
-// program and ends with the controller's PacketQuit.
+// The client's window: sets up font and mouse pointer, decides which screen is shown, and runs the frame loop that
+// feeds the screen events and packets. Starts no thread: the program calls Run on the main thread, and Run returns
+// after the controller's PacketQuit.
 class Display : public ManagerThread {
  public:
-  // Sets everything up as client.ini says. Errors end in the log; see HasFailed.
+  // Opens the window as client.ini says and shows the start screen. Errors go to the log; see HasFailed.
   explicit Display(Mailbox* mailbox);
   ~Display() override;
 
   void Run() override;
   void HandleMyMailbox() override;
 
-  // Writes the size into client.ini, for the next start. Throws an Error when the file cannot be written.
+  // Saves the size in client.ini, for the next start. Throws an Error when the file cannot be written.
   void SetDisplaySize(const DisplaySize& size);
 
-  // Whether there is no screen to show. A line on standard error then says why; Run asks the controller to quit and
-  // serves only the mailbox until it does. The program's status shall not be 0.
+  // Whether a screen could not be shown. A line on standard error then says why, and Run only asks the controller to
+  // quit and waits for its PacketQuit. The program's exit status must not be 0.
   bool HasFailed() const { return mHasFailed; }
 
  protected:
@@ -48,14 +48,14 @@ class Display : public ManagerThread {
   void LoadFont();
   bool Terminate();
 
-  // The one place where a screen gives way to another: deletes the current one and shows a new T, constructed with
-  // `extra` behind what all screens get; the music stays on or off. `step` tells the player what failed if it does.
+  // Replaces the current screen by a new T; nothing else does. Its constructor gets `extra` after what all screens get,
+  // and music stays on or off. `step` is the end of "could not ..." if that fails.
   template <typename T, typename... Extra>
   void ShowScreen(const char* step, const Extra&... extra);
-  // There is nothing to show (any more): tells the player and leaves for good.
+  // Tells the player that there is no screen to show.
   void Fail();
   void QuitWithoutScreen();
-  // Tells the controller, as soon as it is known.
+  // Asks the controller, once it is known.
   void AskToQuit();
   std::unique_ptr<Packet> NextMail();
 
@@ -70,24 +70,23 @@ class Display : public ManagerThread {
   void DrawFrame();
   void UpdateFps();
 
-  const std::unique_ptr<Archive> mArchive;
+  Archive mArchive;
   std::unique_ptr<DisplaySettings> mSettings;
-  std::optional<DisplaySize> mChosenSize;  // for the next start
-  std::unique_ptr<ControlTextBasic> mFontKeeper;
+  std::optional<DisplaySize> mChosenSize;         // for the next start
+  std::unique_ptr<ControlTextBasic> mFontKeeper;  // lives as long as the window, so that the shared font stays loaded
   std::unique_ptr<Screen> mScreen;
   SDL_Surface* mMainSurface = nullptr;  // SDL's own
   SurfacePtr mPointerSurface;
   Mailbox* mControllerMailbox = nullptr;
   Repository* mRepository = nullptr;  // the controller's, for the game screen
-  std::uint32_t mMouseX = 0;
-  std::uint32_t mMouseY = 0;
+  int mMouseX = 0;
+  int mMouseY = 0;
   std::uint32_t mFrameCount = 0;
-  std::uint32_t mFrameRate = 0;
   std::uint32_t mFrameRateTime;
-  std::string mStep = "read client.ini";  // what is being done, for the player if it fails
+  std::string mStep = "read client.ini";  // what is being done, as the end of "could not ..."
   bool mHasFailed = false;
   bool mWantsToQuit = false;  // the player does, or there is no screen
-  bool mAskedToQuit = false;  // the controller has been told
+  bool mAskedToQuit = false;  // the controller knows
 };
 
 }  // namespace tolva

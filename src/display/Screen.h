@@ -55,17 +55,6 @@ class Screen : public ControlBasic {
   // Builds and places the components on black. A click on the component `picture` is a click on the screen.
   void BuildAroundPicture(std::span<const Component> table, std::uint32_t picture);
 
-  // Hands `packet` to `handler` (a callable for each of Packets) as what it really is. A packet whose claim is false,
-  // or that the handler does not know, goes nowhere.
-  template <typename... Packets, typename Handler>
-  static void Dispatch(const Packet* packet, Handler&& handler) {
-    const auto tryOne = [&](const auto* derived) {
-      if (derived != nullptr) handler(*derived);
-      return derived != nullptr;
-    };
-    static_cast<void>((tryOne(PacketCast<Packets>(packet)) || ...));
-  }
-
   InfoHandler* const mLogger;
   SDL_Surface* const mVideoSurface;
   const std::unique_ptr<Archive> mArchive;

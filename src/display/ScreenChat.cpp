@@ -12,11 +12,14 @@
 #include "display/ScreenChatTable.h"
 #include "foundation/Guard.h"
 #include "protocol/MusicPackets.h"
+#include "protocol/PacketDispatch.h"
 #include "sdl/Copy.h"
 #include "sdl/Surface.h"
 
 namespace tolva {
 namespace {
+
+constexpr Rgb kLostColor{168, 36, 30};
 
 // The toggle of each of kResolutions.
 constexpr ScreenChat::ComponentId kResolutionToggles[] = {ScreenChat::kSmallToggle, ScreenChat::kMediumToggle,
@@ -175,59 +178,54 @@ void ScreenChat::ChooseResolution(std::uint32_t toggle) {
 
 void ScreenChat::AskForDisplaySize() { mSizeRequestWaits = !PushDisplayRequest(kRequestDisplaySize, &mWantedSize); }
 
-// What the lobby does with each packet that concerns it.
-struct ScreenChat::PacketHandler {
-  ScreenChat& screen;
-
-  void operator()(const PacketInternConnectionLost&) const {
-    auto& label = screen.mComponents.Get<ControlLabel>(kConnectionLabel);
-    label.SetForegroundColor(168, 36, 30);
-    label.SetText("Disconnected");
-    screen.SetText(kPingValueLabel, "0");
-    screen.mComponents.Get<ControlButton>(kEnterGameButton).SetVisible(false);
-    // The bar keeps what was drawn on it.
-    screen.mComponents.Get<ControlBasic>(kButtonBar).Refresh(false);
-  }
-  void operator()(const PacketInternPong& pong) const {
-    screen.SetText(kPingValueLabel, FormattedText("%u", pong.mUintTick));
-  }
-  void operator()(const PacketChatMsg& message) const {
-    const bool fromServer = message.IsFromServer();
-    screen.mComponents.Get<ControlChatBox>(kChatBox).AddEntry(fromServer ? "Server" : message.mStrUser,
-                                                              message.mStrMsg);
-  }
-  void operator()(const PacketChatUsers& users) const {
-    const FormattedText caption(" %u users in chat", unsigned{users.mUintCount});
-    screen.mComponents.Get<ControlWindow>(kChatUsersWindow).SetCaption(caption);
-    auto& list = screen.mComponents.Get<ControlListBox>(kChatUsersList);
-    list.ClearEntries();
-    // One rendering for all names instead of one for each.
-    list.SetRefreshEnabled(false);
-    const std::size_t count = std::min<std::size_t>(users.mUintCount, kUserListCapacity);
-    for (std::size_t index = 0; index < count; ++index) list.AddEntry(users.mStrUsers[index]);
-    list.SetRefreshEnabled(true);
-    list.Refresh(true);
-  }
-  void operator()(const PacketUserInGame& users) const {
-    const FormattedText caption(" %u users in game", users.mUintCount);
-    screen.mComponents.Get<ControlWindow>(kGameUsersWindow).SetCaption(caption);
-    auto& list = screen.mComponents.Get<ControlListBox>(kGameUsersList);
-    list.ClearEntries();
-    list.Refresh(true);
-  }
-  void operator()(const PacketServerInfo& info) const {
-    const FormattedText version("%d.%d.%d", info.mUintVersionMajor, info.mUintVersionMinor, info.mUintVersionBugfix);
-    screen.SetText(kServerVersionLabel, version);
-  }
-  void operator()(const PacketDarkness& darkness) const { screen.SetDarkness(darkness.mByDarkness); }
-};
-
 void ScreenChat::HandlePacket(Packet* packet) {
   const std::unique_ptr<Packet> owned(packet);
   Guard("ScreenStart", "HandlePacket", [&] {
-    Dispatch<PacketInternConnectionLost, PacketInternPong, PacketChatMsg, PacketChatUsers, PacketUserInGame,
-             PacketServerInfo, PacketDarkness>(packet, PacketHandler{*this});
+    Dispatch(
+        *packet, [&](const PacketInternConnectionLost&) { ShowLostConnection(); },
+        [&](const PacketInternPong& pong) { SetText(kPingValueLabel, FormattedText("%u", pong.mUintTick)); },
+        [&](const PacketChatMsg& message) { ShowChatLine(message); },
+        [&](const PacketChatUsers& users) { ShowChatUsers(users); },
+        [&](const PacketUserInGame& users) { ShowUsersInGame(users); },
+        [&](const PacketServerInfo& server) { SetText(kServerVersionLabel, ToText(server).c_str()); },
+        [&](const PacketDarkness& darkness) { SetDarkness(darkness.mByDarkness); });
   });
+}
+
+void ScreenChat::ShowLostConnection() {
+  auto& label = mComponents.Get<ControlLabel>(kConnectionLabel);
+  label.SetForegroundColor(kLostColor.r, kLostColor.g, kLostColor.b);
+  label.SetText("Disconnected");
+  SetText(kPingValueLabel, "0");
+  mComponents.Get<ControlButton>(kEnterGameButton).SetVisible(false);
+  // The bar still shows the button that was drawn onto it.
+  mComponents.Get<ControlBasic>(kButtonBar).Refresh(false);
+}
+
+void ScreenChat::ShowChatLine(const PacketChatMsg& message) {
+  const char* speaker = message.IsFromServer() ? "Server" : message.mStrUser;
+  mComponents.Get<ControlChatBox>(kChatBox).AddEntry(speaker, message.mStrMsg);
+}
+
+void ScreenChat::ShowChatUsers(const PacketChatUsers& users) {
+  const FormattedText caption(" %u users in chat", unsigned{users.mUintCount});
+  mComponents.Get<ControlWindow>(kChatUsersWindow).SetCaption(caption);
+  auto& list = mComponents.Get<ControlListBox>(kChatUsersList);
+  list.ClearEntries();
+  // Renders the list once and not for each name.
+  list.SetRefreshEnabled(false);
+  const std::size_t count = std::min<std::size_t>(users.mUintCount, kUserListCapacity);
+  for (std::size_t index = 0; index < count; ++index) list.AddEntry(users.mStrUsers[index]);
+  list.SetRefreshEnabled(true);
+  list.Refresh(true);
+}
+
+void ScreenChat::ShowUsersInGame(const PacketUserInGame& users) {
+  const FormattedText caption(" %u users in game", users.mUintCount);
+  mComponents.Get<ControlWindow>(kGameUsersWindow).SetCaption(caption);
+  auto& list = mComponents.Get<ControlListBox>(kGameUsersList);
+  list.ClearEntries();
+  list.Refresh(true);
 }
 
 void ScreenChat::SetFps(std::uint32_t fps) {

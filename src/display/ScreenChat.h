@@ -76,8 +76,6 @@ class ScreenChat final : public Screen {
   void TerminateComponents() override;
 
  private:
-  struct PacketHandler;
-
   void InitializeIsland();
   void InitializeOptions();
   void HandleTextBoxChatInputEvents(const ControlEvent& event);
@@ -90,6 +88,10 @@ class ScreenChat final : public Screen {
   // Asks the display to store the wanted size. A request that finds the event queue full is made again with the next
   // event.
   void AskForDisplaySize();
+  void ShowLostConnection();
+  void ShowChatLine(const PacketChatMsg& message);
+  void ShowChatUsers(const PacketChatUsers& users);
+  void ShowUsersInGame(const PacketUserInGame& users);
   void UpdateIslandPicture();
   void PaintIsland(SDL_Surface& island);
 

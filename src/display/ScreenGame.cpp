@@ -13,6 +13,7 @@
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
 #include "protocol/FieldPosition.h"
+#include "protocol/PacketDispatch.h"
 #include "sdl/Copy.h"
 #include "sdl/SdlError.h"
 
@@ -337,30 +338,22 @@ void ScreenGame::CheckMsgHistoryEvent(const SDL_Event& event) {
 
 // ---- Packets ----
 
-struct ScreenGame::PacketHandler {
-  ScreenGame& screen;
-
-  void operator()(const PacketInternConnectionLost&) const { screen.HandleConnectionLost(); }
-  void operator()(const PacketInternPong& packet) const { screen.mBottomStrip->ShowRoundTrip(packet.mUintTick); }
-  void operator()(const PacketInternStatus& packet) const { screen.HandlePacketInternStatus(packet); }
-  void operator()(const PacketChatMsg& packet) const {
-    const bool fromServer = packet.IsFromServer();
-    screen.mHistory->Add(fromServer ? "Server" : packet.mStrUser, packet.mStrMsg);
-  }
-  void operator()(const PacketGameChatMsg& packet) const { screen.mHistory->Add(packet.mStrUser, packet.mStrMsg); }
-  void operator()(const PacketAreaGround& packet) const { screen.HandlePacketAreaGround(packet); }
-  void operator()(const PacketAreaVolu& packet) const { screen.HandlePacketAreaVolu(packet); }
-  void operator()(const PacketMove& packet) const { screen.HandlePacketMove(packet); }
-  void operator()(const PacketCharPosition& packet) const { screen.HandlePacketCharPosition(packet); }
-  void operator()(const PacketDarkness& packet) const { screen.HandlePacketDarkness(packet); }
-};
-
 void ScreenGame::HandlePacket(Packet* packet) {
   const std::unique_ptr<Packet> owned(packet);
   Guard(kModule, "HandlePacket", [&] {
-    Dispatch<PacketInternConnectionLost, PacketInternPong, PacketInternStatus, PacketChatMsg, PacketGameChatMsg,
-             PacketAreaGround, PacketAreaVolu, PacketMove, PacketCharPosition, PacketDarkness>(packet,
-                                                                                               PacketHandler{*this});
+    Dispatch(
+        *packet, [&](const PacketInternConnectionLost&) { HandleConnectionLost(); },
+        [&](const PacketInternPong& pong) { mBottomStrip->ShowRoundTrip(pong.mUintTick); },
+        [&](const PacketInternStatus& status) { HandlePacketInternStatus(status); },
+        [&](const PacketChatMsg& message) {
+          mHistory->Add(message.IsFromServer() ? "Server" : message.mStrUser, message.mStrMsg);
+        },
+        [&](const PacketGameChatMsg& message) { mHistory->Add(message.mStrUser, message.mStrMsg); },
+        [&](const PacketAreaGround& ground) { HandlePacketAreaGround(ground); },
+        [&](const PacketAreaVolu& volu) { HandlePacketAreaVolu(volu); },
+        [&](const PacketMove& move) { HandlePacketMove(move); },
+        [&](const PacketCharPosition& position) { HandlePacketCharPosition(position); },
+        [&](const PacketDarkness& darkness) { HandlePacketDarkness(darkness); });
   });
 }
 

@@ -49,7 +49,6 @@ class ScreenGame final : public Screen {
   std::int32_t GetBlitOffsetY();
 
  private:
-  struct PacketHandler;
   class RepositoryHold;
   using Labels = std::vector<std::unique_ptr<TextBox>>;
 

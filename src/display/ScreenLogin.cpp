@@ -1,11 +1,11 @@
 #include "display/ScreenLogin.h"
 
-#include <cstdio>
+#include <string>
 
 #include "controls/ControlLabel.h"
 #include "controls/ControlTextBox.h"
 #include "foundation/Guard.h"
-#include "foundation/Text.h"
+#include "protocol/PacketDispatch.h"
 
 namespace tolva {
 namespace {
@@ -118,22 +118,18 @@ void ScreenLogin::HandleTextBoxPassword(const ControlEvent& event) {
 
 void ScreenLogin::SendLoginRequest() {
   ShowStatus("Connecting");
-  auto request = std::make_unique<PacketLoginRequest>();
-  CopyText(request->mStrLogin, mComponents.Get<ControlTextBox>(kNameBox).GetText());
-  CopyText(request->mStrPass, mComponents.Get<ControlTextBox>(kPasswordBox).GetText());
-  QueuePacket(std::move(request));
+  QueuePacket(std::make_unique<PacketLoginRequest>(mComponents.Get<ControlTextBox>(kNameBox).GetText(),
+                                                   mComponents.Get<ControlTextBox>(kPasswordBox).GetText()));
 }
 
 void ScreenLogin::HandlePacket(Packet* packet) {
   const std::unique_ptr<Packet> owned(packet);
   Guard("ScreenLogin", "HandlePacket", [&] {
-    if (PacketCast<PacketInternConnectionLost>(packet) != nullptr) {
-      ShowFailure("Could not establish connection");
-    } else if (const auto* deny = PacketCast<PacketLoginDeny>(packet)) {
-      char text[kReasonCapacity + 32];
-      std::snprintf(text, sizeof text, "Login denied: %s", deny->mStrReason);
-      ShowFailure(text);
-    }
+    Dispatch(
+        *packet, [&](const PacketInternConnectionLost&) { ShowFailure("Could not establish connection"); },
+        [&](const PacketLoginDeny& denial) {
+          ShowFailure((std::string("Login denied: ") + denial.mStrReason).c_str());
+        });
   });
 }
 
