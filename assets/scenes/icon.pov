@@ -1,6 +1,6 @@
 // The program's icon: the title's evening, its palm and its brass, small enough for 32 pixels.
 // Flat pictures lie one behind the other along z; only palm, island and ring are solid.
-#include "colours.inc"
+#include "palette.inc"
 #declare RS = seed(5);
 #include "far_plants.inc"
 

@@ -1,14 +1,14 @@
 // The island from the sea. Mode 0 is the title picture; 1 day, 2 dusk and 3 night are strips.
 // island.png and island_trees.inc come from island_shape.py.
-#include "colours.inc"
+#include "palette.inc"
 #ifndef (Mode) #declare Mode = 0; #end
 
 // ---- light moods -----------------------------------------------------------------------------
 #switch (Mode)
   #case (0)                                      // late afternoon
     #declare SunFrom = vnormalize(<-.80, .42, -.62>);
-    #declare SunColour = <1.50, 1.08, .62>*1.05;
-    #declare DomeColour = <.50, .62, .95>*.40;
+    #declare SunColor = <1.50, 1.08, .62>*1.05;
+    #declare DomeColor = <.50, .62, .95>*.40;
     #declare SkyTop = <46, 92, 160>;
     #declare SkyMiddle = <126, 168, 206>;
     #declare SkyLow = <255, 214, 150>;
@@ -19,8 +19,8 @@
   #break
   #case (1)
     #declare SunFrom = vnormalize(<-.62, .95, -.65>);
-    #declare SunColour = <1.10, 1.02, .88>*1.15;
-    #declare DomeColour = <.62, .76, 1>*.50;
+    #declare SunColor = <1.10, 1.02, .88>*1.15;
+    #declare DomeColor = <.62, .76, 1>*.50;
     #declare SkyTop = <58, 122, 196>;
     #declare SkyMiddle = <118, 174, 222>;
     #declare SkyLow = <206, 230, 240>;
@@ -31,8 +31,8 @@
   #break
   #case (2)
     #declare SunFrom = vnormalize(<-.95, .20, -.25>);
-    #declare SunColour = <1.45, .66, .30>*.85;
-    #declare DomeColour = <.60, .42, .62>*.36;
+    #declare SunColor = <1.45, .66, .30>*.85;
+    #declare DomeColor = <.60, .42, .62>*.36;
     #declare SkyTop = <58, 48, 110>;
     #declare SkyMiddle = <190, 92, 104>;
     #declare SkyLow = <255, 186, 96>;
@@ -43,8 +43,8 @@
   #break
   #case (3)
     #declare SunFrom = vnormalize(<.55, .70, -.55>);
-    #declare SunColour = <.34, .44, .72>*.42;
-    #declare DomeColour = <.20, .28, .55>*.30;
+    #declare SunColor = <.34, .44, .72>*.42;
+    #declare DomeColor = <.20, .28, .55>*.30;
     #declare SkyTop = <8, 12, 38>;
     #declare SkyMiddle = <18, 28, 66>;
     #declare SkyLow = <44, 62, 108>;
@@ -68,7 +68,7 @@
 #declare ThatchedHouse = object { House }
 
 // ---- light -------------------------------------------------------------------------------------
-light_source { SunFrom*3000 color rgb SunColour parallel point_at 0 }
+light_source { SunFrom*3000 color rgb SunColor parallel point_at 0 }
 #declare DomeLights = 14;
 #declare I = 0;
 #while (I < DomeLights)
@@ -77,7 +77,7 @@ light_source { SunFrom*3000 color rgb SunColour parallel point_at 0 }
   #declare DomeR = sqrt(1 - DomeY*DomeY);
   light_source {
     <DomeR*cos(DomeAngle), DomeY, DomeR*sin(DomeAngle)>*3000
-    color rgb DomeColour/DomeLights*2 parallel point_at 0
+    color rgb DomeColor/DomeLights*2 parallel point_at 0
   }
   #declare I = I + 1;
 #end

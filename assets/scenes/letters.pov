@@ -1,5 +1,5 @@
 // The title's letters, drawn from rounded bars of brass. The background stays transparent.
-#include "colours.inc"
+#include "palette.inc"
 camera { orthographic location <0, 0, -20> right x*8 up y*2.4 look_at 0 }
 light_source { <-20, 30, -30> color rgb <1.1, 1, .85> }
 light_source { <30, -6, -20> color rgb <.2, .26, .4> }
