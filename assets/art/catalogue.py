@@ -1,7 +1,7 @@
 """The one list of the pictures: id, size, whether parts of it are see-through, and its use.
 
-Painters may only write what stands here, and check_pictures.py compares the files with it. The pictures of the world
-are families: their tables below have the names and ids of server/terrain/WorldPictures.h, which places them.
+Painters may write only what this list has, and check_pictures.py compares the files with it. The pictures of the world
+are families: the tables below have the names and ids of server/terrain/WorldPictures.h.
 """
 from dataclasses import dataclass
 
@@ -19,13 +19,15 @@ SOLID, KEYED = False, True
 
 # ---- the world ----------------------------------------------------------------------------------
 
-TILE = (76, 37)                 # the picture of a field's ground; neighbours lie (38, 18) apart
+TILE = (76, 37)                 # the picture of a field's ground
+STEP = (38, 18)                 # from one field to its neighbors, across and down
 THING = (76, 228)               # what stands on a field; drawn 191 pixels higher than its ground
 FRAME = (76, 114)               # one frame of a character; drawn 77 pixels higher than its ground
+THING_FOOT, FRAME_FOOT = (38, 209), (38, 95)     # the pixel in them that shows the middle of the field
 FRAMES, DIRECTIONS = 5, 8       # a character's sheet: columns of a walking cycle, rows from north clockwise
 UNKNOWN_GROUND, CHARACTER = 100000, 50002
 VARIANTS = 4
-PIECES = range(1, 15)           # 1 north + 2 east + 4 south + 8 west: corners that have the upper kind
+PIECES = range(1, 15)           # sum of the corners that have the upper kind: 1 north, 2 east, 4 south, 8 west
 
 KINDS = {"Deep": 112000, "Shallow": 112016, "Sand": 112032, "Grass": 112048, "DryGrass": 112064,
          "ForestFloor": 112080, "Path": 112096, "Rock": 112112, "Snow": 112128, "Cobbles": 112144, "Flowers": 112160,
@@ -49,8 +51,8 @@ THINGS = {"Oak": 120000, "Beech": 120001, "Pine": 120002, "Palm": 120003, "Birch
           "Campfire": 120090, "Scarecrow": 120091,
           "PierNorthEast": 120100, "PierNorthWest": 120101, "Boat": 120102, "SailingBoat": 120103}
 
-# Where trees have their roots: pixels right of and below the middle of their field. Trees in the middle would stand in
-# rows, and their crowns on top of each other.
+# Where trees have their roots, in pixels right of and below the middle of their field. Trees in the middle would stand
+# in rows, their crowns covering each other.
 ROOTS = {"Oak": (-5, 3), "Beech": (8, -3), "Pine": (-4, 2), "Birch": (4, 4), "AutumnTree": (-7, -3),
          "DeadTree": (5, -2), "YoungPine": (9, 4), "GreatOak": (0, -3), "SlenderTree": (-9, -4), "Hornbeam": (9, 2),
          "OldPine": (5, -4), "CrookedPine": (-8, 1), "YoungOak": (8, -4), "YoungBeech": (-9, 4), "SlimPine": (9, -4)}

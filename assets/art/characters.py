@@ -1,7 +1,7 @@
 """Renders the character's sheet: a walking cycle in columns, the directions in rows."""
 import numpy as np
 
-from catalogue import CHARACTER, DIRECTIONS, FRAME, FRAMES
+from catalogue import CHARACTER, DIRECTIONS, FRAME, FRAME_FOOT, FRAMES
 from cutting import OVERSAMPLING, blob_shadow, cut_out
 from pictures import write_picture
 from rendering import render
@@ -9,7 +9,7 @@ from rendering import render
 
 def make():
     """The shadow is the same in all frames: a true one would flicker in its dither."""
-    shadow = blob_shadow(FRAME, centre=(40, 95), radii=(15, 6.5))
+    shadow = blob_shadow(FRAME, center=(FRAME_FOOT[0] + 2, FRAME_FOOT[1]), radii=(15, 6.5))
     rows = []
     for direction in range(DIRECTIONS):
         frames = [cut_out(render("character", FRAME, OVERSAMPLING, Direction=direction, Frame=frame), shadow,

@@ -1,5 +1,5 @@
-"""Checks the committed pictures: that all are there, their sizes, colour keys that survive 16 bits,
-that the text which the client writes on some of them can be read, and that the pieces of the world fit together.
+"""Checks the committed pictures: none is missing, sizes, color keys that survive 16 bits, contrast for the text that
+the client writes on some of them, and that the pieces of the world fit together.
 """
 import re
 import struct
@@ -7,16 +7,18 @@ import struct
 import numpy as np
 from PIL import Image
 
-from catalogue import (CATALOGUE, CHARACTER, DIRECTIONS, FRAME, FRAMES, HOUSES, KINDS, PIECES, ROOTS, THINGS,
-                       TRANSITIONS, VARIANTS)
+from catalogue import (CATALOGUE, CHARACTER, DIRECTIONS, FRAME, FRAME_FOOT, FRAMES, HOUSES, KINDS, PIECES, ROOTS,
+                       STEP, THING_FOOT, THINGS, TILE, TRANSITIONS, VARIANTS)
 from paths import ASSETS, GRAPHICS
-from pictures import KEY
+from pictures import KEY, is_key_in_16_bits
 
-WHITE, CREAM, GREY, BLACK = (255, 255, 255), (251, 247, 195), (163, 158, 133), (0, 0, 0)
-WRITTEN_ON = {6608: [BLACK], 6609: [BLACK], 6610: [WHITE], 6612: [WHITE, CREAM, GREY], 6613: [WHITE, CREAM],
+WHITE, CREAM, GRAY, BLACK = (255, 255, 255), (251, 247, 195), (163, 158, 133), (0, 0, 0)
+WRITTEN_ON = {6608: [BLACK], 6609: [BLACK], 6610: [WHITE], 6612: [WHITE, CREAM, GRAY], 6613: [WHITE, CREAM],
               6402: [WHITE]}
-LEAST_CONTRAST = 4.5
-TEXT_MARGIN = 5                                 # text keeps this far from the border; rims and bevels lie there
+MIN_CONTRAST = 4.5
+TEXT_MARGIN = 5                                 # text stays this far from the border, where rims and bevels lie
+STEP_X, STEP_Y = STEP
+RIGHT, BOTTOM = TILE[0] - 1, TILE[1] - 1         # the last column and row of a tile
 
 
 def chunks(data):
@@ -31,28 +33,23 @@ def chunks(data):
 
 def key_faults(entry, found, pixels):
     """What is wrong with the key of one picture."""
-    if not entry.keyed:
-        if b"tRNS" in found:
-            yield "has a tRNS chunk but no hole"
-        if (pixels >> (3, 2, 3) == (31, 0, 31)).all(-1).any():
-            yield "has a colour that is the key in 16 bits"
-        return
-    flat = found.get(b"PLTE", b"")
-    palette = [tuple(flat[k:k + 3]) for k in range(0, len(flat), 3)]
-    if not palette or palette[0] != KEY or found.get(b"tRNS") != b"\0":
+    palette, transparency = np.frombuffer(found.get(b"PLTE", b""), np.uint8).reshape(-1, 3), found.get(b"tRNS")
+    if entry.keyed and (not (palette[:1] == KEY).all(-1).any() or transparency != b"\0"):
         yield "has another key than entry 0, (255, 0, 255), alone"
-    if any((red >> 3, green >> 2, blue >> 3) == (31, 0, 31) for red, green, blue in palette[1:]):
-        yield "has a colour that is the key in 16 bits"
+    if not entry.keyed and transparency is not None:
+        yield "has a tRNS chunk but no hole"
+    if is_key_in_16_bits(palette[1:] if entry.keyed else pixels).any():
+        yield "has a color that is the key in 16 bits"
 
 
-def luminance(colours):
-    """Relative luminance (0 to 1) of colours along the last axis."""
-    part = np.asarray(colours) / 255
+def luminance(colors):
+    """Relative luminance (0 to 1) of colors along the last axis."""
+    part = np.asarray(colors) / 255
     return np.where(part <= .04045, part / 12.92, ((part + .055) / 1.055) ** 2.4) @ (.2126, .7152, .0722)
 
 
 def least_contrast(text, pixels):
-    """The contrast of a text colour with the pixel that it stands out from least."""
+    """The contrast of a text color with the pixel that is most like it."""
     a, b = luminance(text), luminance(pixels)
     return ((np.maximum(a, b) + .05) / (np.minimum(a, b) + .05)).min()
 
@@ -75,30 +72,30 @@ def faults(number):
     inner = pixels[TEXT_MARGIN:-TEXT_MARGIN, TEXT_MARGIN:-TEXT_MARGIN]
     for text in WRITTEN_ON.get(number, ()):
         contrast = least_contrast(text, inner)
-        if contrast < LEAST_CONTRAST:
+        if contrast < MIN_CONTRAST:
             yield f"gives text in {text} only a contrast of {contrast:.1f}"
 
 
 def shape_faults(number, opaque):
-    """Holes in the ground, figures that do not stand where they should, and what the border cuts."""
+    """Holes in the ground, figures in the wrong place, and figures that the border cuts off."""
     use, figures = CATALOGUE[number].use, []
     if use.startswith("ground"):
-        step, x, skip = np.indices((7, 38, 2))           # the lines along which the client blends two grounds
-        row, column = 18 - step + x // 2, 2 * step + x + 2 * skip
-        if not all(opaque[y, x].all() for y in (row, 36 - row) for x in (column, 75 - column)):
-            yield "has a hole where it is blended with a neighbour"
-        tile = np.vstack([opaque[:1] | opaque[36:], opaque[1:36]])
-        if not (tile | np.roll(tile, (18, 38), (0, 1))).all():
+        step, x, skip = np.indices((7, STEP_X, 2))       # the lines along which the client blends two grounds
+        row, column = STEP_Y - step + x // 2, 2 * step + x + 2 * skip
+        if not all(opaque[y, x].all() for y in (row, BOTTOM - row) for x in (column, RIGHT - column)):
+            yield "has a hole where it is blended with a neighbor"
+        tile = np.vstack([opaque[:1] | opaque[BOTTOM:], opaque[1:BOTTOM]])
+        if not (tile | np.roll(tile, (STEP_Y, STEP_X), (0, 1))).all():
             yield "leaves a hole between fields"
     elif use.startswith("thing") and not use.startswith(("thing: Fence", "thing: Pier")):   # these join at the border
         right, down = ROOTS.get(use.removeprefix("thing: "), (0, 0))
-        figures = [(opaque, 38 + right, 209 + down)]
+        figures = [(opaque, THING_FOOT[0] + right, THING_FOOT[1] + down)]
     elif number == CHARACTER:
         frames = opaque.reshape(DIRECTIONS, FRAME[1], FRAMES, FRAME[0]).swapaxes(1, 2)
-        figures = [(frame, 38, 95) for row in frames for frame in row]
+        figures = [(frame, *FRAME_FOOT) for row in frames for frame in row]
     for figure, middle, foot in figures:
         if not figure[foot - 5:foot + 5, middle - 5:middle + 5].any() or figure[:, [0, -1]].any():
-            yield "does not stand where it should on its field, or is cut off at the side"
+            yield "stands in the wrong place on its field, or is cut off at the side"
     if any(figure[0].any() for figure, _, _ in figures) or use.startswith("house") and opaque[0].any():
         yield "is cut off above"
 
@@ -113,25 +110,27 @@ def header_faults():
 
 
 def edges(number):
-    """(direction, corners it joins, smoothed colours) of a tile's edges; corners are 0 north to 3 west."""
+    """(direction, corners, smoothed colors) of each of a tile's edges; it joins two corners, 0 north to 3 west."""
     picture, t = np.array(Image.open(GRAPHICS / f"{number}.png").convert("RGB"), int), np.linspace(.06, .94, 34)
     right, down = (36 * t).round().astype(int), (16 * t).round().astype(int)
-    for way, corners, row, column in (("/", (3, 0), 18 - down, 1 + right), ("/", (2, 1), 34 - down, 38 + right),
-                                      ("\\", (3, 2), 18 + down, 1 + right), ("\\", (0, 1), 2 + down, 38 + right)):
+    for way, corners, row, column in (("/", (3, 0), STEP_Y - down, 1 + right),
+                                      ("/", (2, 1), BOTTOM - 2 - down, STEP_X + right),
+                                      ("\\", (3, 2), STEP_Y + down, 1 + right),
+                                      ("\\", (0, 1), 2 + down, STEP_X + right)):
         yield way, corners, sum(picture[row, column][k:k + 32] for k in range(3)) / 3
 
 
 def transition_faults(upper, lower):
-    """Pieces whose edges look like those of tiles with other kinds in the corners that the edge joins."""
+    """Pieces with an edge that looks more like those between corners of other kinds."""
     tiles, alike = [(piece, TRANSITIONS[upper, lower] + piece) for piece in PIECES], {}
     tiles += [(corners, KINDS[kind] + k) for corners, kind in ((0, lower), (15, upper)) for k in range(VARIANTS)]
     for piece, number in tiles:
-        for way, (a, b), colours in edges(number):
-            alike.setdefault((way, piece >> a & 1, piece >> b & 1), []).append((number, colours))
-    usual = {key: np.median([colours for _, colours in group], 0) for key, group in alike.items()}
-    for key, number, colours in ((key, *tile) for key, group in alike.items() for tile in group):
-        if key != min((k for k in usual if k[0] == key[0]), key=lambda k: np.abs(colours - usual[k]).mean()):
-            yield f"{number}.png does not meet its neighbours"
+        for way, (a, b), colors in edges(number):
+            alike.setdefault((way, piece >> a & 1, piece >> b & 1), []).append((number, colors))
+    usual = {key: np.median([colors for _, colors in group], 0) for key, group in alike.items()}
+    for key, number, colors in ((key, *tile) for key, group in alike.items() for tile in group):
+        if key != min((k for k in usual if k[0] == key[0]), key=lambda k: np.abs(colors - usual[k]).mean()):
+            yield f"{number}.png does not meet its neighbors"
 
 
 def check():

@@ -1,48 +1,48 @@
-"""Cuts renders out for a screen that knows no half transparency: hard edges without a fringe, dithered shadows."""
+"""Cuts renders out for a screen without partial transparency: hard edges without a fringe, dithered shadows."""
 import numpy as np
 
 from noise import tiled_bayer
 from rendering import render
 
-SHADOW_COLOUR = (34, 44, 30)
-DARKEST_SHADOW = .5                             # a chequer: more would close the ground
+SHADOW_COLOR = (34, 44, 30)
+DARKEST_SHADOW = .5                             # a checkerboard: more would hide the ground
 OVERSAMPLING = 3
 
 
-def sharpened(colour, alpha, amount):
-    """Unsharp mask that only looks at covered pixels, so no background bleeds in."""
+def sharpened(color, alpha, amount):
+    """Unsharp mask over covered pixels only, so that no background bleeds in."""
     weight = alpha[..., None]
-    total = np.zeros_like(colour)
+    total = np.zeros_like(color)
     weights = np.zeros(alpha.shape + (1,))
     for dy in (-1, 0, 1):
         for dx in (-1, 0, 1):
             share = (2 - abs(dx)) * (2 - abs(dy))
-            total += share * np.roll(np.roll(colour * weight, dy, 0), dx, 1)
+            total += share * np.roll(np.roll(color * weight, dy, 0), dx, 1)
             weights += share * np.roll(np.roll(weight, dy, 0), dx, 1)
     blurred = total / np.maximum(weights, 1e-6)
-    return colour + amount * (colour - blurred) * (weights > 0)
+    return color + amount * (color - blurred) * (weights > 0)
 
 
 def cut_out(render_of_it, shadow, threshold=.45, edge=.78, sharpen=.35):
-    """Turn a see-through render into (colours, opaque).
+    """Turn a see-through render into (colors, opaque).
 
-    A half-covered pixel has the colour of the object alone, so cutting at threshold leaves no halo. edge darkens
-    barely covered pixels into a soft outline; shadow (0 to 1) becomes an ordered dither of dark pixels.
+    A half-covered pixel has the color of the object alone, so cutting at threshold leaves no halo. Barely covered
+    pixels are darkened to `edge` of their brightness, a soft outline; shadow (0 to 1) is dithered with dark pixels.
     """
     pixels = np.array(render_of_it, float)
-    colour, alpha = pixels[..., :3], pixels[..., 3] / 255
+    color, alpha = pixels[..., :3], pixels[..., 3] / 255
     opaque = alpha >= threshold
     cover = np.clip((alpha - threshold) / (1 - threshold), 0, 1)[..., None]
-    colour = np.clip(sharpened(colour, alpha, sharpen) * (edge + (1 - edge) * cover), 0, 255)
+    color = np.clip(sharpened(color, alpha, sharpen) * (edge + (1 - edge) * cover), 0, 255)
     dark = (np.minimum(shadow, DARKEST_SHADOW) > tiled_bayer(*alpha.shape)) & ~opaque
-    colour[dark] = SHADOW_COLOUR
-    return colour, opaque | dark
+    color[dark] = SHADOW_COLOR
+    return color, opaque | dark
 
 
 def shadow_on_ground(render_of_it, fade):
     """Darkness (0 to 1) of a white ground under an unseen object.
 
-    It fades out over this many columns at the left and the right border, where the picture's width would cut it.
+    It fades out over `fade` columns at the left and right borders, which would cut it off.
     """
     light = (np.array(render_of_it.convert("RGB"), float).mean(-1) / 255) ** 2.2
     darkness = np.clip(1 - light / np.percentile(light, 99), 0, 1)
@@ -59,8 +59,8 @@ def cut_out_with_shadow(scene, size, fade=22, **declared):
     return cut_out(seen, shadow_on_ground(shade, fade))
 
 
-def blob_shadow(size, centre, radii, strength=1.25):
-    """A shadow that keeps its shape: strength at the centre, falling to 0 at the rim."""
+def blob_shadow(size, center, radii, strength=1.25):
+    """A shadow that keeps its shape: strength at the center, falling to 0 at the rim."""
     y, x = np.mgrid[0:size[1], 0:size[0]]
-    distance = np.hypot((x - centre[0]) / radii[0], (y - centre[1]) / radii[1])
+    distance = np.hypot((x - center[0]) / radii[0], (y - center[1]) / radii[1])
     return np.clip(strength - distance, 0, DARKEST_SHADOW)

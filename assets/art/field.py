@@ -7,24 +7,26 @@ their borders, so any variant may lie beside any other; what differs lies inside
 import numpy as np
 from PIL import Image, ImageDraw
 
-from catalogue import TILE
-from noise import periodic_noise, smooth_step
+from catalogue import STEP, TILE
+from noise import periodic_noise, slopes, smooth_step
 
 N = 256                         # texels across one field
 SUPER = 4
 WIDTH, HEIGHT = TILE
+STEP_X, STEP_Y = STEP
+MIDDLE_X, MIDDLE_Y = WIDTH / 2, HEIGHT / 2
 
 # every supersampled pixel's place on the field: u runs from the NW to the SE edge, v from NE to SW
 _rows, _columns = np.mgrid[0:HEIGHT * SUPER, 0:WIDTH * SUPER]
-_across = ((_columns + .5) / SUPER - 38) / 38
-_down = ((_rows + .5) / SUPER - 18.5) / 18
+_across = ((_columns + .5) / SUPER - MIDDLE_X) / STEP_X
+_down = ((_rows + .5) / SUPER - MIDDLE_Y) / STEP_Y
 U = (_across + _down) / 2 + .5
 V = (_down - _across) / 2 + .5
 
-# Opaque pixels. The client blends neighbouring grounds along lines that run up to 1.5 pixels outside of the exact
-# diamond; where they met a hole, the key's magenta would be mixed in. Neighbours cover what is too much.
+# Opaque pixels. The client blends neighboring grounds along lines that run up to 1.5 pixels outside the exact
+# diamond; a hole there would mix in the key's magenta. Neighbors cover the excess.
 _y, _x = np.mgrid[0:HEIGHT, 0:WIDTH]
-DIAMOND = np.abs(_x - 37.5) / 38 + np.abs(_y - 18) / 18 <= 1 + 1.5 / 38 + 1e-6
+DIAMOND = np.abs(_x + .5 - MIDDLE_X) / STEP_X + np.abs(_y + .5 - MIDDLE_Y) / STEP_Y <= 1 + 1.5 / STEP_X + 1e-6
 
 TEXEL_V, TEXEL_U = np.mgrid[0:N, 0:N] / N
 
@@ -32,7 +34,7 @@ TEXEL_V, TEXEL_U = np.mgrid[0:N, 0:N] / N
 # ---- from the field to the screen ---------------------------------------------------------------
 
 def project(texture):
-    """Look at a periodic texture (indexed [v, u]) as a supersampled tile, bilinearly."""
+    """A periodic texture (indexed [v, u]) as a supersampled tile, with bilinear interpolation."""
     x = (U % 1) * N - .5
     y = (V % 1) * N - .5
     x0 = np.floor(x).astype(int)
@@ -50,8 +52,8 @@ def project(texture):
 
 
 def field_to_screen(u, v):
-    """Pixel (x, y) in the tile of a place on the field."""
-    return 38 + (u - v) * 38, 18.5 + (u + v - 1) * 18
+    """The pixel (x, y) of the tile that shows a place on the field."""
+    return MIDDLE_X + (u - v) * STEP_X, MIDDLE_Y + (u + v - 1) * STEP_Y
 
 
 def shrink(picture):
@@ -70,27 +72,27 @@ class Brush:
         self.image = Image.fromarray(np.clip(picture, 0, 255).astype(np.uint8))
         self.draw = ImageDraw.Draw(self.image)
 
-    def ellipse(self, x0, y0, x1, y1, colour):
-        self.draw.ellipse([value * SUPER for value in (x0, y0, x1, y1)], fill=tone(colour))
+    def ellipse(self, x0, y0, x1, y1, color):
+        self.draw.ellipse([value * SUPER for value in (x0, y0, x1, y1)], fill=tone(color))
 
-    def line(self, points, colour, width):
+    def line(self, points, color, width):
         """Width in supersampled pixels."""
-        self.draw.line([value * SUPER for point in points for value in point], fill=tone(colour), width=width)
+        self.draw.line([value * SUPER for point in points for value in point], fill=tone(color), width=width)
 
-    def polygon(self, points, colour):
-        self.draw.polygon([(x * SUPER, y * SUPER) for x, y in points], fill=tone(colour))
+    def polygon(self, points, color):
+        self.draw.polygon([(x * SUPER, y * SUPER) for x, y in points], fill=tone(color))
 
     def result(self):
         return np.array(self.image, float)
 
 
-def tone(colour, brightness=1):
-    """A colour made brighter or darker, as Pillow wants it."""
-    return tuple(int(min(255, value * brightness)) for value in colour)
+def tone(color, brightness=1):
+    """A color made brighter or darker, as the tuple that Pillow expects."""
+    return tuple(int(min(255, value * brightness)) for value in color)
 
 
 def scattered(count, seed, variant, margin, numbers):
-    """Random rows of (u, v, more numbers from 0 to 1); rows closer to a border than margin are in all variants."""
+    """Random rows of (u, v, more numbers from 0 to 1); all variants share the rows within margin of a border."""
     rows = np.random.RandomState(seed).rand(count, numbers)
     if variant:
         inside = ((rows[:, :2] > margin) & (rows[:, :2] < 1 - margin)).all(1)
@@ -101,9 +103,9 @@ def scattered(count, seed, variant, margin, numbers):
 
 
 def placed(rows):
-    """(x, y, row) on the tile of rows of (u, v, ...), back to front.
+    """(x, y, row) for each row of (u, v, ...) that shows on the tile, back to front.
 
-    Each appears nine times, as it does on the torus, so what crosses a border goes on at the other side.
+    Rows repeat around the torus, so that what crosses a border continues on the other side.
     """
     found = []
     for row in rows:
@@ -117,17 +119,9 @@ def placed(rows):
 
 # ---- textures -----------------------------------------------------------------------------------
 
-def slopes(height):
-    """Differences of a periodic height along u and v."""
-    along_u = np.roll(height, -1, 1) - np.roll(height, 1, 1)
-    along_v = np.roll(height, -1, 0) - np.roll(height, 1, 0)
-    return along_u, along_v
-
-
 def sunlight(height, scale):
-    """Light on a periodic height map, 1 on level ground; the sun stands where it stands in the scenes."""
-    along_u, along_v = slopes(height)
-    along_u, along_v = along_u * .5 * scale, along_v * .5 * scale
+    """Light on a periodic height map, 1 on level ground; the sun stands where the scenes have it."""
+    along_u, along_v = (slope * .5 * scale for slope in slopes(height))
     sun = np.array([-.62 + .30, .62 + .30, 1.15])
     sun /= np.linalg.norm(sun)
     upright = 1 / np.sqrt(1 + along_u ** 2 + along_v ** 2)
@@ -151,7 +145,7 @@ def blend_inside(border, interior):
 
 
 def varied_noise(seed, slope, lowest, highest, variant):
-    """Noise that all variants share at their borders and that differs inside."""
+    """Noise that is the same for all variants along their borders and differs inside."""
     shared = periodic_noise(N, seed, slope, lowest, highest)
     if not variant:
         return shared

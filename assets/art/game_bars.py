@@ -2,28 +2,28 @@
 import numpy as np
 from PIL import Image
 
-from materials import CREAM, FRAME_WOOD, OUTLINE, brass, enamel, lit, plate, with_glyph, wood
+from materials import CREAM, FRAME_WOOD, OUTLINE, brass, enamel, lit, moved, plate, with_glyph, wood
 from noise import rgb, smooth_step
 from paths import GRAPHICS
 from pictures import write_picture
 
 UP, DOWN = [(8, 5), (11.6, 10.4), (4.4, 10.4)], [(4.4, 5.6), (11.6, 5.6), (8, 11)]
 BAR_UP, BAR_DOWN = [(4, 3.4), (12, 3.4), (12, 4.8), (4, 4.8)], [(4, 11.2), (12, 11.2), (12, 12.6), (4, 12.6)]
-# back and forward a line; an arrow to a line moves the panel's edge up or down
+# back and forward a line; an arrow that points to a bar moves the panel's edge up or down
 HISTORY_BUTTONS = {5300: (UP,), 5301: (DOWN,), 5302: (UP, BAR_UP), 5303: (DOWN, BAR_DOWN)}
 
 
 def write_history():
-    """Buttons with their two looks one above the other, and the lines that part the panel.
+    """Buttons, released above pressed, and the lines around the panel.
 
-    Lines are 2 pixels wide: the client leaves just that beside the 16 pixels of a button.
+    Lines are 2 pixels wide, which is all the client leaves beside the 16 pixels of a button.
     """
     for number, glyphs in HISTORY_BUTTONS.items():
         looks = []
         for pressed in (False, True):
             look = plate(*wood(16, 16, 41, FRAME_WOOD), pressed=pressed)
             for glyph in glyphs:
-                look = with_glyph(look, [(x + .7, y + .8) for x, y in glyph], OUTLINE)
+                look = with_glyph(look, moved(glyph, .7, .8), OUTLINE)
             for glyph in glyphs:
                 look = with_glyph(look, glyph, CREAM)
             looks.append(look)
@@ -33,10 +33,10 @@ def write_history():
     write_picture(5321, np.repeat(line[None], 32, 0))
 
 
-def with_stud(picture, centre_x, centre_y, radius):
+def with_stud(picture, center_x, center_y, radius):
     """A brass stud with an enamel pearl."""
     y, x = np.mgrid[0:picture.shape[0], 0:picture.shape[1]] + .5
-    distance = np.hypot(x - centre_x, y - centre_y)
+    distance = np.hypot(x - center_x, y - center_y)
     dome = lit(np.clip(radius - distance, 0, 3), brass(np.full(distance.shape, .5)), .7)
     pearl = lit(np.clip(radius * .5 - distance, 0, 3), np.broadcast_to(rgb(62, 150, 158), picture.shape), .8)
     for within, material in ((radius + 1, OUTLINE), (radius, dome), (radius * .5, pearl)):
@@ -48,8 +48,8 @@ def write_bottom_bar():
     """A wooden bar with a dark slot for the line that is typed; the slot starts at the left end."""
     left, tile, right = 20, 64, 8
     width, height = left + tile + right, 30
-    colour, relief = wood(width, height, 51, FRAME_WOOD)
-    picture = lit(relief, colour, .8)
+    color, relief = wood(width, height, 51, FRAME_WOOD)
+    picture = lit(relief, color, .8)
     picture[0], picture[1], picture[2] = OUTLINE, brass(.9), brass(.45)
     y, x = np.mgrid[0:height, 0:width]
     slot_depth = np.minimum(np.minimum(y - 5, 26 - y), np.minimum(x - (left - 2), width - 4 - x))

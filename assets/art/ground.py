@@ -15,7 +15,7 @@ PAINTERS = {"Deep": water.paint_deep, "Shallow": water.paint_shallow, "Sand": ba
             "ForestFloor": meadows.paint_forest_floor, "Path": bare_ground.paint_path, "Rock": bare_ground.paint_rock,
             "Snow": bare_ground.paint_snow, "Cobbles": bare_ground.paint_cobbles, "Flowers": meadows.paint_flowers,
             "Field": bare_ground.paint_field}
-CALM_VARIANTS = {"Grass": 2}                    # pieces take no more than these: the others are landmarks
+CALM_VARIANTS = {"Grass": 2}                    # pieces use only the first ones: the others are landmarks
 
 EDGE_NOISE = project(periodic_noise(N, 81, 2.2, 2, 30))
 FINE_NOISE = project(periodic_noise(N, 82, 1.0, 14, 60))
@@ -28,7 +28,7 @@ def corner_weight(piece):
     return north * (1 - u) * (1 - v) + east * u * (1 - v) + south * u * v + west * (1 - u) * v
 
 
-# ---- how an upper kind meets a lower one; margin is above 0 where the upper one lies ---------------
+# ---- how an upper kind meets a lower one; margin is positive where the upper one lies --------------
 
 def lies_on(upper, lower, margin):
     """A ragged edge with a shadow under it, for what grows or lies on top."""
@@ -42,7 +42,7 @@ def fades_into(upper, lower, margin):
 
 
 def is_washed_by(upper, lower, margin):
-    """Sand at the water: wet sand, a line of foam and a second, broken one, the bottom showing through."""
+    """Sand at the water: wet sand, a line of foam and a second, broken one, and the bottom seen through the water."""
     foam = (smooth_step(-.13, -.05, margin) * smooth_step(.03, -.01, margin)
             * (.62 + .38 * smooth_step(-.6, .8, FINE_NOISE)))[..., None]
     outer_foam = (smooth_step(-.30, -.25, margin) * smooth_step(-.17, -.21, margin)
@@ -56,7 +56,8 @@ def is_washed_by(upper, lower, margin):
     return mix(sea, land, smooth_step(-.01, .02, margin)[..., None])
 
 
-MEETINGS = {("Shallow", "Deep"): fades_into, ("Sand", "Shallow"): is_washed_by}     # all others lie on
+# for all other pairs: lies_on
+MEETINGS = {("Shallow", "Deep"): fades_into, ("Sand", "Shallow"): is_washed_by}
 
 
 def make():

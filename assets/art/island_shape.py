@@ -9,11 +9,12 @@ from paths import WORK
 
 SIZE = 512
 TREES = 330
+BROAD_TREE, CONIFER, PALM = 1, 2, 3
 
 
-def hill(x, y, centre, radii):
-    """A bell."""
-    return np.exp(-(((x - centre[0]) / radii[0]) ** 2 + ((y - centre[1]) / radii[1]) ** 2))
+def hill(x, y, center, radii):
+    """A bell-shaped hill, 1 at its top."""
+    return np.exp(-(((x - center[0]) / radii[0]) ** 2 + ((y - center[1]) / radii[1]) ** 2))
 
 
 def island_heights():
@@ -34,26 +35,26 @@ def island_heights():
 
 
 def write_heights(path, heights):
-    """A 16-bit grey PNG, north up."""
+    """A 16-bit gray PNG, north up."""
     Image.fromarray((heights * 65535).astype(np.uint16)[::-1]).save(path)
 
 
 def in_clearing(x, y):
-    """The village's place stays free of trees."""
+    """Whether a place is in the village, which stays free of trees."""
     return ((x - .12) / .22) ** 2 + ((y + .30) / .16) ** 2 < 1
 
 
 def tree_kind(chance, height):
-    """3 palm near the beach, 2 conifer high up, else 1 broad tree."""
+    """A palm near the beach, a conifer high up, else mostly a broad tree, as the scene numbers them."""
     if height < .17 and chance.random() < .7:
-        return 3
+        return PALM
     if height > .3 and chance.random() < .6:
-        return 2
-    return 1
+        return CONIFER
+    return BROAD_TREE
 
 
 def scatter_trees(heights):
-    """Rows of x, z, kind, size, turn on gentle grass."""
+    """Rows of x, z, kind, size and turn, for trees on gentle grass."""
     chance = random.Random(4)
     gradient_y, gradient_x = np.gradient(heights)
     trees = []

@@ -2,8 +2,8 @@
 """Rebuilds the committed pictures and music from their sources.
 
     make_art.py                       everything
-    make_art.py windows ground        only these steps, named as in STEPS below
-    make_art.py things=Oak,Birch      of things and houses also single ones
+    make_art.py windows ground        only these steps of STEPS
+    make_art.py things=Oak,Birch      only these things; houses=Tavern likewise
 """
 import subprocess
 import sys
@@ -21,7 +21,7 @@ from paths import ASSETS, SOUNDS, WORK
 
 
 def make_music():
-    """Play the piece and pack it. A fixed serial number keeps the file the same from build to build."""
+    """Play the piece and pack it. The fixed serial number makes every build give the same file."""
     WORK.mkdir(parents=True, exist_ok=True)
     SOUNDS.mkdir(exist_ok=True)
     sound = WORK / "low_tide.wav"
@@ -30,7 +30,7 @@ def make_music():
                    check=True)
 
 
-# in the order they need each other: the progress board shows the island by day
+# in the order of their dependencies: the progress board shows the island by day
 STEPS = {"strips": title.make_strips, "title": title.make_title, "icon": icon.make, "windows": windows.make,
          "game_bars": game_bars.make, "ground": ground.make, "things": things.make, "houses": houses.make,
          "characters": characters.make, "music": make_music, "check": check_pictures.check}

@@ -1,4 +1,4 @@
-"""Paints the kinds of ground that grow: grass, dry grass, a meadow in flower and the forest's floor."""
+"""Paints the kinds of ground where plants grow: grass, dry grass, a meadow in flower and the forest's floor."""
 import numpy as np
 
 from field import N, Brush, placed, project, scattered, sunlight, tone, varied_noise
@@ -12,14 +12,14 @@ LITTER, MOSS = rgb(134, 110, 66), rgb(116, 126, 58)
 FLOWERS = [(246, 226, 110), (240, 240, 234), (214, 110, 150), (128, 120, 212), (226, 78, 66)]
 FALLEN = [(168, 122, 68), (190, 150, 84), (146, 106, 64), (196, 128, 66), (164, 146, 78)]
 
-BLADES = 2300                   # that cover the ground
-BLADE_MARGIN, DOT_MARGIN = .14, .09              # what is rooted closer to a border is in all variants
+BLADES = 2300                   # enough to cover the ground
+BLADE_MARGIN, DOT_MARGIN = .14, .09              # all variants share what is rooted closer to a border
 SHORTEST, LONGEST, LEAN = 2.6, 6.2, 2.0         # pixels
 
 
-def soil(colour, patches):
+def soil(color, patches):
     """Shaded ground under the blades, lighter where patches are high."""
-    shades = ramp(patches, [(-1.5, colour * .85), (1.5, colour * 1.12)])
+    shades = ramp(patches, [(-1.5, color * .85), (1.5, color * 1.12)])
     return project(shades * (.6 + .4 * sunlight(1.6 * patches, 2))[..., None])
 
 
@@ -36,23 +36,23 @@ def draw_blade(brush, x, y, blade, tip):
 
 
 def draw_blades(brush, count, seed, variant, tips, patches):
-    """Blades whose tips take their colour from patches of light and dark."""
+    """Blades whose tips take their color from patches of light and dark."""
     for x, y, (u, v, *blade) in placed(scattered(count, seed, variant, BLADE_MARGIN, 6)):
         patch = patches[int(v * N) % N, int(u * N) % N]
         draw_blade(brush, x, y, blade, ramp(np.array(patch + (blade[2] - .5) * 1.5), tips))
 
 
-def draw_flowers(brush, flowers, colours):
-    """Dots with a lit side, four pixels above the ground: rows of (u, v, size, colour)."""
-    for x, y, (_, _, size, colour) in placed(flowers):
-        colour = colours[int(colour * len(colours))]
+def draw_flowers(brush, flowers, colors):
+    """Dots with a lit side, four pixels above the ground: rows of (u, v, size, color)."""
+    for x, y, (_, _, size, color) in placed(flowers):
+        color = colors[int(color * len(colors))]
         y, radius = y - 4, .55 + .5 * size
-        brush.ellipse(x - radius, y - radius * .8, x + radius, y + radius * .8, tone(colour, .72))
-        brush.ellipse(x - radius * .9, y - radius * .8, x + radius * .5, y + radius * .3, colour)
+        brush.ellipse(x - radius, y - radius * .8, x + radius, y + radius * .8, tone(color, .72))
+        brush.ellipse(x - radius * .9, y - radius * .8, x + radius * .5, y + radius * .3, color)
 
 
 def paint_meadow(variant, tips, ground, seed, blades=BLADES):
-    """Blades in patches of light and dark over shaded soil, as a brush to go on with."""
+    """Blades in patches of light and dark over shaded soil, as a brush for further strokes."""
     patches = varied_noise(seed + 1, 2.4, 2, 7, variant) * .50
     brush = Brush(soil(ground, patches))
     draw_blades(brush, blades, seed, variant, tips, patches)
@@ -60,7 +60,7 @@ def paint_meadow(variant, tips, ground, seed, blades=BLADES):
 
 
 def paint_grass(variant):
-    """Green grass; variants 2 and 3 have flowers. These are landmarks, so they should be used less often."""
+    """Green grass; variants 2 and 3 have flowers, which makes them landmarks, to be used rarely."""
     brush = paint_meadow(variant, GREEN, SOIL, 51)
     if variant >= 2:
         flowers = np.random.RandomState(900 + variant).rand(4, 4)
@@ -70,7 +70,7 @@ def paint_grass(variant):
 
 
 def paint_dry_grass(variant):
-    """Straw-coloured grass."""
+    """Straw-colored grass."""
     return paint_meadow(variant, DRY, DRY_SOIL, 61).result()
 
 
@@ -94,12 +94,12 @@ def paint_forest_floor(variant):
 
 
 def draw_leaves(brush, leaves):
-    """Fallen leaves, each with its shadow: rows of (u, v, size, angle, colour)."""
-    for x, y, (_, _, size, angle, colour) in placed(leaves):
+    """Fallen leaves, each with its shadow: rows of (u, v, size, angle, color)."""
+    for x, y, (_, _, size, angle, color) in placed(leaves):
         length, angle = .7 + 1.0 * size, angle * 2 * np.pi
         along = np.array((np.cos(angle), np.sin(angle) * .47)) * length
         across = np.array((-np.sin(angle), np.cos(angle) * .47)) * length * .5
         for shift, brightness in (((.3, .4), .55), ((0, 0), .84 + .25 * size)):
             middle = np.array((x, y)) + shift
             brush.polygon([middle - along, middle + across, middle + along, middle - across],
-                          tone(FALLEN[int(colour * len(FALLEN))], brightness))
+                          tone(FALLEN[int(color * len(FALLEN))], brightness))

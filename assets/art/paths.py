@@ -1,4 +1,4 @@
-"""The folders of the art: sources, committed results, and what is only in between."""
+"""The folders of the art: sources, committed results, and intermediate files."""
 from pathlib import Path
 
 ASSETS = Path(__file__).resolve().parent.parent
@@ -6,4 +6,4 @@ SCENES = ASSETS / "scenes"
 GRAPHICS = ASSETS / "graphics"
 SOUNDS = ASSETS / "sounds"
 ICONS = ASSETS / "icons"
-WORK = ASSETS.parent / "build" / "art"      # scene copies, raw renders, sound before it is packed
+WORK = ASSETS.parent / "build" / "art"      # copies of scenes, raw renders, music before it is packed

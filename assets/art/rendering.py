@@ -22,10 +22,10 @@ def stage_scenes():
 
 
 def render(scene, size, oversampling, background="+UA", **declared):
-    """Render a scene; declared become its variables. Returns an RGBA picture of that size.
+    """Render a scene with `declared` as its variables. Returns an RGBA picture of the given size.
 
-    Every pixel is the mean of oversampling x oversampling: slower than adaptive antialiasing, but
-    far waves and leaves stay calm. The order of the threads may change a pixel by one level.
+    Every pixel is the mean of oversampling x oversampling samples: slower than adaptive antialiasing, but
+    distant waves and leaves stay calm. The order of the threads may change a pixel by one level.
     The background is see-through ("+UA") or, where the scene has a sky, painted ("-UA").
     """
     stage_scenes()

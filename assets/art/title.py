@@ -9,7 +9,7 @@ from rendering import render
 
 TITLE_SIZE, STRIP_SIZE = (800, 480), (300, 60)
 LETTERS_SIZE, LETTERS_AT = (440, 132), (180, 12)
-STRIPS = {6700: 1, 6701: 2, 6702: 3}            # id, mode of the scene
+STRIPS = {6700: 1, 6701: 2, 6702: 3}            # the mode of the scene, by id
 
 
 def with_letters(picture):
@@ -30,18 +30,17 @@ def with_letters(picture):
 
 def island(size, oversampling, mode):
     """One view of the island."""
+    island_shape.make()
     return render("island", size, oversampling, background="-UA", Mode=mode)
 
 
 def make_title():
     """The picture of the start and login screens."""
-    island_shape.make()
     picture = with_letters(island(TITLE_SIZE, 3, mode=0))
     write_picture(6101, with_rim(np.array(picture)[..., :3], brass_width=2))
 
 
 def make_strips():
     """The lobby's island; the client blends the three by the time of the day."""
-    island_shape.make()
     for number, mode in STRIPS.items():
         write_picture(number, np.array(island(STRIP_SIZE, 5, mode))[..., :3])

@@ -3,8 +3,8 @@ import math
 
 import numpy as np
 
-from field import N, TEXEL_U, TEXEL_V, blend_inside, project, slopes, varied_noise
-from noise import mix, periodic_noise, ramp, rgb, smooth_step
+from field import N, TEXEL_U, TEXEL_V, blend_inside, project, varied_noise
+from noise import mix, periodic_noise, ramp, rgb, slopes, smooth_step
 
 
 def swell(seed, lowest, highest):
@@ -24,7 +24,7 @@ def swell(seed, lowest, highest):
 
 
 def surface(variant):
-    """(height, how much each place faces the sky ahead); all variants share their borders."""
+    """(height, how far each place faces the sky ahead); all variants share their borders."""
     def waves(number):
         return swell(71 + number, 2.5, 9) + .16 * periodic_noise(N, 72 + number, 2.0, 8, 30)
 
@@ -36,19 +36,19 @@ def surface(variant):
     return height, facing
 
 
-def with_glints(colour, height, facing, low, high, glint):
+def with_glints(color, height, facing, low, high, glint):
     """Half-covering highlights on the crests."""
     amount = .5 * smooth_step(low, high, height + .35 * facing)[..., None]
-    return mix(colour, glint, amount)
+    return mix(color, glint, amount)
 
 
 def paint_deep(variant):
     """Deep sea."""
     height, facing = surface(variant)
-    colour = ramp(.55 * np.tanh(.75 * height) + .22 * facing,
+    color = ramp(.55 * np.tanh(.75 * height) + .22 * facing,
                   [(-1.2, rgb(22, 72, 106)), (-.3, rgb(30, 88, 124)), (.4, rgb(40, 104, 140)),
                    (1.1, rgb(70, 136, 164)), (1.6, rgb(128, 180, 196))])
-    return project(with_glints(colour, height, facing, 1.45, 2.1, rgb(176, 214, 222)))
+    return project(with_glints(color, height, facing, 1.45, 2.1, rgb(176, 214, 222)))
 
 
 def paint_shallow(variant):
@@ -59,5 +59,5 @@ def paint_shallow(variant):
     net = np.abs(swell(78, 3, 8) * .6 + .7 * periodic_noise(N, 74, 2.6, 2, 12))
     net = smooth_step(.26, .0, net)
     wave = np.clip(.5 * np.tanh(.75 * height) + .25 * facing, -1.2, 1.6)
-    colour = bed * (1 + .085 * net + .055 * wave)[..., None]
-    return project(with_glints(colour, height, facing, 1.5, 2.3, rgb(216, 242, 238)))
+    color = bed * (1 + .085 * net + .055 * wave)[..., None]
+    return project(with_glints(color, height, facing, 1.5, 2.3, rgb(216, 242, 238)))

@@ -1,11 +1,11 @@
 """Paints the pieces of the lobby, its windows and their buttons, and the mouse pointer.
 
-Wherever the client lays the frame (6600) around a piece it covers the outer 2 pixels; pieces keep
-their own rim there, so that they look whole without it as well.
+Where the client draws the frame (6600) around a piece, it covers the outer 2 pixels. Pieces have a rim of their own
+there, so that they look whole without it, too.
 """
 import numpy as np
 
-from materials import (CREAM, DARK_WOOD, FRAME_WOOD, LIGHT_WOOD, OUTLINE, brass, enamel, leather, lit, plate,
+from materials import (CREAM, DARK_WOOD, FRAME_WOOD, LIGHT_WOOD, OUTLINE, brass, enamel, leather, lit, moved, plate,
                        polygon_cover, with_glyph, with_rim, wood)
 from noise import rgb
 from pictures import write_picture
@@ -17,21 +17,16 @@ CROSS = [(3.4, 4.8), (4.8, 3.4), (7, 5.6), (9.2, 3.4), (10.6, 4.8), (8.4, 7), (1
 TICK = [(3.2, 8.0), (5.0, 6.2), (7.0, 8.6), (11.4, 3.2), (13.2, 4.8), (7.2, 12.4)]
 
 
-def moved(points, by):
-    """The same polygon further right and down: pressed glyphs sink with their button."""
-    return [(x + by, y + by) for x, y in points]
-
-
 def small_button(size, seed, glyph, pressed):
-    """A square wooden button with a dark glyph."""
+    """A square wooden button with a dark glyph, which sinks with it."""
     face = plate(*wood(size, size, seed, LIGHT_WOOD), pressed=pressed)
-    return with_glyph(face, moved(glyph, .5) if pressed else glyph, INK)
+    return with_glyph(face, moved(glyph, .5, .5) if pressed else glyph, INK)
 
 
 def write_backgrounds():
     """Tiles. Light text stands on all of them but the track, so they stay dark."""
-    colour, relief = wood(128, 128, 11, DARK_WOOD, plank=32)
-    write_picture(6613, lit(relief, colour, .6))
+    color, relief = wood(128, 128, 11, DARK_WOOD, plank=32)
+    write_picture(6613, lit(relief, color, .6))
     write_picture(6612, leather(128, 5))
     y, x = np.mgrid[0:32, 0:16]
     groove = enamel(1 - np.abs(x - 7.5) / 8, (26, 17, 12), (8, 6, 5))
@@ -40,12 +35,12 @@ def write_backgrounds():
 
 def write_frame():
     """Only the border of this picture is ever seen: edges from pixel 2 to 29, repeated, and corners."""
-    colour, relief = wood(32, 32, 21, FRAME_WOOD)
-    write_picture(6600, with_rim(lit(relief, colour)))
+    color, relief = wood(32, 32, 21, FRAME_WOOD)
+    write_picture(6600, with_rim(lit(relief, color)))
 
 
 def write_caption():
-    """Sea-blue enamel, light along its upper third; its pattern repeats every 8 pixels."""
+    """Sea-blue enamel, light in its upper third; its pattern repeats every 8 pixels."""
     y, x = np.mgrid[0:20, 0:64]
     picture = enamel(1 - np.abs(y - 6) / 14, (16, 46, 70), (44, 98, 130))
     write_picture(6610, picture + 3 * np.sin(x * np.pi / 4 + y * np.pi / 2)[..., None])
@@ -65,11 +60,11 @@ def write_toggle():
     """A tick on enamel. The released look is plain black, so this one must say "on" by itself."""
     y = np.mgrid[0:16, 0:16][0]
     picture = with_rim(enamel(1 - y / 16, (10, 44, 52), (22, 92, 100)))
-    write_picture(6607, with_glyph(with_glyph(picture, moved(TICK, .8), OUTLINE), TICK, CREAM))
+    write_picture(6607, with_glyph(with_glyph(picture, moved(TICK, .8, .8), OUTLINE), TICK, CREAM))
 
 
 def write_pointer():
-    """A brass arrow with a dark outline, its tip in the corner that the client puts on the spot."""
+    """A brass arrow with a dark outline, its tip in the corner that the client places on the spot."""
     shape = [(1, 1), (1, 19), (5.6, 15), (8.6, 21.5), (12, 20), (9, 13.6), (15, 13.4)]
     inside = polygon_cover(shape, 24) > .5
     opaque = inside.copy()
@@ -77,9 +72,9 @@ def write_pointer():
         for step in (-1, 1):
             opaque |= np.roll(inside, step, axis)
     y, x = np.mgrid[0:24, 0:24]
-    colour = brass(np.clip(1.08 - (x * 1.1 + y * .55) / 22, 0, 1))
-    colour[~inside] = OUTLINE
-    write_picture(5050, colour, opaque)
+    color = brass(np.clip(1.08 - (x * 1.1 + y * .55) / 22, 0, 1))
+    color[~inside] = OUTLINE
+    write_picture(5050, color, opaque)
 
 
 def make():

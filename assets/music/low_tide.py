@@ -3,10 +3,9 @@
 
     low_tide.py FILE.wav
 
-Harp, pad, flute, bass, bells and the sea are synthesised here. All sound goes into circular
-buffers, the reverb included, so what rings past the end is heard at the beginning: a player that
-starts the file again when it ends loops it without a seam. It is calm and quiet on purpose: people
-chat over it.
+Harp, pad, flute, bass, bells and the sea are synthesized here. All sound, the reverb included, goes
+into circular buffers, so what rings past the end is heard at the beginning: a player that restarts
+the file at its end loops it without a seam. It is calm and quiet on purpose: people chat over it.
 """
 import sys
 import wave
@@ -23,7 +22,7 @@ RANDOM = np.random.RandomState(8)
 
 # ---- the score ----------------------------------------------------------------------------------
 
-# bass, then the notes that pad and harp use, low to high
+# the bass note, then those of pad and harp, low to high
 CHORDS = {"D": "D2 D3 A3 D4 E4 F#4", "C": "C2 E3 G3 C4 D4 G4", "G": "G2 D3 G3 B3 D4 A4",
           "Em": "E2 E3 G3 B3 D4 F#4", "A": "A2 E3 A3 D4 E4 B4", "Bm": "B2 D3 F#3 A3 D4 F#4",
           "Gb": "B2 D3 G3 B3 D4 G4", "Am": "A2 E3 G3 C4 E4 A4"}
@@ -33,6 +32,7 @@ FORM = ("D C Gb D  D C G A "       # opening: harp and pad, the flute enters in 
         "G Gb D D").split()        # tail, leads back
 HARP_FIGURES = ((0, 2, 3, 4, 5, 4, 3, 2), (0, 2, 4, 3, 5, 3, 4, 2))   # notes of the chord
 SECOND_PART = range(16, 24)
+THINNING = range(26, BARS)    # the harp stops early in these bars
 
 # bar:beat note length
 FLUTE = """
@@ -64,7 +64,7 @@ def note_number(name):
 
 
 def pitch(number):
-    """Frequency of a note number, A4 = 69 = 440 Hz."""
+    """Frequency of a note number; 69 is A4, 440 Hz."""
     return 440 * 2 ** ((number - 69) / 12)
 
 
@@ -75,6 +75,11 @@ def parse_place(place):
 
 
 # ---- instruments: each returns one channel of samples --------------------------------------------
+
+def times(duration):
+    """The time of each sample of a sound."""
+    return np.arange(int(duration * RATE)) / RATE
+
 
 def envelope(count, attack, release):
     """Smooth rise and fall, in seconds."""
@@ -108,55 +113,51 @@ def harp_note(frequency, duration, seed, brightness=.55):
 
 def pad_note(frequency, duration):
     """Three detuned voices of six partials, swelling slowly."""
-    count = int(duration * RATE)
-    t = np.arange(count) / RATE
-    sound = np.zeros(count)
+    t = times(duration)
+    sound = np.zeros(len(t))
     for detune in (-.0035, .0, .0041):
         phase = RANDOM.rand() * 6.28
         drift = .25 * np.sin(2 * np.pi * .17 * t + phase)
         for partial, amount in ((1, 1), (2, .42), (3, .22), (4, .11), (5, .07), (6, .03)):
             sound += amount * np.sin(2 * np.pi * frequency * (1 + detune) * partial * t
                                      + phase * partial + drift)
-    return sound * envelope(count, 1.3, 1.7) * (.86 + .14 * np.sin(2 * np.pi * .23 * t))
+    return sound * envelope(len(t), 1.3, 1.7) * (.86 + .14 * np.sin(2 * np.pi * .23 * t))
 
 
 def flute_note(frequency, duration):
     """Four partials with late vibrato, a scoop at the start and some breath."""
-    count = int((duration + .12) * RATE)
-    t = np.arange(count) / RATE
+    t = times(duration + .12)
     vibrato = np.clip((t - .25) / .5, 0, 1) * .0055 * np.sin(2 * np.pi * 5.1 * t)
     phase = 2 * np.pi * np.cumsum(frequency * (1 + vibrato - .012 * np.exp(-t * 28))) / RATE
     sound = (np.sin(phase) + .30 * np.sin(2 * phase) + .12 * np.sin(3 * phase)
              + .04 * np.sin(4 * phase))
-    breath = np.convolve(RANDOM.randn(count), np.ones(9) / 9, "same")
+    breath = np.convolve(RANDOM.randn(len(t)), np.ones(9) / 9, "same")
     sound += breath * (.10 * np.exp(-t * 14) + .018)
-    return sound * envelope(count, .07, .16)
+    return sound * envelope(len(t), .07, .16)
 
 
 def bell_note(frequency, duration=3.):
     """Frequency modulation with a falling index."""
-    count = int(duration * RATE)
-    t = np.arange(count) / RATE
+    t = times(duration)
     modulation = 1.1 * np.exp(-t * 5) * np.sin(2 * np.pi * frequency * 3.01 * t)
     sound = np.sin(2 * np.pi * frequency * t + modulation) * np.exp(-t * 2.0)
     sound += .3 * np.sin(2 * np.pi * frequency * 2.005 * t) * np.exp(-t * 3.4)
-    return sound * envelope(count, .003, .3)
+    return sound * envelope(len(t), .003, .3)
 
 
 def bass_note(frequency, duration):
-    """Three partials; the upper ones die first."""
-    count = int(duration * RATE)
-    t = np.arange(count) / RATE
+    """Three partials; the upper ones decay first."""
+    t = times(duration)
     sound = (np.sin(2 * np.pi * frequency * t)
              + .35 * np.sin(4 * np.pi * frequency * t) * np.exp(-t * 3)
              + .12 * np.sin(6 * np.pi * frequency * t) * np.exp(-t * 6))
-    return sound * np.exp(-t * .55) * envelope(count, .012, .3)
+    return sound * np.exp(-t * .55) * envelope(len(t), .012, .3)
 
 
 # ---- circular tracks ----------------------------------------------------------------------------
 
 class Track:
-    """A stereo buffer as long as the piece; sound that passes its end goes on at its start."""
+    """A stereo buffer as long as the piece; sound that passes its end continues at its start."""
 
     def __init__(self):
         self.samples = np.zeros((2, LENGTH))
@@ -174,9 +175,9 @@ class Track:
 
 
 def play_harp(track, bar, notes):
-    """Eight quavers over the chord, a little uneven; the last bars stop early."""
+    """Eight quavers over the chord, a little uneven; fewer in the last bars."""
     for step, index in enumerate(HARP_FIGURES[bar % 2]):
-        if bar >= 26 and step > 4:
+        if bar in THINNING and step > 4:
             continue
         number = notes[index] if index else notes[1]
         if bar in SECOND_PART and index > 2:
@@ -203,19 +204,19 @@ def play_chords(tracks):
 
 def play_melody(tracks):
     """Flute and bells."""
-    words = FLUTE.split()
-    for place, name, beats in zip(words[::3], words[1::3], words[2::3]):
+    words = iter(FLUTE.split())
+    for place, name, beats in zip(words, words, words):
         tracks["flute"].add(parse_place(place) + .02,
                             flute_note(pitch(note_number(name)), float(beats) * BEAT * .96),
                             pan=.18, gain=.115)
-    words = BELLS.split()
-    for place, name in zip(words[::2], words[1::2]):
+    words = iter(BELLS.split())
+    for place, name in zip(words, words):
         tracks["bells"].add(parse_place(place), bell_note(pitch(note_number(name))),
                             pan=-.2, gain=.075)
 
 
 def play_sea(track):
-    """Noise shaped in the frequency domain, hence periodic, with nine slow waves."""
+    """Noise shaped in the frequency domain, and so periodic, with nine slow waves."""
     frequency = np.fft.rfftfreq(LENGTH, 1 / RATE)
     shape = 1 / (1 + (frequency / 420) ** 1.5) * (frequency / (frequency + 60))
     t = np.arange(LENGTH) / LENGTH
@@ -239,11 +240,10 @@ def decibels(value):
 
 def reverb(sound, decay=2.6, delay=.022):
     """Circular convolution with decaying noise that darkens with time."""
-    count = int(decay * 1.3 * RATE)
-    t = np.arange(count) / RATE
+    t = times(decay * 1.3)
     result = np.zeros_like(sound)
     for side in range(2):
-        bright = np.random.RandomState(50 + side).randn(count)
+        bright = np.random.RandomState(50 + side).randn(len(t))
         dark = np.convolve(bright, np.ones(14) / 14, "same") * 3
         fade = np.exp(-t * 2.2)
         response = (bright * fade + dark * (1 - fade)) * 10 ** (-3 * t / decay)
@@ -256,13 +256,13 @@ def reverb(sound, decay=2.6, delay=.022):
 
 
 def soft_clip(sound, knee=.6, room=.35):
-    """Leave everything below the knee alone."""
+    """Compress what is louder than the knee and leave the rest alone."""
     over = np.sign(sound) * (knee + room * np.tanh((np.abs(sound) - knee) / room))
     return np.where(np.abs(sound) > knee, over, sound)
 
 
 def mix_down(tracks):
-    """Level the tracks, add the reverb, take off rumble and hiss."""
+    """Level the tracks, add the reverb, remove rumble and hiss."""
     dry, wet = np.zeros((2, LENGTH)), np.zeros((2, LENGTH))
     for name, (level, send) in LEVELS.items():
         samples = tracks[name].samples
@@ -277,7 +277,7 @@ def mix_down(tracks):
 
 
 def at_client_rate(sound):
-    """Keep the lower half of the spectrum: resampling of a circle, exact and without a seam."""
+    """Keep the lower half of the spectrum, which resamples a circular buffer exactly and without a seam."""
     kept = np.fft.rfft(sound, axis=1)[:, :LENGTH // 4 + 1]
     return np.fft.irfft(kept, LENGTH // 2, axis=1) / 2
 
