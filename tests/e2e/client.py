@@ -26,8 +26,8 @@ ERASE = ["End", *["BackSpace"] * 16]
 class Client:
     """The program on a screen of its own, in a run directory of its own."""
 
-    def __init__(self, args, folder, port=1, ini="", environment=None):
-        """Variables of `environment` are set for the program; None unsets one."""
+    def __init__(self, args, folder, port=1, size="800x600", ini="", environment=None):
+        """Variables of `environment` are set for the program; None unsets one. `ini` replaces all of client.ini."""
         self.program = args.bin / "tolva-client"
         self.folder = folder
         self.process = None
@@ -39,7 +39,9 @@ class Client:
         for archive in args.data.glob("*.cc?"):
             (folder / archive.name).unlink(missing_ok=True)
             (folder / archive.name).symlink_to(archive)
-        (folder / "client.ini").write_text(ini or f"[NETWORK]\nHost={NETWORK_HOST}\nPort={port}\n")
+        width, height = size.split("x")
+        (folder / "client.ini").write_text(ini or f"[NETWORK]\nHost={NETWORK_HOST}\nPort={port}\n"
+                                                  f"[DISPLAY]\nWidth={width}\nHeight={height}\n")
 
     def read(self, name):
         path = self.folder / name
