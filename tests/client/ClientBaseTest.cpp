@@ -18,7 +18,6 @@
 namespace tolva::test {
 namespace {
 
-using Codes = std::vector<PacketCode>;
 constexpr PacketCode kPing = PacketInternPing::kCode;
 constexpr PacketCode kQuit = PacketQuit::kCode;
 constexpr PacketCode kRepository = PacketInternRepository::kCode;

@@ -13,15 +13,9 @@
 namespace tolva::test {
 namespace {
 
-using Codes = std::vector<PacketCode>;
+PacketLoginRequest LoginOf(const char* name) { return {name, "secret"}; }
 
-PacketLoginRequest LoginOf(const char* name) {
-  PacketLoginRequest request;
-  CopyText(request.mStrLogin, name);
-  return request;
-}
-
-// The controller's side of a server instance that finds its server's port in client.ini.
+// A server instance, whose client.ini names the port, and its controller.
 class Controller : public Correspondent {
  public:
   explicit Controller(std::uint16_t port) {
@@ -43,7 +37,7 @@ class Controller : public Correspondent {
   std::unique_ptr<ServerInstance> mInstance;
 };
 
-TEST(ServerInstance, ConnectsAtTheFirstLoginAndSendsWhatIsForTheServer) {
+TEST(ServerInstance, ConnectsAtTheFirstLoginAndPassesPacketsBothWays) {
   LoopbackPeer peer;
   Controller controller(peer.GetPort());
   controller.Give(PacketChatMsg("ann", "too early"));
@@ -52,29 +46,30 @@ TEST(ServerInstance, ConnectsAtTheFirstLoginAndSendsWhatIsForTheServer) {
   ASSERT_TRUE(peer.Accept());
   ASSERT_EQ(controller.Next(1), Codes{PacketInternConnectionInfo::kCode});
   const std::string ann = Record(LoginOf("ann")), bob = Record(LoginOf("bob"));
-  const std::string logins = peer.Receive(2 * ann.size());  // the two wait in turns
-  EXPECT_TRUE(logins == ann + bob || logins == bob + ann);
+  const std::string logins = peer.Receive(2 * ann.size());
+  EXPECT_TRUE(logins == ann + bob || logins == bob + ann) << "waiting requests change places";
 
   const Uint32 start = SDL_GetTicks();
   for (int i = 0; i < 3; ++i) controller.Give(PacketUserInGame());
   EXPECT_EQ(peer.Receive(3 * 16), Record(PacketUserInGame()) + Record(PacketUserInGame()) + Record(PacketUserInGame()));
   EXPECT_GE(SDL_GetTicks() - start, 200u) << "a pause after each";
 
-  for (const PacketCode code : {12, 200, 400, 500}) {
+  constexpr PacketCode kMailbox = PacketInternCentralMailbox::kCode, kQuit = PacketQuit::kCode;
+  for (const PacketCode code : {kMailbox, PacketLoginRequest::kCode, PacketChatMsg::kCode, kQuit}) {
     Packet claim;
     claim.mEnmCode = code;
     controller.Give(claim);
   }
   peer.Send(Record(PacketLoginAccept()) + Record(PacketInternCentralMailbox()) + Record(PacketQuit()));
-  EXPECT_EQ(controller.Next(3), (Codes{201, 12, 500}));
+  EXPECT_EQ(controller.Next(3), (Codes{PacketLoginAccept::kCode, kMailbox, kQuit}));
 
   controller.Give(PacketUserInGame());
   controller.Quit();
-  EXPECT_EQ(peer.Receive(1000), Record(PacketUserInGame()));  // and neither claims nor the quit
+  EXPECT_EQ(peer.Receive(1000), Record(PacketUserInGame())) << "and neither false claims nor the quit";
   EXPECT_FALSE(peer.HasCaller());
 }
 
-TEST(ServerInstance, AfterALostConnectionMakesNoSecondOne) {
+TEST(ServerInstance, DoesNotReconnectAfterALoss) {
   LoopbackPeer peer;
   Controller controller(peer.GetPort());
   controller.Give(LoginOf("ann"));
@@ -87,7 +82,7 @@ TEST(ServerInstance, AfterALostConnectionMakesNoSecondOne) {
   EXPECT_FALSE(peer.HasCaller());
 }
 
-TEST(ServerInstance, AfterAFailedConnectTriesNoSecondOneAndStillQuits) {
+TEST(ServerInstance, ConnectsOnlyOnceAndQuitsAfterAFailure) {
   const std::uint16_t port = LoopbackPeer().GetPort();
   Controller controller(port);
   controller.Give(LoginOf("ann"));

@@ -14,12 +14,14 @@
 namespace tolva::test {
 namespace {
 
-using Codes = std::vector<PacketCode>;
 constexpr PacketCode kLost = PacketInternConnectionLost::kCode;
 constexpr PacketCode kInfo = PacketInternConnectionInfo::kCode;
 constexpr PacketCode kPing = PacketInternPing::kCode;
+constexpr PacketCode kPong = PacketInternPong::kCode;
+constexpr PacketCode kChat = PacketChatMsg::kCode;
+constexpr PacketCode kQuit = PacketQuit::kCode;
 
-// The owner of a socket control.
+// A socket control and its owner.
 class Owner : public Correspondent {
  public:
   ~Owner() {
@@ -32,13 +34,13 @@ class Owner : public Correspondent {
     ASSERT_TRUE(peer.Accept());
     ASSERT_EQ(Next(1), Codes{kInfo});
   }
-  // Waits until the control has gone through a whole pass: the second of two pings leaves at the end of one.
+  // Waits for a whole pass of the control: one sends the first ping, the next one the second.
   void WaitForPass(LoopbackPeer& peer) {
     Give(PacketInternPing());
     Give(PacketInternPing());
     ASSERT_EQ(peer.Receive(32).size(), 32u);
   }
-  // Shows that the stream works and that nothing else was reported or sent before.
+  // Expects a working stream on which nothing else has been reported or sent.
   void ExpectAlive(LoopbackPeer& peer) {
     ASSERT_TRUE(peer.Send(Record(PacketInternPing(77))));
     EXPECT_EQ(peer.Receive(16), Record(PacketInternPong(77)));
@@ -73,7 +75,7 @@ TEST_P(Stream, IsCutIntoItsRecords) {
   Owner owner;
   owner.ConnectTo(peer);
   for (std::size_t i = 0; i < c.pieces.size(); ++i) {
-    if (i > 0) owner.WaitForPass(peer);  // or two pieces would arrive as one
+    if (i > 0) owner.WaitForPass(peer);  // so that each piece is read by itself
     ASSERT_TRUE(peer.Send(c.pieces[i]));
   }
   if (c.ending == Ending::PeerCloses) peer.Close();
@@ -81,7 +83,7 @@ TEST_P(Stream, IsCutIntoItsRecords) {
   if (c.ending == Ending::Alive) return owner.ExpectAlive(peer);
   EXPECT_EQ(owner.Next(1), Codes{kLost});
   EXPECT_TRUE(c.ending == Ending::PeerCloses || peer.SeesEnd());
-  // Nothing of the broken stream is left: the next one starts clean.
+  // Nothing of the old stream is left in the next one.
   owner.ConnectTo(peer);
   owner.ExpectAlive(peer);
 }
@@ -92,29 +94,34 @@ std::string Times(int count, const std::string& bytes) {
   return all;
 }
 
-const std::string kQuit = Record(PacketQuit());
-const std::string kChat = Record(PacketChatMsg("ann", "hello"));
-const std::string kBadText = ForgedRecord(400, 24, std::string("\xff\xff\xff\xff", 4) + std::string(8, 'a'));
+const std::string kQuitRecord = Record(PacketQuit());
+const std::string kChatRecord = Record(PacketChatMsg("ann", "hello"));
+const std::string kBadText = ForgedRecord(kChat, 24, std::string("\xff\xff\xff\xff", 4) + std::string(8, 'a'));
 
 INSTANTIATE_TEST_SUITE_P(
     Network, Stream,
     testing::Values(
-        StreamCase{"InPieces", {kChat.substr(0, 1), kChat.substr(1, 2), kChat.substr(3, 9), kChat.substr(12)}, {400}},
-        StreamCase{"WholeAndHalf", {kChat + kChat + kQuit.substr(0, 5), kQuit.substr(5)}, {400, 400, 500}},
-        StreamCase{"FortyAtOnce", {Times(40, kChat)}, Codes(40, 400)},
-        StreamCase{"MoreThanTheBuffer", {Times(800, kChat)}, Codes(800, 400)},
+        StreamCase{
+            "InPieces",
+            {kChatRecord.substr(0, 1), kChatRecord.substr(1, 2), kChatRecord.substr(3, 9), kChatRecord.substr(12)},
+            {kChat}},
+        StreamCase{"WholeAndHalf",
+                   {kChatRecord + kChatRecord + kQuitRecord.substr(0, 5), kQuitRecord.substr(5)},
+                   {kChat, kChat, kQuit}},
+        StreamCase{"FortyAtOnce", {Times(40, kChatRecord)}, Codes(40, kChat)},
+        StreamCase{"MoreThanTheBuffer", {Times(800, kChatRecord)}, Codes(800, kChat)},
         StreamCase{"UnknownCode", {ForgedRecord(405, 12)}, {0}},
         StreamCase{"WrongMagicAtOnce", {"G"}, {}, Ending::Lost},
-        StreamCase{"WrongMagicAfterGood", {Times(40, kQuit) + "HTTP"}, Codes(40, 500), Ending::Lost},
-        StreamCase{"TooShort", {kQuit + ForgedRecord(500, 11)}, {500}, Ending::Lost},
-        StreamCase{"TooLong", {kQuit + ForgedRecord(500, 16385)}, {500}, Ending::Lost},
+        StreamCase{"WrongMagicAfterGood", {Times(40, kQuitRecord) + "HTTP"}, Codes(40, kQuit), Ending::Lost},
+        StreamCase{"TooShort", {kQuitRecord + ForgedRecord(kQuit, 11)}, {kQuit}, Ending::Lost},
+        StreamCase{"TooLong", {kQuitRecord + ForgedRecord(kQuit, 16385)}, {kQuit}, Ending::Lost},
         StreamCase{"HugeLength", {ForgedRecord(700, 0xFFFFFFFF)}, {}, Ending::Lost},
-        StreamCase{"BadText", {Times(16, kQuit) + kBadText}, Codes(16, 500), Ending::Lost},
-        StreamCase{"ClosedBehindRecords", {Times(40, kQuit)}, Codes(40, 500), Ending::PeerCloses},
-        StreamCase{"ClosedInMidRecord", {kQuit + kChat.substr(0, 20)}, {500}, Ending::PeerCloses}),
+        StreamCase{"BadText", {Times(16, kQuitRecord) + kBadText}, Codes(16, kQuit), Ending::Lost},
+        StreamCase{"ClosedAfterRecords", {Times(40, kQuitRecord)}, Codes(40, kQuit), Ending::PeerCloses},
+        StreamCase{"ClosedInMidRecord", {kQuitRecord + kChatRecord.substr(0, 20)}, {kQuit}, Ending::PeerCloses}),
     [](const auto& stream) { return stream.param.name; });
 
-TEST(SocketControl, MeasuresRoundTripsFromTheSendingOfThePing) {
+TEST(SocketControl, MeasuresRoundTripsFromWhenThePingIsSent) {
   LoopbackPeer peer;
   Owner owner;
   owner.ConnectTo(peer);
@@ -130,16 +137,17 @@ TEST(SocketControl, MeasuresRoundTripsFromTheSendingOfThePing) {
   EXPECT_LE(pong->mUintTick, SDL_GetTicks() - before + 40);
 }
 
-// Obeying would show in ExpectAlive: as a closed socket, another report or an answer.
+// ExpectAlive would fail after an obeyed command: the socket would be closed, or there would be another report or
+// answer.
 TEST(SocketControl, ObeysItsOwnerAndNoPeer) {
   LoopbackPeer peer;
   Owner owner;
-  owner.GiveAsStranger(PacketInternTerminate());  // no source: neither obeyed nor taken for the owner
+  owner.GiveAsStranger(PacketInternTerminate());  // has no source, so it is not the owner's
   owner.ConnectTo(peer);
   owner.GiveAsStranger(PacketInternDisconnect());
-  ASSERT_TRUE(peer.Send(FalseClaim(8) + FalseClaim(9)));  // the true ones are answered
-  EXPECT_EQ(owner.Next(2), (Codes{8, 9}));
-  for (const PacketCode code : {1, 2, 3, 4, 5, 6, 7, 11, 12, 13, 14}) {
+  ASSERT_TRUE(peer.Send(FalseClaim(kPing) + FalseClaim(kPong)));  // genuine ones would be answered
+  EXPECT_EQ(owner.Next(2), (Codes{kPing, kPong}));
+  for (const PacketCode code : {1, 2, 3, 4, 5, 6, 7, 11, 12, 13, 14}) {  // all commands, and others of the client's own
     ASSERT_TRUE(peer.Send(FalseClaim(code) + Record(*CreatePacket(code))));
     EXPECT_EQ(owner.Next(2), (Codes{code, code}));
     Packet claim;
@@ -169,8 +177,7 @@ TEST(SocketControl, ReportsEachFailedConnectOnce) {
 }
 
 TEST(SocketControl, AsAServerListensAndHandsItsCallersOn) {
-  PacketInternListen listen;
-  listen.mUintPort = LoopbackPeer().GetPort();  // free again
+  const PacketInternListen listen(LoopbackPeer().GetPort());  // the port is free again
   Owner listener, adopter;
   listener.Give(listen);
   ASSERT_EQ(listener.Next(1), Codes{kInfo});
@@ -187,14 +194,16 @@ TEST(SocketControl, AsAServerListensAndHandsItsCallersOn) {
 }
 
 // Sending to a peer that has gone fails while its last records still wait to be cut, and must not raise SIGPIPE.
-TEST(SocketControl, LeavesAFloodWithThePeerAndDeliversAllOfItBeforeTheLoss) {
+TEST(SocketControl, ReadsNoMoreOfAFloodThanItsOwnerTakesAndDeliversAllOfItBeforeTheLoss) {
   constexpr std::uint32_t kCount = 2000;
   LoopbackPeer peer;
   Owner owner;
   owner.ConnectTo(peer);
   std::string flood;
   PacketInternResend numbered;
-  for (; numbered.mUintResendFrom < kCount; ++numbered.mUintResendFrom) flood += Record(numbered);
+  for (numbered.mUintResendFrom = 0; numbered.mUintResendFrom < kCount; ++numbered.mUintResendFrom) {
+    flood += Record(numbered);
+  }
   ASSERT_TRUE(peer.Send(flood));
   ASSERT_TRUE(WaitUntil([&] { return owner.GetWaitingCount() > kSocketHighWater; }));
   for (int i = 0; i < 10; ++i) owner.WaitForPass(peer);  // its own pings go on

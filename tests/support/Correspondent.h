@@ -9,15 +9,17 @@
 
 namespace tolva::test {
 
-// The other side of a thread object under test: owns the mailbox that the thread reads and the one that it reports to.
+using Codes = std::vector<PacketCode>;
+
+// The other side of a thread object under test: owns the thread's mailbox and the one that the thread sends to.
 class Correspondent {
  public:
   Mailbox* GetOwn() { return &mOwn; }
   Mailbox* GetTheirs() { return &mTheirs; }
-  // How many reports wait.
+  // The number of packets from the thread that wait.
   std::uint32_t GetWaitingCount() { return mOwn.GetCount(); }
 
-  // Gives the thread a packet, as its sender; mail from a stranger has no source.
+  // Sends the thread a packet; one from a stranger has no source.
   void Give(std::unique_ptr<Packet> packet) {
     packet->mObjSource = &mOwn;
     mTheirs.Put(packet.release());
@@ -25,15 +27,15 @@ class Correspondent {
   void Give(const Packet& packet) { Give(std::unique_ptr<Packet>(packet.Clone())); }
   void GiveAsStranger(const Packet& packet) { mTheirs.Put(packet.Clone()); }
 
-  // The next report, or null when none comes.
+  // The next packet from the thread, or null if none comes.
   std::unique_ptr<Packet> Next() {
     std::unique_ptr<Packet> packet;
     WaitUntil([&] { return (packet = mOwn.Get()) != nullptr; });
     return packet;
   }
-  // The codes of the next so many reports; fewer when they do not come.
-  std::vector<PacketCode> Next(std::size_t count) {
-    std::vector<PacketCode> codes;
+  // The codes of the next `count` packets from the thread; fewer if they do not come.
+  Codes Next(std::size_t count) {
+    Codes codes;
     while (codes.size() < count) {
       const auto packet = Next();
       if (packet == nullptr) break;

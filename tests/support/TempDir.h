@@ -9,7 +9,7 @@
 
 namespace tolva::test {
 
-// A fresh working directory for as long as the object lives; the previous one is taken up again afterwards.
+// Makes a new directory the working directory for the lifetime of the object, then removes it and restores the old one.
 class TempDir {
  public:
   TempDir() : mBefore(std::filesystem::current_path()) {

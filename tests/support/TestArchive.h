@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/ByteOrder.h"
 #include "support/TempDir.h"
 
 namespace tolva::test {
@@ -16,7 +17,9 @@ inline std::string MakeIndex(const std::vector<TestRecord>& records) {
   std::string bytes;
   for (const TestRecord& record : records) {
     for (const std::uint32_t number : {record.id, record.offset, record.size}) {
-      for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift);
+      std::uint8_t word[4];
+      StoreLittle32(word, number);
+      bytes.append(word, word + sizeof word);
     }
   }
   return bytes;

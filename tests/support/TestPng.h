@@ -7,12 +7,13 @@
 #include <zlib.h>
 
 #include "archive/PngCheck.h"
+#include "foundation/ByteOrder.h"
 
 namespace tolva::test {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// A small picture to be written as a PNG file; what is left empty is not written.
+// A small picture for MakePng; an empty part is not written.
 struct TestPicture {
   std::uint32_t width = 4;
   std::uint32_t height = 3;
@@ -24,12 +25,12 @@ struct TestPicture {
 };
 
 inline std::string BigEndian(std::uint32_t number) {
-  std::string bytes;
-  for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>(number >> shift);
-  return bytes;
+  std::uint8_t word[4];
+  StoreBig32(word, number);
+  return std::string(word, word + sizeof word);
 }
 
-// A chunk with a right checksum, whatever it holds.
+// A chunk with a correct checksum.
 inline std::string MakeChunk(const std::string& type, const std::string& data) {
   const std::string summed = type + data;
   const auto sum = crc32(0, reinterpret_cast<const Bytef*>(summed.data()), static_cast<uInt>(summed.size()));
@@ -46,7 +47,7 @@ inline std::string MakePng(const TestPicture& picture) {
   const std::size_t rowSize = (picture.width * static_cast<std::size_t>(pixelBits) + 7) / 8;
   Bytes samples = picture.samples, packed(compressBound((rowSize + 1) * picture.height));
   samples.resize(rowSize * picture.height);
-  // Each row begins with the kind of its filter: none.
+  // Each row begins with its filter type: none.
   for (std::uint32_t y = 0; y < picture.height; ++y)
     samples.insert(samples.begin() + static_cast<std::ptrdiff_t>(y * (rowSize + 1)), 0);
   uLongf size = packed.size();

@@ -1,3 +1,4 @@
+#include <map>
 #include <stdexcept>
 #include <thread>
 
@@ -11,7 +12,7 @@
 namespace tolva::test {
 namespace {
 
-TEST(Mail, OfTwoSendersArrivesInEachOrderWithItsSender) {
+TEST(Mailbox, KeepsTheOrderOfEachSenderAndNamesIt) {
   constexpr std::uint32_t kEach = 2000;
   Mailbox senders[2];
   Correspondent reader;
@@ -20,16 +21,19 @@ TEST(Mail, OfTwoSendersArrivesInEachOrderWithItsSender) {
     for (std::uint32_t i = 0; i < kEach; ++i) EXPECT_TRUE(sender.SendMail(reader.GetOwn(), new PacketInternPing(i)));
   };
   const std::jthread a(send, std::ref(senders[0])), b(send, std::ref(senders[1]));
-  std::uint32_t next[2] = {0, 0};
-  while (next[0] + next[1] < 2 * kEach) {
+  std::map<const Mailbox*, std::uint32_t> received;
+  for (std::uint32_t i = 0; i < 2 * kEach; ++i) {
     const auto packet = reader.Next();
     ASSERT_NE(packet, nullptr);
-    EXPECT_EQ(PacketCast<PacketInternPing>(packet.get())->mUintTick, next[packet->mObjSource == &senders[1]]++);
+    std::uint32_t& count = received[packet->mObjSource];
+    EXPECT_EQ(PacketCast<PacketInternPing>(packet.get())->mUintTick, count);
+    ++count;
   }
-  EXPECT_EQ(next[0], kEach);
+  EXPECT_EQ(received[&senders[0]], kEach);
+  EXPECT_EQ(received[&senders[1]], kEach);
 }
 
-// Fails on every chat line and ends with a quit.
+// Throws on each chat line; a quit ends it.
 class FailingThread final : public ManagerThread {
  public:
   explicit FailingThread(Mailbox* mailbox) : ManagerThread(mailbox) { Start(); }
@@ -43,7 +47,7 @@ class FailingThread final : public ManagerThread {
   }
 };
 
-TEST(ThreadLoop, SurvivesAFailingPassAndReportsIt) {
+TEST(ManagerThread, ReportsAFailingPassAndGoesOn) {
   const TempDir dir;
   Mailbox mailbox;
   FailingThread thread(&mailbox);
