@@ -20,8 +20,8 @@ TEST(PngCheck, RefusesAPictureCutOrChangedAtAnyByte) {
   }
 }
 
-// Header fields and chunks that lie although all checksums are right.
-TEST(PngCheck, RefusesWhatADecoderCouldChokeOn) {
+// Header fields and chunks that are wrong although all checksums are right.
+TEST(PngCheck, RefusesInvalidHeadersAndChunks) {
   const auto header = [](std::uint32_t width, std::uint32_t height, const std::string& kind) {
     return MakeChunk("IHDR", BigEndian(width) + BigEndian(height) + kind);
   };

@@ -8,6 +8,7 @@
 #include <unistd.h>
 #include <zlib.h>
 
+#include "archive/ArchiveFormat.h"
 #include "archive/ArchiveIndex.h"
 #include "archive/PngCheck.h"
 #include "foundation/ByteOrder.h"
@@ -18,8 +19,8 @@
 namespace tolva {
 namespace {
 
-// Puts right checksums where a PNG's chunks have theirs: by chance the fuzzer would hardly ever find one.
-void MendChecksums(std::span<std::uint8_t> bytes) {
+// Corrects the checksums of a PNG's chunks, which the fuzzer would hardly ever find by chance.
+void CorrectChecksums(std::span<std::uint8_t> bytes) {
   for (std::size_t at = 8; at + 12 <= bytes.size();) {
     const std::size_t length = LoadBig32(&bytes[at]);
     if (length > bytes.size() - at - 12) return;
@@ -29,16 +30,16 @@ void MendChecksums(std::span<std::uint8_t> bytes) {
   }
 }
 
-// What passes the check must not trouble the decoder.
+// The decoder must cope with everything that passes the check.
 void Decode(const PngCheck& check) {
-  // Large pictures only cost time here.
+  // Large pictures would only take time.
   if (!check.IsSound() || check.GetHeader().width * check.GetHeader().height > 65536) return;
   SDL_RWops* stream = SDL_RWFromConstMem(check.GetBytes().data(), static_cast<int>(check.GetBytes().size()));
   const SurfacePtr picture(IMG_LoadPNG_RW(stream));
   SDL_RWclose(stream);
 }
 
-// The bytes as an index, and as the data that it tells of.
+// Reads the bytes both as an index and as its data file.
 void ReadArchive(std::span<const std::uint8_t> bytes) {
   static const int file = ::memfd_create("fuzz", 0);
   static const std::string path = "/proc/self/fd/" + std::to_string(file);
@@ -46,7 +47,7 @@ void ReadArchive(std::span<const std::uint8_t> bytes) {
   if (::ftruncate(file, size) != 0 || ::pwrite(file, bytes.data(), bytes.size(), 0) != size) std::abort();
   ArchiveIndex index;
   if (index.Read(path) == ArchiveIndex::State::Unreadable) std::abort();
-  if (index.GetEntries().size() > bytes.size() / 12) std::abort();
+  if (index.GetEntries().size() > bytes.size() / archive_format::kRecordSize) std::abort();
   const RegularFile data(path);
   for (const auto& [id, entry] : index.GetEntries()) {
     const PngCheck check(data, entry.offset);
@@ -61,7 +62,7 @@ void ReadArchive(std::span<const std::uint8_t> bytes) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   tolva::ReadArchive({data, size});
   std::vector<std::uint8_t> png(data, data + size);
-  tolva::MendChecksums(png);
+  tolva::CorrectChecksums(png);
   tolva::Decode(tolva::PngCheck(png));
   return 0;
 }

@@ -31,27 +31,28 @@ TEST_F(ArchiveTest, SaysInTheLogWhyAPictureIsMissing) {
   const std::string noPlace = "Image id found in index, but not in archive (Archive - LoadImage)\n";
   const std::string noPicture = "Failed to load picture from archive (Archive - LoadImage)\n";
   const struct {
+    const char* name;
     std::string message;  // empty: the picture loads
     std::string index;
     std::optional<std::string> data;
   } cases[] = {
-      {"", MakeIndex({{7, 3, 0}}), "abc" + png + "def"},
-      {noId, MakeIndex({{1, 0, 0}}), png},
-      {noFile, MakeIndex({{7, 0, 0}}), std::nullopt},
-      {noPlace, MakeIndex({{7, 0x80000000, 0}}), png},
-      {noPicture, MakeIndex({{7, 0x7FFFFFFF, 0}}), png},
-      {noPicture, MakeIndex({{7, 0, 0}}), "RIFF" + png},
-      {noPicture, MakeIndex({{7, 0, 0}}), png.substr(0, png.size() - 1)},
+      {"a picture", "", MakeIndex({{7, 3, 0}}), "abc" + png + "def"},
+      {"another id", noId, MakeIndex({{1, 0, 0}}), png},
+      {"no data file", noFile, MakeIndex({{7, 0, 0}}), std::nullopt},
+      {"offset beyond 2^31", noPlace, MakeIndex({{7, 0x80000000, 0}}), png},
+      {"offset beyond the file", noPicture, MakeIndex({{7, 0x7FFFFFFF, 0}}), png},
+      {"not a PNG file", noPicture, MakeIndex({{7, 0, 0}}), "RIFF" + png},
+      {"cut short", noPicture, MakeIndex({{7, 0, 0}}), png.substr(0, png.size() - 1)},
   };
   for (const auto& test : cases) {
+    SCOPED_TRACE(test.name);
     std::filesystem::remove("Graphics.cca");
     std::filesystem::remove("log.clf");
     WriteFile("Graphics.cci", test.index);
     if (test.data) WriteFile("Graphics.cca", *test.data);
-    const SurfacePtr picture = mArchive.LoadImage(7);
-    EXPECT_EQ(picture != nullptr, test.message.empty()) << &test - cases;
-    const std::string line = test.message.empty() ? "" : " 001 " + std::string(22, ' ') + test.message;
+    EXPECT_EQ(mArchive.LoadImage(7) != nullptr, test.message.empty());
     const std::string log = ReadFile("log.clf");
+    const std::string line = test.message.empty() ? "" : " 001 " + std::string(22, ' ') + test.message;
     EXPECT_EQ(log.substr(std::min(log.find(" 001 "), log.size())), line);
   }
 }
@@ -74,7 +75,7 @@ TEST_F(ArchiveTest, KeepsTheSeeThroughColorOfAPicture) {
   }
 }
 
-TEST_F(ArchiveTest, TheIconNeedsNoVideoMode) {
+TEST_F(ArchiveTest, DecodesTheIconWithoutAVideoMode) {
   WriteArchive("Graphics", 7, MakePng({.width = 32, .height = 32}));
   ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_VIDEO), 0);
   const SurfacePtr icon = mArchive.DecodeImage(7);

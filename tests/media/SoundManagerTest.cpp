@@ -23,10 +23,10 @@ class SoundManagerTest : public ::testing::Test {
     WriteFile("Sounds.cca", music + music + '\0');
     mSoundManager = std::make_unique<SoundManager>(&mMailbox);
   }
-  // SDL chooses its driver anew for the next test.
+  // Makes SDL choose its driver again for the next test.
   void TearDown() override { SDL_Quit(); }
 
-  // Sends the order and returns when it was carried out: the pause behind it is fetched in a later pass.
+  // Sends the order and waits until it has been carried out: a later pass fetches the pause that follows it.
   void Order(Packet* packet) {
     ASSERT_TRUE(mMailbox.Put(packet));
     ASSERT_TRUE(mMailbox.Put(new PacketMusicPause));
@@ -49,7 +49,7 @@ void CountLoudBytes(void*, Uint8* stream, int length) {
   for (int at = 0; at < length; ++at) gLoudBytes += stream[at] != 0 ? 1 : 0;
 }
 
-TEST_F(SoundManagerTest, PlaysAPieceOverAndOverUntilToldToStop) {
+TEST_F(SoundManagerTest, LoopsAPieceUntilItIsStopped) {
   Start();
   Order(new PacketMusicStop);
   Order(new PacketMusicPlay(1));
@@ -59,19 +59,19 @@ TEST_F(SoundManagerTest, PlaysAPieceOverAndOverUntilToldToStop) {
   EXPECT_TRUE(WaitUntil([] { return gLoudBytes > 5 * kPieceBytes; }));
   ASSERT_TRUE(std::filesystem::remove(kMusicFile));
   Order(new PacketMusicPlay(1));
-  EXPECT_FALSE(std::filesystem::exists(kMusicFile)) << "it plays already";
+  EXPECT_FALSE(std::filesystem::exists(kMusicFile)) << "it is playing already, so nothing is extracted";
   Order(new PacketMusicStop);
   EXPECT_EQ(Mix_PlayingMusic(), 0);
   Order(new PacketMusicPlay(1));
   EXPECT_EQ(Mix_PlayingMusic(), 1);
   Order(new PacketMusicPlay(7));
-  EXPECT_EQ(ReadFile(kMusicFile), ReadFile(TOLVA_TEST_MUSIC) + '\0') << "the piece that was asked for";
+  EXPECT_EQ(ReadFile(kMusicFile), ReadFile(TOLVA_TEST_MUSIC) + '\0') << "the requested piece";
   Quit();
   EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 0);
   EXPECT_FALSE(std::filesystem::exists(kMusicFile));
 }
 
-TEST_F(SoundManagerTest, WithoutAnAudioDeviceItIsSilentAndQuits) {
+TEST_F(SoundManagerTest, IsSilentAndQuitsWithoutAnAudioDevice) {
   ::setenv("SDL_AUDIODRIVER", "none that exists", 1);
   Start();
   Order(new PacketMusicPlay(1));
@@ -81,7 +81,7 @@ TEST_F(SoundManagerTest, WithoutAnAudioDeviceItIsSilentAndQuits) {
   const std::string log = ReadFile("log.clf");
   const std::string report = "in Module SoundManager - Method InitAudio\n";
   EXPECT_NE(log.find(report), std::string::npos) << log;
-  EXPECT_EQ(log.find(report), log.rfind(report));
+  EXPECT_EQ(log.find(report), log.rfind(report)) << "reported once";
 }
 
 }  // namespace

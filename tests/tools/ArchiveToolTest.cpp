@@ -22,26 +22,34 @@ TEST(PictureCheck, RefusesWhatTheClientWouldShowWrongly) {
   constexpr auto kPalette = PngColor::Palette;
   const Bytes key{0, 255, 0, 0, 0, 255}, twoColors{255, 0, 255, 0, 0, 0};  // magenta and black
   const struct {
+    const char* name;
     const char* fault;  // a part of the reason; empty for a good picture
     TestPicture picture;
   } cases[] = {
-      {"", {.seeThrough = key, .samples = {255, 0, 255, 247, 0, 255, 255, 4, 255}}},
-      {"", {.color = PngColor::Gray, .bitDepth = 1}},
-      {"", {.color = kPalette, .bitDepth = 1, .palette = twoColors, .seeThrough = {0}, .samples = {0xF0}}},
-      {"alpha channel", {.color = PngColor::Rgba}},
-      {"8 bits per sample", {.bitDepth = 16}},
-      {"gray", {.color = PngColor::Gray, .seeThrough = {0, 255}}},
-      {"transparent color is (255,0,254)", {.seeThrough = {0, 255, 0, 0, 0, 254}}},
-      {"pixel at 1,0, (248,3,248)", {.seeThrough = key, .samples = {9, 9, 9, 248, 3, 248}}},
-      {"entry is (0,0,0)", {.color = kPalette, .palette = Bytes(6), .seeThrough = {0}}},
-      {"exactly one", {.color = kPalette, .palette = twoColors, .seeThrough = {0, 0}}},
-      {"partly", {.color = kPalette, .palette = twoColors, .seeThrough = {0, 128}}},
-      {"entry 1, (250,2,249)", {.color = kPalette, .palette = {255, 0, 255, 250, 2, 249}, .seeThrough = {0}}},
+      {"colors next to the key", "", {.seeThrough = key, .samples = {255, 0, 255, 247, 0, 255, 255, 4, 255}}},
+      {"gray", "", {.color = PngColor::Gray, .bitDepth = 1}},
+      {"see-through entry",
+       "",
+       {.color = kPalette, .bitDepth = 1, .palette = twoColors, .seeThrough = {0}, .samples = {0xF0}}},
+      {"alpha", "alpha channel", {.color = PngColor::Rgba}},
+      {"16 bits", "8 bits per sample", {.bitDepth = 16}},
+      {"gray key", "transparent gray", {.color = PngColor::Gray, .seeThrough = {0, 255}}},
+      {"other key", "transparent color is (255,0,254)", {.seeThrough = {0, 255, 0, 0, 0, 254}}},
+      {"opaque pixel like the key",
+       "pixel at 1,0, (248,3,248)",
+       {.seeThrough = key, .samples = {9, 9, 9, 248, 3, 248}}},
+      {"other see-through entry", "entry is (0,0,0)", {.color = kPalette, .palette = Bytes(6), .seeThrough = {0}}},
+      {"two see-through entries", "exactly one", {.color = kPalette, .palette = twoColors, .seeThrough = {0, 0}}},
+      {"half-transparent entry", "partly", {.color = kPalette, .palette = twoColors, .seeThrough = {0, 128}}},
+      {"opaque entry like the key",
+       "entry 1, (250,2,249)",
+       {.color = kPalette, .palette = {255, 0, 255, 250, 2, 249}, .seeThrough = {0}}},
   };
   for (const auto& test : cases) {
+    SCOPED_TRACE(test.name);
     const std::string fault = FaultOf(MakePng(test.picture));
     EXPECT_PRED_FORMAT2(IsSubstring, test.fault, fault);
-    EXPECT_EQ(fault.empty(), *test.fault == '\0') << fault;
+    EXPECT_EQ(fault.empty(), *test.fault == '\0');
   }
 }
 
@@ -50,15 +58,15 @@ TEST(PictureCheck, RefusesDamagedPixels) {
   const std::string head = png.substr(0, png.find("IDAT") - 4);
   EXPECT_EQ(FaultOf(png + "x"), "it has more bytes after its end chunk");
   EXPECT_EQ(FaultOf(head + MakeChunk("IDAT", "no pixels") + MakeChunk("IEND", "")), "its pixels are damaged");
-  const std::string poor = MakePng({.color = PngColor::Palette, .palette = Bytes(3), .samples = {0, 0, 0, 0, 0, 1}});
-  EXPECT_EQ(FaultOf(poor), "row 1 uses a color that its palette does not have");
+  const std::string noEntry = MakePng({.color = PngColor::Palette, .palette = Bytes(3), .samples = {0, 0, 0, 0, 0, 1}});
+  EXPECT_EQ(FaultOf(noEntry), "row 1 uses a color that its palette does not have");
 }
 
 class ArchiveToolTest : public ::testing::Test {
  protected:
   ArchiveToolTest() { std::filesystem::create_directory("in"); }
 
-  // Runs the program; its exit code.
+  // Runs the program and returns its exit code.
   static int RunTool(const std::string& arguments) {
     const int status = std::system((TOLVA_ARCHIVE_PROGRAM " " + arguments + " >out.txt 2>err.txt").c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -86,7 +94,7 @@ TEST_F(ArchiveToolTest, PacksListsAndExtracts) {
   EXPECT_EQ(ReadFile("piece.ogg"), music);
 }
 
-TEST_F(ArchiveToolTest, ARefusedFileIsNamedAndLeavesTheOldArchiveAlone) {
+TEST_F(ArchiveToolTest, NamesARefusedFileAndKeepsTheOldArchive) {
   const struct {
     std::string name, content;
     const char* reason;
@@ -119,13 +127,14 @@ TEST_F(ArchiveToolTest, ARefusedFileIsNamedAndLeavesTheOldArchiveAlone) {
   EXPECT_EQ(RunTool("pack in Old"), 1);
   EXPECT_EQ(ReadFile("Old.cci"), "old index");
   EXPECT_EQ(ReadFile("Old.cca"), "old data");
-  EXPECT_FALSE(std::filesystem::exists("Old.cca.part") || std::filesystem::exists("Old.cci.part"));
+  EXPECT_FALSE(std::filesystem::exists("Old.cca.part"));
+  EXPECT_FALSE(std::filesystem::exists("Old.cci.part"));
 }
 
-TEST_F(ArchiveToolTest, ADamagedArchiveIsSaidToBeOne) {
-  EXPECT_EQ(RunTool("list Graphics"), 1);
+TEST_F(ArchiveToolTest, ReportsADamagedArchive) {
+  EXPECT_EQ(RunTool("list Graphics"), 1) << "no index";
   WriteFile("Graphics.cci", MakeIndex({{1, 0, 8}, {2, 4, 8}, {3, 8, 20}, {4, 0xFFFFFFFF, 1}}));
-  EXPECT_EQ(RunTool("list Graphics"), 1);
+  EXPECT_EQ(RunTool("list Graphics"), 1) << "no data file";
   WriteFile("Graphics.cca", kFont + MakePng({}).substr(0, 40));
   EXPECT_EQ(RunTool("list Graphics"), 1);
   EXPECT_PRED_FORMAT2(IsSubstring, "broken entries: 2\n", ReadFile("err.txt"));
@@ -135,10 +144,10 @@ TEST_F(ArchiveToolTest, ADamagedArchiveIsSaidToBeOne) {
   }
   EXPECT_EQ(RunTool("extract Graphics 4 x"), 1);
   WriteFile("Graphics.cci", "torn");
-  EXPECT_EQ(RunTool("list Graphics"), 1);
+  EXPECT_EQ(RunTool("list Graphics"), 1) << "a torn index";
 }
 
-TEST_F(ArchiveToolTest, AnswersUsageWithItsOwnExitCodes) {
+TEST_F(ArchiveToolTest, ExitsWithACodeOfItsOwnForWrongUsage) {
   for (const char* const good : {"--help", "--version"}) EXPECT_EQ(RunTool(good), 0) << good;
   for (const char* const bad :
        {"", "mend", "pack in", "extract Graphics 4294967296 x", "pack in out --file 0=font.ttf"})
