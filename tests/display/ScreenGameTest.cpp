@@ -7,7 +7,7 @@
 #include "foundation/Ticks.h"
 #include "protocol/FieldPosition.h"
 #include "support/Golden.h"
-#include "world/SyncWorld.h"
+#include "support/SyncWorld.h"
 
 namespace tolva::test {
 namespace {
@@ -62,7 +62,7 @@ class ScreenGameTest : public DisplayFixture {
     Show(screen, position);
   }
   static void Show(ScreenGame& screen, const FieldPosition& position) {
-    screen.HandlePacket(At<PacketCharPosition>(position).Clone());
+    screen.HandlePacket(PacketCharPosition(position).Clone());
     screen.HandlePacket(new PacketInternStatus(49, 49));
   }
   void Press(SDLKey key, Uint8 type = SDL_KEYDOWN) {
@@ -97,11 +97,9 @@ TEST_F(ScreenGameTest, ShowsTheWorldAroundThePlayerAndWhatIsSaid) {
   home.AddCharacter(&mWorld.player);
   Field& west = *mWorld.player.GetField()->GetNeighbor(Direction::West);
   mWorld.player.GetField()->GetNeighbor(Direction::East)->SetVoluId(kTree);
-  auto speech = At<PacketGameChatMsg>({kStart, west.GetFx(), west.GetFy()});
-  mWorld.sync.AddChar(At<PacketAddChar>(speech));
+  const PacketGameChatMsg speech({kStart, west.GetFx(), west.GetFy()}, "Berta", "Good morning!");
+  mWorld.sync.AddChar(PacketAddChar(speech));
   EXPECT_TRUE(Matches("silence"));
-  CopyText(speech.mStrMsg, "Good morning!");
-  CopyText(speech.mStrUser, "Berta");
   mWorld.sync.ShowChatMessage(speech);
   EXPECT_TRUE(Matches("speech"));
   ClientCharacter::On(west)->SetMessageTick(GetTicks() - 10001);
@@ -259,7 +257,7 @@ TEST_F(ScreenGameTest, TheGroundIsAlwaysThePlacesOwn) {
   };
   const auto place = [&](AreaPosition area) {
     for (Uint32 steps = dice(4); steps > 0; --steps) area = NextArea(area, kSteps[dice(8)]);
-    const auto placement = At<PacketCharPosition>({area, Uint8(dice(24)), Uint8(dice(24))});
+    const PacketCharPosition placement({area, Uint8(dice(24)), Uint8(dice(24))});
     ASSERT_TRUE(mWorld.sync.SynchronizeMap(placement));
     mail.push_back(std::make_unique<PacketInternStatus>(0, 49));
     mail.emplace_back(placement.Clone());
@@ -332,12 +330,12 @@ TEST_F(ScreenGameTest, CanBeDrawnWhileTheWorldChangesAndGivesItBackAfterAnError)
     std::mt19937 random(7);
     const auto at = [&] { return FieldPosition{mWorld.map.GetCenterArea()->GetPosition(), Uint8(random() % 24), 23}; };
     while (!stop.stop_requested()) {
-      auto speech = At<PacketGameChatMsg>(at());
+      PacketGameChatMsg speech(at(), "", "");
       for (std::size_t i = random() % 1023; i > 0; --i) speech.mStrMsg[i - 1] = char(random() % 255 + 1);
-      mWorld.sync.AddChar(At<PacketAddChar>(at()));
+      mWorld.sync.AddChar(PacketAddChar(at()));
       mWorld.sync.ShowChatMessage(speech);
       mMailbox.Put(speech.Clone());
-      mWorld.sync.MoveChar(At<PacketMove>({at(), kStart.mByFx, Uint8(count++ % 24)}, Direction::NorthEast));
+      mWorld.sync.MoveChar(PacketMove({at(), kStart.mByFx, Uint8(count++ % 24)}, Direction::NorthEast));
     }
   });
   for (int frame = 0; frame < 60; ++frame) {

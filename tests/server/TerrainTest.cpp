@@ -2,7 +2,7 @@
 
 #include "server/terrain/Landscape.h"
 #include "server/terrain/World.h"
-#include "world/SyncWorld.h"
+#include "support/SyncWorld.h"
 
 namespace tolva {
 namespace {
@@ -89,7 +89,7 @@ TEST(TerrainTest, MapsAreTheSameHoweverOneCame) {
   Traveller walker(1, ToPosition({0, kHome.y}));
   for (int step = 0; step < 10000; ++step) {
     const auto way = static_cast<Direction>(HashOf(1, step / 20, 0) % kDirectionCount);
-    walker.sync.MoveChar(test::At<PacketMove>(PositionOf(*walker.player.GetField()), way));
+    walker.sync.MoveChar(PacketMove(PositionOf(*walker.player.GetField()), way));
     walker.Answer();
   }
   const Traveller fresh(1, PositionOf(*walker.player.GetField()));

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
+#include "protocol/WorldPoint.h"
 #include "world/ClientMap.h"
 
-namespace tolva {
+namespace tolva::test {
 namespace {
 
-constexpr int kStepX[] = {-1, 0, 1, 1, 1, 0, -1, -1};
-constexpr int kStepY[] = {1, 1, 1, 0, -1, -1, -1, 0};
+constexpr int kMapFields = kMapEdge * kAreaEdge;
 
 // Null outside the map.
 Area* AreaAt(const ClientMap& map, int r, int c) {
@@ -14,59 +14,67 @@ Area* AreaAt(const ClientMap& map, int r, int c) {
 }
 
 Field* FieldAt(const ClientMap& map, int x, int y) {
-  Area* area = x < 0 || y < 0 ? nullptr : AreaAt(map, x / 24, y / 24);
-  return area == nullptr ? nullptr : &area->GetFields()[static_cast<std::size_t>(x % 24 * 24 + y % 24)];
+  Area* area = x < 0 || y < 0 ? nullptr : AreaAt(map, x / kAreaEdge, y / kAreaEdge);
+  return area == nullptr
+             ? nullptr
+             : area->GetField(static_cast<std::uint8_t>(x % kAreaEdge), static_cast<std::uint8_t>(y % kAreaEdge));
 }
 
-// Each area lies in the world where the centre says, over the borders of regions.
+// Each area's position follows from the center's, across the borders of regions.
 void ExpectPlaced(const ClientMap& map) {
-  const AreaPosition center = map.GetCenterArea()->GetPosition();
-  const auto number = [](std::uint32_t region, int area) { return (std::uint64_t{region} * 8 + area) % (8ull << 32); };
-  for (int i = 0; i < 49; ++i) {
-    const AreaPosition& position = AreaAt(map, i / 7, i % 7)->GetPosition();
-    ASSERT_EQ(number(position.mUintRx, position.mByAx + 3), number(center.mUintRx, center.mByAx + i / 7));
-    ASSERT_EQ(number(position.mUintRy, position.mByAy + 3), number(center.mUintRy, center.mByAy + i % 7));
-    ASSERT_TRUE(position.mByAx < 8 && position.mByAy < 8 && position.mByLevel == center.mByLevel);
-    ASSERT_EQ(map.GetArea(position), AreaAt(map, i / 7, i % 7));
+  const AreaPosition first = AreaAt(map, 0, 0)->GetPosition();
+  for (int i = 0; i < kMapAreas; ++i) {
+    SCOPED_TRACE(i);
+    const AreaPosition& position = AreaAt(map, i / kMapEdge, i % kMapEdge)->GetPosition();
+    ASSERT_EQ(CountAreasAhead(first, position).x, i / kMapEdge);
+    ASSERT_EQ(CountAreasAhead(first, position).y, i % kMapEdge);
+    ASSERT_TRUE(IsInRange({position, 0, 0}));
+    ASSERT_EQ(position.mByLevel, first.mByLevel);
+    ASSERT_EQ(map.GetArea(position), AreaAt(map, i / kMapEdge, i % kMapEdge));
   }
 }
 
-// Each field's neighbours lie one step away, and are missing only where the map ends.
+// Each field's neighbors are one step away, and missing only where the map ends.
 void ExpectLinked(const ClientMap& map) {
-  for (int i = 0; i < 168 * 168; ++i) {
-    const Field* field = FieldAt(map, i / 168, i % 168);
+  for (int i = 0; i < kMapFields * kMapFields; ++i) {
+    const int x = i / kMapFields, y = i % kMapFields;
+    const Field* field = FieldAt(map, x, y);
     ASSERT_EQ(field->GetArea()->GetField(field->GetFx(), field->GetFy()), field);
-    for (int d = 0; d < 8; ++d) {
-      ASSERT_EQ(field->GetNeighbor(static_cast<Direction>(d)), FieldAt(map, i / 168 + kStepX[d], i % 168 + kStepY[d]));
+    for (const Direction direction : kDirections) {
+      const Step step = StepIn(direction);
+      ASSERT_EQ(field->GetNeighbor(direction), FieldAt(map, x + step.x, y + step.y));
     }
   }
 }
 
-TEST(ClientMapTest, ShiftsKeptAreasAndBringsInEmptyOnes) {
-  for (int d = 0; d < 8; ++d) {
-    SCOPED_TRACE(d);
+TEST(ClientMapTest, ShiftKeepsAreasAndBringsInEmptyOnes) {
+  for (const Direction direction : kDirections) {
+    SCOPED_TRACE(static_cast<std::uint32_t>(direction));
     ClientMap map;
     map.SetMapCoordinatesByCenter({0, 0xFFFFFFFF, 0, 5, -128});
-    Area* before[7][7];
-    for (int i = 0; i < 49; ++i) {
-      before[i / 7][i % 7] = AreaAt(map, i / 7, i % 7);
-      before[i / 7][i % 7]->SetVersion(7);
+    Area* before[kMapEdge][kMapEdge];
+    for (int i = 0; i < kMapAreas; ++i) {
+      before[i / kMapEdge][i % kMapEdge] = AreaAt(map, i / kMapEdge, i % kMapEdge);
+      before[i / kMapEdge][i % kMapEdge]->SetVersion(7);
     }
-    map.ShiftAreas(static_cast<Direction>(d));
-    for (int i = 0; i < 49; ++i) {
-      const int oldR = i / 7 - kStepX[d];
-      const int oldC = i % 7 - kStepY[d];
-      if (oldR >= 0 && oldR < 7 && oldC >= 0 && oldC < 7) {
-        ASSERT_EQ(AreaAt(map, i / 7, i % 7), before[oldR][oldC]);
-      } else {
-        ASSERT_EQ(AreaAt(map, i / 7, i % 7)->GetVersion(), 0);
+    map.ShiftAreas(direction);
+    const Step step = StepIn(direction);
+    for (int i = 0; i < kMapAreas; ++i) {
+      const int r = i / kMapEdge, c = i % kMapEdge;
+      const int oldR = r - step.x, oldC = c - step.y;
+      const bool isKept = AreaAt(map, oldR, oldC) != nullptr;
+      ASSERT_EQ(AreaAt(map, r, c)->GetVersion(), isKept ? 7 : 0);
+      if (isKept) {
+        ASSERT_EQ(AreaAt(map, r, c), before[oldR][oldC]);
       }
     }
-    for (int i = 0; i < 5; ++i) map.ShiftAreas(static_cast<Direction>((d + 3 * i) % 8));
+    for (std::uint32_t turn = 0; turn < 5; ++turn) {
+      map.ShiftAreas(kDirections[(static_cast<std::uint32_t>(direction) + 3 * turn) % kDirectionCount]);
+    }
     ExpectPlaced(map);
     ExpectLinked(map);
   }
 }
 
 }  // namespace
-}  // namespace tolva
+}  // namespace tolva::test

@@ -2,31 +2,29 @@
 #include <random>
 #include <thread>
 
-#include "world/SyncWorld.h"
+#include "support/SyncWorld.h"
 
-namespace tolva {
+namespace tolva::test {
 namespace {
 
-using test::At;
-
-// A server that sends whatever it likes: mostly places on the map, so that something happens, and else any bytes.
-struct WildServer : test::SyncWorld {
-  WildServer() { Place({{0, 0xFFFFFFFF, 0, 7, 0}, 0, 23}); }
+// A server that sends random packets: mostly for places on the map, so that they change something.
+struct RandomServer : SyncWorld {
+  RandomServer() { Place({{0, 0xFFFFFFFF, 0, 7, 0}, 0, 23}); }
 
   void SendOne() {
     const std::uint32_t kind = Random() % 1000;
     if (kind < 3) {
       if (Place(AnyPosition())) ++placements;
     } else if (kind < 300) {
-      sync.AddChar(At<PacketAddChar>(AnyPosition()));
+      sync.AddChar(PacketAddChar(AnyPosition()));
     } else if (kind < 500) {
-      sync.RemoveChar(At<PacketRemoveChar>(AnyPosition()));
+      sync.RemoveChar(PacketRemoveChar(AnyPosition()));
     } else if (kind < 520) {
-      sync.ShowChatMessage(At<PacketGameChatMsg>(AnyPosition()));
+      sync.ShowChatMessage(PacketGameChatMsg(AnyPosition(), "ann", "hello"));
     } else {
       const Field* field = kind < 620 ? player.GetField() : nullptr;
       const Area* center = map.GetCenterArea();
-      sync.MoveChar(At<PacketMove>(field == nullptr ? AnyPosition() : PositionOf(*field), AnyDirection()));
+      sync.MoveChar(PacketMove(field == nullptr ? AnyPosition() : PositionOf(*field), AnyDirection()));
       if (map.GetCenterArea() != center) ++shifts;
     }
   }
@@ -34,24 +32,24 @@ struct WildServer : test::SyncWorld {
   static FieldPosition PositionOf(const Field& field) {
     return {field.GetArea()->GetPosition(), field.GetFx(), field.GetFy()};
   }
-  // Mostly near the borders of areas, where steps cross them and characters meet.
+  // Mostly near the edges of areas, where steps cross into others.
   FieldPosition AnyPosition() {
     const auto byte = [&] { return static_cast<std::uint8_t>(Random() >> 8); };
-    const auto border = [&] { return static_cast<std::uint8_t>((21 + Random() % 6) % 24); };
-    const AreaPosition area = map.GetAreaAt(Random() % 7, Random() % 7)->GetPosition();
+    const auto nearEdge = [&] { return static_cast<std::uint8_t>((kAreaEdge - 3 + Random() % 6) % kAreaEdge); };
+    const AreaPosition area = map.GetAreaAt(Random() % kMapEdge, Random() % kMapEdge)->GetPosition();
     const std::uint32_t kind = Random() % 16;
     if (kind == 0) return {{Random(), area.mUintRy, byte(), byte(), static_cast<std::int8_t>(byte())}, byte(), byte()};
     if (kind == 1) return {area, byte(), byte()};
-    if (kind == 2) return {{Random(), area.mUintRy, area.mByAx, area.mByAy, area.mByLevel}, border(), border()};
-    return {area, border(), border()};
+    if (kind == 2) return {{Random(), area.mUintRy, area.mByAx, area.mByAy, area.mByLevel}, nearEdge(), nearEdge()};
+    return {area, nearEdge(), nearEdge()};
   }
   Direction AnyDirection() { return static_cast<Direction>(Random() % 16 == 0 ? Random() : Random() % 8); }
 
-  // Each character stands on exactly one field, and nobody stands there who is not the map's or the player's.
-  void ExpectSound() {
+  // Every character on the map stands on one field and is owned by the map or is the player's.
+  void ExpectConsistent() {
     std::size_t standing = 0;
-    for (std::uint8_t i = 0; i < 49; ++i) {
-      for (const Field& field : map.GetAreaAt(i / 7, i % 7)->GetFields()) {
+    for (std::uint8_t i = 0; i < kMapAreas; ++i) {
+      for (const Field& field : map.GetAreaAt(i / kMapEdge, i % kMapEdge)->GetFields()) {
         if (field.GetCharacter() == nullptr) continue;
         ++standing;
         ASSERT_EQ(field.GetCharacter()->GetField(), &field);
@@ -62,7 +60,7 @@ struct WildServer : test::SyncWorld {
     ASSERT_TRUE(playersArea == nullptr || playersArea == map.GetCenterArea());
   }
 
-  // As the game view does: walk the links across the map, animate whoever stands there.
+  // Walks the links across the map and animates characters, as the game view does.
   std::size_t Draw() {
     const SemaphoreLock lock(repository);
     std::size_t seen = 0;
@@ -84,18 +82,18 @@ struct WildServer : test::SyncWorld {
 };
 
 TEST(WorldStressTest, SurvivesAnythingAServerSends) {
-  WildServer server;
+  RandomServer server;
   for (int i = 1; i <= 200'000; ++i) {
     server.SendOne();
     if (i % 4'000 != 0) continue;
-    ASSERT_NO_FATAL_FAILURE(server.ExpectSound()) << "after " << i;
+    ASSERT_NO_FATAL_FAILURE(server.ExpectConsistent()) << "after " << i;
   }
-  EXPECT_GT(server.shifts, 100) << "or the test did not test much";
-  EXPECT_GT(server.placements, 100);
+  EXPECT_GT(server.shifts, 100) << "the test needs many";
+  EXPECT_GT(server.placements, 100) << "the test needs many";
 }
 
 TEST(WorldStressTest, CanBeDrawnWhileItChanges) {
-  WildServer server;
+  RandomServer server;
   std::atomic<bool> isDone = false;
   std::atomic<int> frames = 0;
   std::thread display([&] {
@@ -104,8 +102,8 @@ TEST(WorldStressTest, CanBeDrawnWhileItChanges) {
   for (int i = 0; i < 10'000 || frames < 50; ++i) server.SendOne();
   isDone = true;
   display.join();
-  server.ExpectSound();
+  server.ExpectConsistent();
 }
 
 }  // namespace
-}  // namespace tolva
+}  // namespace tolva::test

@@ -11,22 +11,14 @@
 
 namespace tolva::test {
 
-// The packet with the position filled in.
-template <typename PacketX>
-PacketX At(const FieldPosition& position, Direction direction = Direction::None) {
-  PacketX packet;
-  static_cast<FieldPosition&>(packet) = position;
-  if constexpr (requires { packet.mEnmDirection; }) packet.mEnmDirection = direction;
-  return packet;
-}
-
-// A synchronised world in a directory of its own, without cache until somebody makes it; what is sent is kept.
+// A client's world and its synchronizer, in a working directory of its own. Has no cache until a test creates the
+// directory "area". Keeps what is sent.
 struct SyncWorld {
   using Packets = std::vector<std::unique_ptr<Packet>>;
 
   std::function<void(std::unique_ptr<Packet>)> Into(Packets& packets) {
     return [&](std::unique_ptr<Packet> packet) {
-      const SemaphoreLock lock(repository);  // waits for ever if it is still held
+      const SemaphoreLock lock(repository);  // waits forever if the sender still holds it
       packets.push_back(std::move(packet));
     };
   }
@@ -35,11 +27,11 @@ struct SyncWorld {
       if (auto request = waiting.front()()) Into(toServer)(std::move(request));
     }
   }
-  // Places the player after forgetting what was sent.
+  // Forgets what was sent, then places the player.
   bool Place(const FieldPosition& position) {
     toServer.clear();
     toDisplay.clear();
-    return sync.SynchronizeMap(At<PacketCharPosition>(position));
+    return sync.SynchronizeMap(PacketCharPosition(position));
   }
 
   const TempDir directory;
@@ -49,7 +41,7 @@ struct SyncWorld {
   ClientCharacter& player = repository.GetPlayer();
   Packets toServer;
   Packets toDisplay;
-  // What has been asked for and not made yet; without `delaysRequests` each is made at once.
+  // The queued requests; unless `delaysRequests` is set, each is made at once.
   std::deque<WorldSynchronizer::MakeRequest> waiting;
   bool delaysRequests = false;
   WorldSynchronizer sync{repository,
