@@ -72,6 +72,7 @@ class ControlBasic {
 
   // ---- Look ----
 
+  void SetBackgroundColor(Rgb color) { SetBackgroundColor(color.r, color.g, color.b); }
   // Tiled over the surface; null shows the background color.
   void SetBackgroundSurface(SDL_Surface* surface);
   Rgb GetBackgroundColor() const { return mBackgroundColor; }

@@ -15,12 +15,14 @@ class ControlButton : public ControlLabel {
 
   ControlButton(std::uint32_t id, SDL_Surface* parentSurface, void* context, ControlCallback callback);
 
+  using ControlLabel::SetBackgroundColor;
   // The color while released.
   void SetBackgroundColor(std::uint8_t r, std::uint8_t g, std::uint8_t b) override;
   void Refresh(bool recursive) override;
   void SdlEventHandler(SDL_Event event) override;
 
   void SetBackgroundColorPressed(std::uint8_t r, std::uint8_t g, std::uint8_t b);
+  void SetBackgroundColorPressed(Rgb color) { SetBackgroundColorPressed(color.r, color.g, color.b); }
   // Shown instead of the colors; null for none. The caller keeps them.
   void SetSurfacePressed(SDL_Surface* surface);
   void SetSurfaceUnpressed(SDL_Surface* surface);

@@ -159,14 +159,13 @@ void ControlListBox::DeleteEntryLabels() {
 void ControlListBox::AddLabel(int index, int x, int y, int width, const std::string& text, Rgb color) {
   auto label = std::make_unique<ControlLabel>(kFirstLabelId + static_cast<std::uint32_t>(index), GetBaseSurface(),
                                               static_cast<ControlBasic*>(this), CallbackWrapper);
-  const Rgb background = GetBackgroundColor();
   label->SetRefreshEnabled(false);
   label->SetPosition(x, y, width, kRowHeight);
   label->SetText(text.c_str());
-  label->SetBackgroundColor(background.r, background.g, background.b);
+  label->SetBackgroundColor(GetBackgroundColor());
   // The last setter renders once for all.
   label->SetRefreshEnabled(true);
-  label->SetForegroundColor(color.r, color.g, color.b);
+  label->SetForegroundColor(color);
   AddSubControl(label.release());
 }
 

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "controls/ControlButton.h"
+#include "controls/PartColors.h"
 #include "foundation/Guard.h"
 
 namespace tolva {
@@ -17,27 +18,24 @@ constexpr std::uint32_t kDecrementButtonId = 1;
 constexpr std::uint32_t kTrackId = 2;
 constexpr std::uint32_t kThumbId = 3;
 
-constexpr Rgb kLight{214, 211, 206};
-constexpr Rgb kDark{132, 130, 132};
-
 }  // namespace
 
 ControlScrollbar::ControlScrollbar(std::uint32_t id, SDL_Surface* parentSurface, void* context,
                                    ControlCallback callback)
     : ControlBasic(id, parentSurface, context, callback) {
   GuardControl(kModule, "ControlScrollbar", [&] {
-    mIncrementButton = CreateButton(*this, kIncrementButtonId, kLight);
-    mDecrementButton = CreateButton(*this, kDecrementButtonId, kLight);
+    mIncrementButton = CreateButton(*this, kIncrementButtonId, kPartColor);
+    mDecrementButton = CreateButton(*this, kDecrementButtonId, kPartColor);
     mTrack = CreateInto<ControlLabel>(*this, kTrackId);
-    mThumb = CreateButton(*mTrack, kThumbId, kDark);
+    mThumb = CreateButton(*mTrack, kThumbId, kPressedPartColor);
     mThumb->SetEnabled(false);
   });
 }
 
 ControlButton* ControlScrollbar::CreateButton(ControlBasic& container, std::uint32_t id, Rgb unpressed) {
   auto* button = CreateInto<ControlButton>(container, id);
-  button->SetBackgroundColor(unpressed.r, unpressed.g, unpressed.b);
-  button->SetBackgroundColorPressed(kDark.r, kDark.g, kDark.b);
+  button->SetBackgroundColor(unpressed);
+  button->SetBackgroundColorPressed(kPressedPartColor);
   return button;
 }
 

@@ -19,7 +19,7 @@ SharedFont& GetFontKeeper() {
 ControlTextBasic::ControlTextBasic(std::uint32_t id, SDL_Surface* parentSurface, void* context,
                                    ControlCallback callback)
     : ControlBasic(id, parentSurface, context, callback), mFontUser(GetFontKeeper(), kModule, "ControlTextBasic") {
-  GuardControl(kModule, "ControlTextBasic", [&] { SetForegroundColor(0, 0, 0); });
+  GuardControl(kModule, "ControlTextBasic", [&] { SetForegroundColor(kBlack); });
 }
 
 TTF_Font* ControlTextBasic::LoadFont(const char* fileName, int pointSize) {

@@ -20,6 +20,7 @@ class ControlTextBasic : public ControlBasic {
   static TTF_Font* GetFont();
 
   void SetForegroundColor(std::uint8_t r, std::uint8_t g, std::uint8_t b);
+  void SetForegroundColor(Rgb color) { SetForegroundColor(color.r, color.g, color.b); }
   Rgb GetForegroundColor() const { return mForegroundColor; }
   void SetUnderline(bool underline);
 

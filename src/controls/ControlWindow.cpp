@@ -1,6 +1,7 @@
 #include "controls/ControlWindow.h"
 
 #include "controls/ControlButton.h"
+#include "controls/PartColors.h"
 #include "foundation/Guard.h"
 
 namespace tolva {
@@ -12,6 +13,7 @@ constexpr char kModule[] = "ControlWindow";
 constexpr std::uint32_t kCloseButtonId = 0;
 constexpr std::uint32_t kCaptionBarId = 1;
 constexpr int kCloseButtonSize = 14;
+constexpr Rgb kCaptionColor{41, 65, 132};
 
 }  // namespace
 
@@ -20,14 +22,14 @@ ControlWindow::ControlWindow(std::uint32_t id, SDL_Surface* parentSurface, void*
   GuardControl(kModule, "ControlWindow", [&] {
     mCaptionBar = CreateInto<ControlLabel>(*this, kCaptionBarId);
     mCaptionBar->SetAlignment(ControlLabel::kMiddleLeft);
-    mCaptionBar->SetBackgroundColor(41, 65, 132);
-    mCaptionBar->SetForegroundColor(255, 255, 255);
+    mCaptionBar->SetBackgroundColor(kCaptionColor);
+    mCaptionBar->SetForegroundColor(kWhite);
     mCaptionBar->SetHeight(GetCaptionHeight());
     mCloseButton = CreateInto<ControlButton>(*mCaptionBar, kCloseButtonId);
     mCloseButton->SetAlignment(ControlLabel::kMiddleCenter);
-    mCloseButton->SetBackgroundColor(214, 211, 206);
-    mCloseButton->SetBackgroundColorPressed(132, 130, 132);
-    mCloseButton->SetForegroundColor(0, 0, 0);
+    mCloseButton->SetBackgroundColor(kPartColor);
+    mCloseButton->SetBackgroundColorPressed(kPressedPartColor);
+    mCloseButton->SetForegroundColor(kBlack);
     mCloseButton->SetSize(kCloseButtonSize, kCloseButtonSize);
     mCloseButton->SetY((GetCaptionHeight() - kCloseButtonSize) / 2);
     Refresh(true);

@@ -7,7 +7,6 @@
 #include "controls/ControlLabel.h"
 #include "controls/MouseWheel.h"
 #include "display/BottomStrip.h"
-#include "display/Component.h"
 #include "display/PictureIds.h"
 #include "sdl/Copy.h"
 #include "sdl/SdlError.h"
@@ -207,10 +206,10 @@ void MessageHistory::PaintText(const std::string& text, int x, int y, int width,
   label.SetRefreshEnabled(false);
   label.SetPosition(x, y, width, kRowHeight);
   label.SetText(text.c_str());
-  label.SetBackgroundColor(0, 0, 0);
+  label.SetBackgroundColor(kBlack);
   // The last setter renders once for all.
   label.SetRefreshEnabled(true);
-  label.SetForegroundColor(color.r, color.g, color.b);
+  label.SetForegroundColor(color);
   label.Blit();
 }
 
