@@ -7,8 +7,8 @@
 
 namespace tolva {
 
-// A control with a text color and a text style. All text controls share one font: the first control starts the font
-// library, the last one to go closes the font and ends the library.
+// A control with a text color and a text style. All text controls share one font. It stays open, and the font library
+// runs, while there is a text control.
 class ControlTextBasic : public ControlBasic {
  public:
   ControlTextBasic(std::uint32_t id, SDL_Surface* parentSurface, void* context, ControlCallback callback);

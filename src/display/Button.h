@@ -10,8 +10,8 @@ namespace tolva {
 
 class InfoHandler;
 
-// A button that looks pressed or released. Its picture holds both looks, each as high as the button, the pressed one
-// below the released one.
+// A button that looks pressed or released. The upper half of its picture is the released look, the lower half the
+// pressed one; each is as high as the button.
 class Button : public Widget {
  public:
   // Starts released. `pictureId` is an entry of the archive "Graphics"; if it is missing, the button works and shows

@@ -15,8 +15,9 @@ namespace tolva {
 
 class InfoHandler;
 
-// One line of text. All text boxes share one font: the first loads it from the archive "Graphics", the last one to go
-// closes it. Without a font a text box keeps its text and shows nothing. Texts are Latin-1 with any byte in them.
+// One line of text. All text boxes share one font, which the first of them loads from the archive "Graphics" and which
+// stays open while there is a text box. Without a font a text box keeps its text and shows nothing. Texts are Latin-1
+// with any byte in them.
 class TextBox : public Widget {
  public:
   // In characters. Longer texts are cut.

@@ -10,8 +10,7 @@ namespace tolva {
 // the font must not be closed after the font library has ended.
 class SharedFont {
  public:
-  // Held by each object that shows text. The first user starts the font library; the last one to go closes the font and
-  // ends the library.
+  // Held by each object that shows text. The font library runs and the font stays open while there is a user.
   class User {
    public:
     // Throws an Error of `module` and `method` when the library does not start.

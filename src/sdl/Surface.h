@@ -25,7 +25,7 @@ Uint32 MapColor(const SDL_Surface& surface, Rgb color);
 bool Fill(SDL_Surface& surface, Rgb color);
 // Fills what of `part` lies inside the surface.
 bool FillPart(SDL_Surface& surface, const Rect& part, Rgb color);
-// Copies of the surface leave out the pixels of this color.
+// Copies from the surface leave out the pixels of this color.
 bool SetColorKey(SDL_Surface& surface, Rgb color);
 
 }  // namespace tolva

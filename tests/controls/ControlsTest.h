@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "controls/ControlTextBasic.h"
+#include "sdl/Text.h"
 #include "support/Events.h"
 #include "support/VideoTest.h"
 
@@ -32,9 +33,7 @@ class TextTest : public ControlsTest {
  protected:
   TextTest() { ControlTextBasic::LoadFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", 12); }
   static int WidthOf(const std::string& text) {
-    int width = 0;
-    TTF_SizeText(ControlTextBasic::GetFont(), text.c_str(), &width, nullptr);
-    return width;
+    return MeasureText(ControlTextBasic::GetFont(), text.c_str(), "TextTest", "WidthOf").width;
   }
 
   ControlTextBasic mFontUser{0, nullptr, nullptr, nullptr};
