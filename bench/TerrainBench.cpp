@@ -1,24 +1,27 @@
 #include <benchmark/benchmark.h>
 
 #include "server/terrain/AreaPainter.h"
-#include "server/terrain/Chance.h"
+#include "server/terrain/ArrivalIsland.h"
 
 namespace tolva {
 namespace {
 
-// Areas side by side from the arrival village (0) or far from it (1): what a walking player makes the server paint.
+constexpr std::uint32_t kFarRegion = 5;
+
+// Paints all areas of a region, then those of the next one: what a walking player makes the server do.
 void PaintArea(benchmark::State& state) {
   const AreaPainter painter(1);
-  AreaPosition area;
-  area.mUintRx = area.mUintRy = state.range(0) == 0 ? 999 : 5;
+  const auto region = static_cast<std::uint32_t>(state.range(0));
+  std::uint32_t count = 0;
   for (auto _ : state) {
+    AreaPosition area{.mUintRx = region + count / (kRegionEdge * kRegionEdge), .mUintRy = region};
+    area.mByAx = static_cast<std::uint8_t>(count % kRegionEdge);
+    area.mByAy = static_cast<std::uint8_t>(count / kRegionEdge % kRegionEdge);
     benchmark::DoNotOptimize(painter.Paint(area));
-    area.mByAx = static_cast<std::uint8_t>((area.mByAx + 1) % 8);
-    if (area.mByAx == 0) area.mByAy = static_cast<std::uint8_t>((area.mByAy + 1) % 8);
-    if (area.mByAx == 0 && area.mByAy == 0) ++area.mUintRx;
+    ++count;
   }
 }
-BENCHMARK(PaintArea)->Arg(0)->Arg(1);
+BENCHMARK(PaintArea)->ArgName("region")->Arg(kHomeRegion - 1)->Arg(kFarRegion);
 
 }  // namespace
 }  // namespace tolva

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <bitset>
 #include <cstddef>
 #include <cstdint>
@@ -13,11 +12,11 @@ namespace tolva {
 struct AreaContent {
   static constexpr std::size_t IndexOf(std::uint8_t fx, std::uint8_t fy) { return std::size_t{fx} * kAreaEdge + fy; }
 
-  // 1 to 255; made from the rest, so that another content almost surely has another version.
+  // 1 to 255; a hash of the rest, so that different contents almost surely have different versions.
   std::uint8_t version = 0;
-  std::array<std::uint32_t, kAreaFields> ground = {};
-  std::array<std::uint8_t, kAreaFields> smoothness = {};
-  std::array<std::uint32_t, kAreaFields> volu = {};
+  AreaGrid<std::uint32_t> ground = {};
+  AreaGrid<std::uint8_t> smoothness = {};
+  AreaGrid<std::uint32_t> volu = {};
   // Where nobody can walk: water, trees, walls.
   std::bitset<kAreaFields> blocked;
 };

@@ -8,9 +8,7 @@
 namespace tolva {
 namespace {
 
-constexpr int kEdge = kAreaEdge;
-
-// The paint of two levels that meet: the painted transition, and which of the two it counts as the upper kind.
+// Where two levels meet: the painted transition, and which of the two it counts as the upper kind.
 struct Meeting {
   Transition transition;
   Level upper;
@@ -21,12 +19,21 @@ constexpr std::array<Meeting, 5> kMeetings = {{{Transition::ShallowDeep, Level::
                                                {Transition::GrassSand, Level::Grass},
                                                {Transition::GrassRock, Level::Grass},
                                                {Transition::SnowRock, Level::Snow}}};
+// By level.
 constexpr std::array<Ground, 6> kPlain = {Ground::Deep,  Ground::Shallow, Ground::Sand,
                                           Ground::Grass, Ground::Rock,    Ground::Snow};
 
-// The corners of a field as steps from its western one, in the order of a piece's bits.
-constexpr PlanOffset kCorners[] = {{0, 1}, {1, 1}, {1, 0}, {0, 0}};
+// The corners of a field, as steps from its western one, in the order of a piece's bits.
+constexpr Step kCorners[] = {{0, 1}, {1, 1}, {1, 0}, {0, 0}};
 constexpr int kAllCorners = 15;
+
+constexpr double kRoadWidth = 1;  // half of it, in fields; nothing grows there
+// Half of a path's width. Less than the distance to the nearest corner would leave gaps in the path.
+constexpr double kPathWidth = 0.75;
+constexpr std::uint8_t kMaxSmoothness = 15;
+constexpr double kFlowerChance = 0.06;
+// Grass has this many plain variants; those with flowers follow.
+constexpr std::uint32_t kPlainGrassVariants = 2;
 
 template <typename IsUpper>
 int PieceOf(int x, int y, IsUpper&& isUpper) {
@@ -37,7 +44,13 @@ int PieceOf(int x, int y, IsUpper&& isUpper) {
   return piece;
 }
 
-// Whom a thing lets pass.
+// Whether `holds` is true of (x, y) and of all eight around it.
+template <typename Condition>
+bool HoldsAround(int x, int y, Condition&& holds) {
+  return holds(x, y) && std::ranges::all_of(kSteps, [&](Step step) { return holds(x + step.x, y + step.y); });
+}
+
+// Whether people can walk through a thing.
 bool IsPassable(Thing thing) {
   switch (thing) {
     case Thing::None:
@@ -57,7 +70,7 @@ bool IsPassable(Thing thing) {
 
 bool IsPier(Thing thing) { return thing == Thing::PierNorthEast || thing == Thing::PierNorthWest; }
 
-// How far a ground fades into others; what people dig has clear edges.
+// How far a ground fades into others; what people have dug has clear edges.
 std::uint8_t SoftnessOf(Ground ground) {
   switch (ground) {
     case Ground::Grass:
@@ -103,13 +116,13 @@ class Painting {
   std::shared_ptr<const AreaContent> Paint();
 
  private:
-  // Fields beside the area that its own fields' looks hang on.
+  // Fields beside the area on which the look of its own fields depends.
   static constexpr int kPieceMargin = 2;
   static constexpr int kKindMargin = 1;
-  static constexpr int kSide = kEdge + 2 * kPieceMargin;
+  static constexpr int kSide = kAreaEdge + 2 * kPieceMargin;
 
   struct Tile {
-    // The first of 16 pictures, and which of them; plain kinds have all corners.
+    // The first of 16 pictures, and which of them; plain grounds have all corners.
     std::uint32_t first = 0;
     int piece = kAllCorners;
     Level upper = Level::Grass;
@@ -119,21 +132,30 @@ class Painting {
     Ground kind = Ground::Grass;
 
     bool IsPiece() const { return piece != kAllCorners; }
+    bool IsPath() const { return first == static_cast<std::uint32_t>(Transition::GrassPath); }
     bool IsPlainGrass() const { return first == static_cast<std::uint32_t>(Ground::Grass); }
+  };
+
+  // What stands on a field.
+  struct Occupant {
+    std::uint32_t picture;
+    bool isBlocking;
   };
 
   Tile& At(int x, int y) {
     return mTiles[static_cast<std::size_t>(x + kPieceMargin) * kSide + static_cast<std::size_t>(y + kPieceMargin)];
   }
   bool IsPaved(int x, int y) const;
-  bool HasCobblesBy(int x, int y) const;
+  // Whether a plan wants cobbles on the field or around it, and no path on the field itself.
+  bool IsCobbled(int x, int y) const;
   Tile MakeTile(int x, int y) const;
-  bool LiesInsideGrass(int x, int y);
+  void MakeTransition(Tile& tile, int x, int y, Level low) const;
+  void Pave(Tile& tile, int x, int y) const;
   Vegetation::Habitat HabitatOf(int x, int y) const;
   void LaySoftGround(int x, int y);
   std::uint8_t SmoothnessAt(int x, int y);
   std::uint32_t PictureAt(int x, int y);
-  std::uint32_t PlaceThing(int x, int y, bool& isBlocked);
+  Occupant OccupantOf(int x, int y);
   Thing NaturalThingAt(int x, int y);
 
   std::uint64_t mSeed;
@@ -144,118 +166,104 @@ class Painting {
   std::array<Tile, static_cast<std::size_t>(kSide) * kSide> mTiles;
 };
 
-// Whether the western corner of field (x, y) belongs to a path or a paved place. Both lie in grass, which is why
-// there must be nothing but grass around.
+// Whether the western corner of field (x, y) belongs to a path or a paved place. Both lie in grass, so there must be
+// nothing but grass around.
 bool Painting::IsPaved(int x, int y) const {
-  constexpr double kPathWidth = 0.75;  // never less than to the nearest corner, or the path would have gaps
   bool isTaken = false;
   bool isPavedByPlan = false;
-  for (int dx = -1; dx <= 0; ++dx) {
-    for (int dy = -1; dy <= 0; ++dy) {
-      const Plan::Cell& planned = mLandscape.GetPlanned(x + dx, y + dy);
-      isTaken |= planned.inHouse || !IsPassable(planned.thing);
-      isPavedByPlan |= tolva::IsPaved(planned.surface);
-    }
+  for (const Plan::Cell* planned : mLandscape.GetPlannedAtCorner(x, y)) {
+    isTaken |= planned->inHouse || !IsPassable(planned->thing);
+    isPavedByPlan |= tolva::IsPaved(planned->surface);
   }
   if (!isPavedByPlan && (isTaken || mLevels.GetRoadDistance(x, y) > kPathWidth)) return false;
-  for (int dx = -1; dx <= 1; ++dx) {
-    for (int dy = -1; dy <= 1; ++dy) {
-      if (mLevels.GetLevel(x + dx, y + dy) != Level::Grass) return false;
-    }
-  }
-  return true;
+  return HoldsAround(x, y, [&](int cx, int cy) { return mLevels.GetLevel(cx, cy) == Level::Grass; });
 }
 
-bool Painting::HasCobblesBy(int x, int y) const {
-  if (mLandscape.GetPlanned(x, y).surface == Surface::Path) return false;
-  for (int dx = -1; dx <= 1; ++dx) {
-    for (int dy = -1; dy <= 1; ++dy) {
-      if (mLandscape.GetPlanned(x + dx, y + dy).surface == Surface::Cobbles) return true;
-    }
-  }
-  return false;
+bool Painting::IsCobbled(int x, int y) const {
+  const auto surfaceAt = [&](int fx, int fy) { return mLandscape.GetPlanned(fx, fy).surface; };
+  if (surfaceAt(x, y) == Surface::Path) return false;
+  return !HoldsAround(x, y, [&](int fx, int fy) { return surfaceAt(fx, fy) != Surface::Cobbles; });
 }
 
 Painting::Tile Painting::MakeTile(int x, int y) const {
   Tile tile;
   Level low = Level::Snow;
   Level high = Level::Deep;
-  for (const PlanOffset& corner : kCorners) {
+  for (const Step& corner : kCorners) {
     const Level level = mLevels.GetLevel(x + corner.x, y + corner.y);
     low = std::min(low, level);
     high = std::max(high, level);
-    tile.onRoad |= mLevels.GetRoadDistance(x + corner.x, y + corner.y) < 1;
+    tile.onRoad |= mLevels.GetRoadDistance(x + corner.x, y + corner.y) < kRoadWidth;
   }
   tile.upper = high;
   if (low != high) {
-    const Meeting& meeting = kMeetings[static_cast<std::size_t>(low)];
-    tile.first = static_cast<std::uint32_t>(meeting.transition);
-    tile.piece = PieceOf(x, y, [&](int cx, int cy) { return mLevels.GetLevel(cx, cy) == meeting.upper; });
-    // A field with three corners of sand has its middle on dry land.
-    const int sandCorners = std::popcount(static_cast<unsigned>(tile.piece));
-    tile.isWater = high == Level::Shallow || (high == Level::Sand && sandCorners < 3);
+    MakeTransition(tile, x, y, low);
     return tile;
   }
   tile.first = static_cast<std::uint32_t>(kPlain[static_cast<std::size_t>(low)]);
   tile.isWater = low <= Level::Shallow;
-  if (low != Level::Grass) return tile;
-  const int grassCorners = PieceOf(x, y, [&](int cx, int cy) { return !IsPaved(cx, cy); });
-  if (grassCorners == kAllCorners) return tile;
-  const bool isCobbled = HasCobblesBy(x, y);
-  tile.onRoad |= grassCorners == 0;
-  if (grassCorners == 0) {
-    tile.first = static_cast<std::uint32_t>(isCobbled ? Ground::Cobbles : Ground::Path);
-  } else {
-    tile.first = static_cast<std::uint32_t>(isCobbled ? Transition::GrassCobbles : Transition::GrassPath);
-    tile.piece = grassCorners;
-  }
+  if (low == Level::Grass) Pave(tile, x, y);
   return tile;
 }
 
-bool Painting::LiesInsideGrass(int x, int y) {
-  for (int dx = -1; dx <= 1; ++dx) {
-    for (int dy = -1; dy <= 1; ++dy) {
-      if (!At(x + dx, y + dy).IsPlainGrass()) return false;
-    }
+void Painting::MakeTransition(Tile& tile, int x, int y, Level low) const {
+  const Meeting& meeting = kMeetings[static_cast<std::size_t>(low)];
+  tile.first = static_cast<std::uint32_t>(meeting.transition);
+  tile.piece = PieceOf(x, y, [&](int cx, int cy) { return mLevels.GetLevel(cx, cy) == meeting.upper; });
+  // A field with three corners of sand has its middle on dry land.
+  const int sandCorners = std::popcount(static_cast<unsigned>(tile.piece));
+  tile.isWater = tile.upper == Level::Shallow || (tile.upper == Level::Sand && sandCorners < 3);
+}
+
+void Painting::Pave(Tile& tile, int x, int y) const {
+  const int grassCorners = PieceOf(x, y, [&](int cx, int cy) { return !IsPaved(cx, cy); });
+  if (grassCorners == kAllCorners) return;
+  const bool isCobbled = IsCobbled(x, y);
+  if (grassCorners == 0) {
+    tile.onRoad = true;
+    tile.first = static_cast<std::uint32_t>(isCobbled ? Ground::Cobbles : Ground::Path);
+    return;
   }
-  return true;
+  tile.first = static_cast<std::uint32_t>(isCobbled ? Transition::GrassCobbles : Transition::GrassPath);
+  tile.piece = grassCorners;
 }
 
 Vegetation::Habitat Painting::HabitatOf(int x, int y) const {
-  return {{mFirstField.x + x, mFirstField.y + y},
+  return {Moved(mFirstField, x, y),
           {static_cast<double>(x), static_cast<double>(y)},
           mLevels.GetLevel(x, y),
           mLevels.GetInland(x, y)};
 }
 
+// Soft grounds lie inside grass only.
 void Painting::LaySoftGround(int x, int y) {
-  if (!LiesInsideGrass(x, y)) return;
+  if (!HoldsAround(x, y, [&](int fx, int fy) { return At(fx, fy).IsPlainGrass(); })) return;
   const std::optional<Ground> planned = SoftGroundOf(mLandscape.GetPlanned(x, y).surface);
   At(x, y).kind = planned ? *planned : mVegetation.GetGround(HabitatOf(x, y), mLandscape);
 }
 
-// The client blends by pixels at equal coordinates of two pictures: beside a painted piece it would show a wrong
-// corner.
+// The client blends pixels at equal coordinates of two pictures: beside a painted piece it would show a wrong corner.
 std::uint8_t Painting::SmoothnessAt(int x, int y) {
-  constexpr PlanOffset kEdges[] = {{0, 0}, {0, 1}, {1, 0}, {0, -1}, {-1, 0}};
-  std::uint8_t smoothness = 15;
-  for (const PlanOffset& edge : kEdges) {
-    const Tile& tile = At(x + edge.x, y + edge.y);
-    smoothness = std::min(smoothness, tile.IsPlainGrass() ? SoftnessOf(tile.kind) : std::uint8_t{0});
-  }
+  const auto softnessAt = [&](Step step) {
+    const Tile& tile = At(x + step.x, y + step.y);
+    return tile.IsPlainGrass() ? SoftnessOf(tile.kind) : std::uint8_t{0};
+  };
+  std::uint8_t smoothness = std::min(kMaxSmoothness, softnessAt({0, 0}));
+  for (const Direction direction : kEdgeDirections) smoothness = std::min(smoothness, softnessAt(StepIn(direction)));
   return smoothness;
 }
 
 std::uint32_t Painting::PictureAt(int x, int y) {
   const Tile& tile = At(x, y);
   if (tile.IsPiece()) return tile.first + static_cast<std::uint32_t>(tile.piece);
-  const std::uint64_t hash = HashOf(mSeed + 31, WrapCoordinate(mFirstField.x + x), WrapCoordinate(mFirstField.y + y));
+  const WorldPoint point = Moved(mFirstField, x, y);
+  const std::uint64_t hash = HashOf(Salted(mSeed, WorldSalt::GroundVariant), point.x, point.y);
   const auto variant = static_cast<std::uint32_t>(hash % kGroundVariants);
   if (!tile.IsPlainGrass()) return tile.first + variant;
   const auto first = static_cast<std::uint32_t>(tile.kind);
   if (tile.kind != Ground::Grass) return first + variant;
-  constexpr double kFlowers = 0.06;
-  return first + variant % 2 + (ChanceOf(hash) < kFlowers ? 2 : 0);
+  const std::uint32_t firstVariant = ChanceOf(hash) < kFlowerChance ? kPlainGrassVariants : 0;
+  return first + firstVariant + variant % kPlainGrassVariants;
 }
 
 Thing Painting::NaturalThingAt(int x, int y) {
@@ -263,43 +271,36 @@ Thing Painting::NaturalThingAt(int x, int y) {
   if (tile.onRoad) return Thing::None;
   const Vegetation::Habitat habitat = HabitatOf(x, y);
   if (!tile.IsPiece()) return mVegetation.GetThing(habitat, tile.kind, mLandscape);
-  const bool isPathRim = tile.first == static_cast<std::uint32_t>(Transition::GrassPath);
-  return isPathRim || tile.isWater ? Thing::None : mVegetation.GetThingOnRim(habitat, tile.upper);
+  return tile.IsPath() || tile.isWater ? Thing::None : mVegetation.GetThingOnRim(habitat, tile.upper);
 }
 
-std::uint32_t Painting::PlaceThing(int x, int y, bool& isBlocked) {
+Painting::Occupant Painting::OccupantOf(int x, int y) {
   const Tile& tile = At(x, y);
   const Plan::Cell& planned = mLandscape.GetPlanned(x, y);
-  isBlocked = tile.isWater;
-  if (planned.inHouse) {
-    isBlocked = true;
-    return planned.housePicture;
-  }
-  Thing thing = planned.thing;
-  if (planned.surface == Surface::Nature) thing = NaturalThingAt(x, y);
-  const bool isWorn = tile.first == static_cast<std::uint32_t>(Transition::GrassPath);
-  if (isWorn && IsPassable(thing)) thing = Thing::None;  // grows under nobody's feet
-  isBlocked = (tile.isWater && !IsPier(thing)) || !IsPassable(thing);
-  return static_cast<std::uint32_t>(thing);
+  if (planned.inHouse) return {planned.housePicture, true};
+  Thing thing = planned.surface == Surface::Nature ? NaturalThingAt(x, y) : planned.thing;
+  if (tile.IsPath() && IsPassable(thing)) thing = Thing::None;  // worn down by feet
+  const bool isBlocking = (tile.isWater && !IsPier(thing)) || !IsPassable(thing);
+  return {static_cast<std::uint32_t>(thing), isBlocking};
 }
 
 std::shared_ptr<const AreaContent> Painting::Paint() {
-  for (int x = -kPieceMargin; x < kEdge + kPieceMargin; ++x) {
-    for (int y = -kPieceMargin; y < kEdge + kPieceMargin; ++y) At(x, y) = MakeTile(x, y);
+  for (int x = -kPieceMargin; x < kAreaEdge + kPieceMargin; ++x) {
+    for (int y = -kPieceMargin; y < kAreaEdge + kPieceMargin; ++y) At(x, y) = MakeTile(x, y);
   }
-  for (int x = -kKindMargin; x < kEdge + kKindMargin; ++x) {
-    for (int y = -kKindMargin; y < kEdge + kKindMargin; ++y) LaySoftGround(x, y);
+  for (int x = -kKindMargin; x < kAreaEdge + kKindMargin; ++x) {
+    for (int y = -kKindMargin; y < kAreaEdge + kKindMargin; ++y) LaySoftGround(x, y);
   }
   auto content = std::make_shared<AreaContent>();
   std::uint64_t hash = 0;
-  for (int x = 0; x < kEdge; ++x) {
-    for (int y = 0; y < kEdge; ++y) {
+  for (int x = 0; x < kAreaEdge; ++x) {
+    for (int y = 0; y < kAreaEdge; ++y) {
       const std::size_t index = AreaContent::IndexOf(static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y));
-      bool isBlocked = false;
+      const Occupant occupant = OccupantOf(x, y);
       content->ground[index] = PictureAt(x, y);
       content->smoothness[index] = SmoothnessAt(x, y);
-      content->volu[index] = PlaceThing(x, y, isBlocked);
-      content->blocked[index] = isBlocked;
+      content->volu[index] = occupant.picture;
+      content->blocked[index] = occupant.isBlocking;
       hash = HashOf(hash, content->ground[index], content->volu[index]) + content->smoothness[index];
     }
   }

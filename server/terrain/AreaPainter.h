@@ -10,7 +10,7 @@
 
 namespace tolva {
 
-// Makes the content of areas from a seed.
+// Computes the content of areas from a seed.
 class AreaPainter {
  public:
   explicit AreaPainter(std::uint64_t seed);

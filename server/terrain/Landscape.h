@@ -1,34 +1,26 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
-#include "server/terrain/LatticeNoise.h"
+#include "server/terrain/GradientNoise.h"
 #include "server/terrain/Plan.h"
 #include "server/terrain/Settlements.h"
 
 namespace tolva {
 
-// Region and middle of the square of the arrival village.
-constexpr std::uint32_t kHomeRegion = 1000;
-constexpr WorldPoint kHome = {std::int64_t{kHomeRegion} * kRegionFields + kRegionFields / 2,
-                              std::int64_t{kHomeRegion} * kRegionFields + kRegionFields / 2};
-// Places of the arrival island, from the village's square.
-constexpr PlanOffset kGlade = {-42, -24};
-constexpr PlanOffset kSummit = {-27, 32};
-constexpr PlanOffset kFarHamlet = {22, -50};
-constexpr PlanOffset kHayMeadow = {26, 40};
-constexpr PlanOffset kFarm = {-28, -48};
-
-// A place near an area, in fields from the western corner of the area's first field: small numbers, on whichever side
-// of the world's wrap the area lies.
+// A place near an area, in fields from the western corner of the area's first field: small numbers, also where the
+// world wraps around.
 struct Spot {
   double x = 0;
   double y = 0;
 };
 
-// The great plan of the world near one area: islands, the roads that join them, and the places composed by hand.
-// Every region has an island around its middle; roads, on ridges of sand where they cross the sea, lead to the islands
-// of neighbour regions.
+struct Composition;
+
+// What the world has near one area: islands, the roads that join them, and the places composed by hand. Every region
+// has an island around its middle; roads, on ridges of sand where they cross the sea, lead to the islands of
+// neighboring regions.
 class Landscape {
  public:
   struct Island {
@@ -46,8 +38,8 @@ class Landscape {
     Spot from;
     Spot to;
   };
-  // Where hills, or woods, are higher or lower than chance has them; fading out towards `radius`.
-  struct Mood {
+  // Added to the noises of hills and woods around a place, fading out toward `radius`.
+  struct Bias {
     Spot middle;
     double radius;
     double hills;
@@ -56,42 +48,47 @@ class Landscape {
     // 1 in the middle, 0 outside.
     double GetStrength(Spot spot) const;
   };
-  struct Site {
-    const Plan* plan;
-    // The field at the plan's origin, from the area's first field.
-    int x;
-    int y;
-  };
 
   Landscape(std::uint64_t seed, const AreaPosition& area);
 
   const std::vector<Island>& GetIslands() const { return mIslands; }
   const std::vector<Inlet>& GetInlets() const { return mInlets; }
   const std::vector<RoadPiece>& GetRoads() const { return mRoads; }
-  const std::vector<Mood>& GetMoods() const { return mMoods; }
+  const std::vector<Bias>& GetBiases() const { return mBiases; }
 
-  // What a plan wants of the field (x, y), counted from the area's first; an untouched one where there is no plan.
+  // What a plan wants of the field (x, y), counted from the area's first; an untouched cell where there is no plan.
   const Plan::Cell& GetPlanned(int x, int y) const;
+  // The same of the four fields that meet at the western corner of (x, y). Never null.
+  std::array<const Plan::Cell*, 4> GetPlannedAtCorner(int x, int y) const;
 
  private:
   struct Region;
+  // A plan in the world; the field at the plan's origin is counted from the area's first.
+  struct Site {
+    const Plan* plan;
+    int x;
+    int y;
+  };
 
-  Region RegionAt(int stepX, int stepY) const;
+  Region MakeRegion(int stepX, int stepY) const;
   void AddRegion(const Region& region);
   void AddCapes(const Region& region);
   void AddHome(const Region& region);
-  void AddLink(const Region& from, const Region& to, bool alongX);
+  void AddFarm(const Region& region);
+  // The road to the neighbor region in `direction`, SouthEast or NorthEast, if there is one.
+  void AddLink(const Region& from, const Region& to, Direction direction);
   void AddRoad(Spot from, Spot to);
+  void AddComposition(const Composition& composition, Spot origin);
   void AddSite(const Plan& plan, Spot origin);
 
   std::uint64_t mSeed;
   AreaPosition mArea;
   WorldPoint mFirstField;
-  LatticeNoise mBend;
+  GradientNoise mBend;
   std::vector<Island> mIslands;
   std::vector<Inlet> mInlets;
   std::vector<RoadPiece> mRoads;
-  std::vector<Mood> mMoods;
+  std::vector<Bias> mBiases;
   std::vector<Site> mSites;
 };
 

@@ -10,6 +10,7 @@ struct Sign {
   char sign;
   Surface surface;
   Thing thing = Thing::None;
+  const House* house = nullptr;
 };
 
 constexpr Sign kSigns[] = {
@@ -36,12 +37,12 @@ constexpr Sign kSigns[] = {
     {';', Surface::Grass, Thing::FlowerTuft},
     {'!', Surface::Flowers, Thing::Poppies},
     {'w', Surface::Shallow, Thing::Reeds},
-    // The side of a fence's field that the fence is on.
+    // A fence, at the side of its field that the sign points to.
     {'^', Surface::Grass, Thing::FenceNorthEast},
     {'>', Surface::Grass, Thing::FenceSouthEast},
     {'v', Surface::Grass, Thing::FenceSouthWest},
     {'<', Surface::Grass, Thing::FenceNorthWest},
-    // What people have put there.
+    // Made by people.
     {'L', Surface::Grass, Thing::Lantern},
     {'l', Surface::Cobbles, Thing::Lantern},
     {'W', Surface::Cobbles, Thing::Well},
@@ -64,30 +65,17 @@ constexpr Sign kSigns[] = {
     {'O', Surface::Grass, Thing::Boulder},
     {'R', Surface::Grass, Thing::Rocks},
     {'%', Surface::Sand, Thing::Pebbles},
-    // Boards lead along x or along y.
+    // Boards along x or along y.
     {'-', Surface::Open, Thing::PierNorthWest},
     {'|', Surface::Open, Thing::PierNorthEast},
     {'u', Surface::Open, Thing::Boat},
     {'U', Surface::Open, Thing::SailingBoat},
-    // A house's western corner field, and the rest of it.
-    {'H', Surface::Grass},
-    {'T', Surface::Grass},
-    {'I', Surface::Grass},
+    // The western corner field of a house, and the rest of it.
+    {'H', Surface::Grass, Thing::None, &kTiledHouse},
+    {'T', Surface::Grass, Thing::None, &kThatchedHouse},
+    {'I', Surface::Grass, Thing::None, &kTavern},
     {'+', Surface::Grass},
 };
-
-const House* HouseOf(char sign) {
-  switch (sign) {
-    case 'H':
-      return &kTiledHouse;
-    case 'T':
-      return &kThatchedHouse;
-    case 'I':
-      return &kTavern;
-    default:
-      return nullptr;
-  }
-}
 
 const Plan::Cell kOutside;
 
@@ -108,7 +96,7 @@ Plan::Plan(std::string_view drawing, int originX, int originY) : mOriginX(origin
       Cell& cell = CellAt(column, row);
       cell.surface = known->surface;
       cell.thing = known->thing;
-      if (const House* house = HouseOf(known->sign)) Build(*house, column, row);
+      if (known->house != nullptr) Build(*known->house, column, row);
     }
   }
 }
@@ -125,7 +113,7 @@ void Plan::Build(const House& house, int column, int row) {
     for (int j = 0; j < house.depth; ++j) {
       Cell& cell = CellAt(column + i, row + j);
       cell.inHouse = true;
-      if (i == house.width - 1 || j == 0) cell.housePicture = house.first + static_cast<std::uint32_t>(8 * i + j);
+      cell.housePicture = house.PictureOf(i, j);
     }
   }
 }

@@ -7,8 +7,8 @@
 
 namespace tolva {
 
-// What a plan wants the ground of one field to be. Nature leaves field and growth to the landscape; Open leaves the
-// ground to it, but not what stands there.
+// What a plan wants the ground of one field to be. Nature leaves ground and growth to the landscape, Open only the
+// ground.
 enum class Surface : std::uint8_t { Nature, Open, Shallow, Sand, Grass, DryGrass, Flowers, Field, Path, Cobbles };
 
 constexpr bool IsPaved(Surface surface) { return surface == Surface::Path || surface == Surface::Cobbles; }
@@ -19,23 +19,24 @@ class Plan {
   struct Cell {
     Surface surface = Surface::Nature;
     Thing thing = Thing::None;
-    // The picture of the house that covers the field; 0 where it shows none here.
+    // The picture of the house that covers the field; 0 where it has none.
     std::uint32_t housePicture = 0;
     bool inHouse = false;
   };
 
-  // `drawing` is a map of signs (Plan.cpp has their list), a line for each row of fields: to the right x grows, upwards
-  // y. Its lines are equally long; houses lie whole within it. `originX`, `originY`: the column and, counted from
-  // below, the row that the plan is placed by.
+  // `drawing` is a map of signs, listed in Plan.cpp, one line for each row of fields: x grows to the right, y upward.
+  // All lines have the same length; houses lie entirely within the map. The origin is the column, and the row counted
+  // from below, by which the plan is placed.
   Plan(std::string_view drawing, int originX, int originY);
 
-  // The fields that the plan covers, counted from its origin: from GetLeft() to below GetRight(), and so on.
+  // The fields that the plan covers, counted from its origin: x from GetLeft() to below GetRight(), y from GetBottom()
+  // to below GetTop().
   int GetLeft() const { return -mOriginX; }
   int GetRight() const { return mWidth - mOriginX; }
   int GetBottom() const { return -mOriginY; }
   int GetTop() const { return mHeight - mOriginY; }
 
-  // An untouched field outside of the plan.
+  // The cell at (x, y), counted from the origin; an untouched one outside the plan.
   const Cell& At(int x, int y) const;
 
  private:

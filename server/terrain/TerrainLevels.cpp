@@ -1,84 +1,122 @@
 #include "server/terrain/TerrainLevels.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace tolva {
 namespace {
 
-constexpr int kDeep = static_cast<int>(Level::Deep);
-constexpr int kShallow = static_cast<int>(Level::Shallow);
-constexpr int kSand = static_cast<int>(Level::Sand);
-constexpr int kGrass = static_cast<int>(Level::Grass);
-constexpr int kRock = static_cast<int>(Level::Rock);
-constexpr int kSnow = static_cast<int>(Level::Snow);
+// The heights of noises are about -1 to 1; all other numbers are fields, along the ground or from the coast.
 
-// The level that plans want of a corner; -1 where none does. Of the fields that meet there the highest decides.
-int GetPlannedLevel(const Landscape& landscape, int x, int y) {
-  int level = -1;
-  for (int dx = -1; dx <= 0; ++dx) {
-    for (int dy = -1; dy <= 0; ++dy) {
-      switch (landscape.GetPlanned(x + dx, y + dy).surface) {
-        case Surface::Nature:
-        case Surface::Open:
-          break;
-        case Surface::Shallow:
-          level = std::max(level, kShallow);
-          break;
-        case Surface::Sand:
-          level = std::max(level, kSand);
-          break;
-        default:
-          level = kGrass;
-      }
+constexpr double kOpenSea = -60;     // the coast's distance where there is no island
+constexpr double kCoastHeight = 17;  // how far the coast's noise moves it
+constexpr double kCoastEndsAtSea = -45;
+constexpr double kCoastEndsInland = 50;
+constexpr double kIsletsEndInland = 2;
+constexpr double kIsletHeight = 26;
+constexpr double kIsletsBegin = 0.62;
+constexpr double kInletHeight = 2.5;
+
+constexpr double kDeepEnds = -7;
+constexpr double kShallowEnds = 0;
+constexpr double kSandEnds = 4.5;
+constexpr double kHillsBegin = 9;
+constexpr double kRockHill = 0.66;
+constexpr double kSnowBegins = 15;
+constexpr double kSnowHill = 1.8;
+constexpr double kPondsBegin = 14;
+constexpr double kPondHeight = 0.6;
+constexpr double kPondMaxHill = 0.35;
+constexpr double kFlatHill = -0.3;
+constexpr double kFlatPond = 0;
+
+constexpr double kNoRoad = 99;        // farther than any road changes the ground
+constexpr double kRoadReach = 12;     // as far as the widest road does
+constexpr double kRidgeWidth = 3.4;   // of the sand that carries a road across the sea, on each side
+constexpr double kRidgeHeight = 3.5;  // how far the ridges' noise widens it
+constexpr double kMinRidgeWidth = 2.3;
+constexpr double kGrassyRidgeWidth = 5.2;
+constexpr double kGrassyRoad = 2.3;
+constexpr double kShoalWidth = 5;  // of the shallow water beside a ridge
+constexpr double kPassGrass = 2.5;
+constexpr double kPassRock = 4.5;
+
+// The level that plans want at a corner; the highest of those of the fields that meet there.
+std::optional<Level> GetPlannedLevel(const Landscape& landscape, int x, int y) {
+  std::optional<Level> level;
+  for (const Plan::Cell* cell : landscape.GetPlannedAtCorner(x, y)) {
+    switch (cell->surface) {
+      case Surface::Nature:
+      case Surface::Open:
+        break;
+      case Surface::Shallow:
+        level = std::max(level, std::optional(Level::Shallow));
+        break;
+      case Surface::Sand:
+        level = std::max(level, std::optional(Level::Sand));
+        break;
+      default:
+        level = Level::Grass;
     }
   }
   return level;
 }
 
-double GetInlandOf(const Landscape& landscape, const TerrainNoises& noises, Spot spot, WorldPoint place) {
-  double inland = -60;
+double GetInlandOf(const Landscape& landscape, const TerrainNoises& noises, Spot spot, WorldPoint point) {
+  double inland = kOpenSea;
   for (const Landscape::Island& island : landscape.GetIslands()) {
     inland = std::max(inland, island.radius - Distance(spot, island.middle));
   }
-  // Where the coast cannot come, its noise is not worth its time.
-  const bool isInTheOpen = inland < -45;
-  if (!isInTheOpen && inland < 50) inland += 17 * noises.coast.At(place);
-  if (inland < 2) inland = std::max(inland, 26 * (noises.islets.At(place) - 0.62));
-  if (isInTheOpen) return inland;
+  // Noise is costly: none where the coast cannot come.
+  const bool isInOpenSea = inland < kCoastEndsAtSea;
+  if (!isInOpenSea && inland < kCoastEndsInland) inland += kCoastHeight * noises.coast.At(point);
+  if (inland < kIsletsEndInland) {
+    inland = std::max(inland, kIsletHeight * (noises.islets.At(point) - kIsletsBegin));
+  }
+  if (isInOpenSea) return inland;
   for (const Landscape::Inlet& inlet : landscape.GetInlets()) {
     const double fromInlet = DistanceToLine(spot, inlet.from, inlet.to) - inlet.radius;
-    inland = std::min(inland, fromInlet + 2.5 * noises.coast.At(place));
+    inland = std::min(inland, fromInlet + kInletHeight * noises.coast.At(point));
   }
   return inland;
 }
 
-int GetNaturalLevel(double inland, double hill, double pond) {
-  if (inland < -7) return kDeep;
-  if (inland < 0) return kShallow;
-  if (inland < 4.5) return kSand;
-  if (inland > 15 && hill > 1.8) return kSnow;
-  if (inland > 9 && hill > 0.66) return kRock;
-  if (inland > 14 && pond > 0.6 && hill < 0.35) return kShallow;
-  return kGrass;
+Level GetNaturalLevel(double inland, double hill, double pond) {
+  if (inland < kDeepEnds) return Level::Deep;
+  if (inland < kShallowEnds) return Level::Shallow;
+  if (inland < kSandEnds) return Level::Sand;
+  if (inland > kSnowBegins && hill > kSnowHill) return Level::Snow;
+  if (inland > kHillsBegin && hill > kRockHill) return Level::Rock;
+  if (inland > kPondsBegin && pond > kPondHeight && hill < kPondMaxHill) return Level::Shallow;
+  return Level::Grass;
 }
 
 // Roads cross the sea on ridges of sand and the hills through grassy passes.
-int GetLevelByRoad(int level, double road, double ridge) {
-  const double width = 3.4 + 3.5 * ridge;
-  if (road < std::max(2.3, width)) level = std::max(level, width > 5.2 && road < 2.3 ? kGrass : kSand);
-  if (road < width + 5) level = std::max(level, kShallow);
-  if (road < 2.5) return std::min(level, kGrass);
-  return road < 4.5 ? std::min(level, kRock) : level;
+Level GetLevelByRoad(Level level, double road, double ridge) {
+  const double width = kRidgeWidth + kRidgeHeight * ridge;
+  if (road < std::max(kMinRidgeWidth, width)) {
+    const bool isGrassy = width > kGrassyRidgeWidth && road < kGrassyRoad;
+    level = std::max(level, isGrassy ? Level::Grass : Level::Sand);
+  }
+  if (road < width + kShoalWidth) level = std::max(level, Level::Shallow);
+  if (road < kPassGrass) return std::min(level, Level::Grass);
+  return road < kPassRock ? std::min(level, Level::Rock) : level;
+}
+
+double GetHill(const Landscape& landscape, const TerrainNoises& noises, Spot spot, WorldPoint point) {
+  double hill = noises.hills.At(point);
+  for (const Landscape::Bias& bias : landscape.GetBiases()) hill += bias.hills * bias.GetStrength(spot);
+  return hill;
 }
 
 }  // namespace
 
 TerrainNoises::TerrainNoises(std::uint64_t seed)
-    : coast(seed + 11, 96, 5),
-      islets(seed + 12, 48, 3),
-      hills(seed + 13, 96, 4),
-      ponds(seed + 14, 48, 2),
-      ridges(seed + 15, 24, 2) {}
+    : coast(Salted(seed, WorldSalt::Coast), 96, 5),
+      islets(Salted(seed, WorldSalt::Islets), 48, 3),
+      hills(Salted(seed, WorldSalt::Hills), 96, 4),
+      ponds(Salted(seed, WorldSalt::Ponds), 48, 2),
+      ridges(Salted(seed, WorldSalt::Ridges), 24, 2) {}
 
 TerrainLevels::TerrainLevels(const TerrainNoises& noises, const Landscape& landscape, WorldPoint firstField) {
   for (int x = -kBorder; x < kSide - kBorder; ++x) {
@@ -90,52 +128,46 @@ TerrainLevels::TerrainLevels(const TerrainNoises& noises, const Landscape& lands
 }
 
 TerrainLevels::Corner TerrainLevels::MakeCorner(const TerrainNoises& noises, const Landscape& landscape,
-                                                WorldPoint firstField, int x, int y) const {
+                                                WorldPoint firstField, int x, int y) {
   const Spot spot = {static_cast<double>(x), static_cast<double>(y)};
-  const WorldPoint place = {firstField.x + x, firstField.y + y};
-  Corner corner = {kGrass, 99, GetInlandOf(landscape, noises, spot, place)};
+  const WorldPoint point = Moved(firstField, x, y);
+  double road = kNoRoad;
   for (const Landscape::RoadPiece& piece : landscape.GetRoads()) {
-    corner.road = std::min(corner.road, DistanceToLine(spot, piece.from, piece.to));
+    road = std::min(road, DistanceToLine(spot, piece.from, piece.to));
   }
-  corner.level = GetPlannedLevel(landscape, x, y);
-  if (corner.level >= 0) return corner;
-  double hill = -0.3;
-  if (corner.inland > 9) {
-    hill = noises.hills.At(place);
-    for (const Landscape::Mood& mood : landscape.GetMoods()) {
-      hill += mood.hills * mood.GetStrength(spot);
-    }
-  }
-  const double pond = corner.inland > 14 ? noises.ponds.At(place) : 0;
-  corner.level = GetNaturalLevel(corner.inland, hill, pond);
-  if (corner.road < 12) corner.level = GetLevelByRoad(corner.level, corner.road, noises.ridges.At(place));
-  return corner;
+  const double inland = GetInlandOf(landscape, noises, spot, point);
+  if (const std::optional<Level> planned = GetPlannedLevel(landscape, x, y)) return {*planned, road, inland};
+  const double hill = inland > kHillsBegin ? GetHill(landscape, noises, spot, point) : kFlatHill;
+  const double pond = inland > kPondsBegin ? noises.ponds.At(point) : kFlatPond;
+  const Level natural = GetNaturalLevel(inland, hill, pond);
+  const Level level = road < kRoadReach ? GetLevelByRoad(natural, road, noises.ridges.At(point)) : natural;
+  return {level, road, inland};
 }
 
-// Raises every corner to at least one step below its neighbours: one way over the square and back reaches all.
+// One pass over the square and one back reach all corners.
 void TerrainLevels::RaiseSlopes() {
-  const auto raise = [&](int x, int y, int fromX, int fromY) {
-    int& level = mCorners[IndexOf(x, y)].level;
-    level = std::max(level, mCorners[IndexOf(fromX, fromY)].level - 1);
-  };
-  constexpr int first = -kBorder;
-  constexpr int last = kSide - kBorder - 1;
-  for (int x = first; x <= last; ++x) {
-    for (int y = first; y <= last; ++y) {
-      if (x > first && y > first) raise(x, y, x - 1, y - 1);
-      if (x > first) raise(x, y, x - 1, y);
-      if (x > first && y < last) raise(x, y, x - 1, y + 1);
-      if (y > first) raise(x, y, x, y - 1);
+  using enum Direction;
+  constexpr int kFirst = -kBorder;
+  constexpr int kLast = kSide - kBorder - 1;
+  for (int x = kFirst; x <= kLast; ++x) {
+    for (int y = kFirst; y <= kLast; ++y) {
+      for (const Direction visited : {West, NorthWest, North, SouthWest}) RaiseToward(x, y, visited);
     }
   }
-  for (int x = last; x >= first; --x) {
-    for (int y = last; y >= first; --y) {
-      if (x < last && y < last) raise(x, y, x + 1, y + 1);
-      if (x < last) raise(x, y, x + 1, y);
-      if (x < last && y > first) raise(x, y, x + 1, y - 1);
-      if (y < last) raise(x, y, x, y + 1);
+  for (int x = kLast; x >= kFirst; --x) {
+    for (int y = kLast; y >= kFirst; --y) {
+      for (const Direction visited : {East, SouthEast, South, NorthEast}) RaiseToward(x, y, visited);
     }
   }
+}
+
+void TerrainLevels::RaiseToward(int x, int y, Direction direction) {
+  const auto isInside = [](int coordinate) { return coordinate >= -kBorder && coordinate < kSide - kBorder; };
+  const Step step = StepIn(direction);
+  if (!isInside(x + step.x) || !isInside(y + step.y)) return;
+  const int below = static_cast<int>(GetLevel(x + step.x, y + step.y)) - 1;
+  Level& level = mCorners[IndexOf(x, y)].level;
+  level = static_cast<Level>(std::max(static_cast<int>(level), below));
 }
 
 }  // namespace tolva

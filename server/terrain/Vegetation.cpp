@@ -1,40 +1,103 @@
 #include "server/terrain/Vegetation.h"
 
 #include <algorithm>
-#include <iterator>
 #include <limits>
-#include <span>
 
 namespace tolva {
 namespace {
 
-constexpr double kWoodBegins = 0.24;
-// How far from the coast the last palms stand: none by ponds.
-constexpr double kPalmsEnd = 13;
+// Heights of noises are about -1 to 1, chances 0 to 1, distances in fields.
 
+constexpr double kWoodBegins = 0.24;
+constexpr double kWoodRim = 0.15;  // from there up
+// Woods thin out this near the coast, by this much in each field.
+constexpr double kCoastalStrip = 10;
+constexpr double kCoastalThinning = 0.06;
+constexpr double kGapTreeChance = 0.5;
+
+constexpr double kFlowersBegin = 0.62;
+constexpr double kDryGrassEnds = -0.5;
+// A copse is where thickets, and part of the meadows' noise, are high.
+constexpr double kMeadowInCopse = 0.5;
+constexpr double kCopseBegins = 0.38;
+constexpr double kCopseTreeChance = 0.8;
+constexpr double kWoodlandTreeChance = 0.35;
+constexpr double kMeadowTreeChance = 0.1;
+
+// How much chance, and the height of hills, mix the kinds of trees.
+constexpr double kKindMix = 0.3;
+constexpr double kKindByHills = 0.45;
+
+constexpr double kSailingBoatChance = 0.0004;
+constexpr double kPalmsBegin = 1;
+// From the coast; there are none by ponds.
+constexpr double kPalmsEnd = 13;
+constexpr double kPalmThickets = -0.1;
+constexpr double kPalmThicketsOnRim = 0.2;
+constexpr double kPalmChance = 0.7;
+constexpr double kPondInland = 8;
+constexpr double kLilyThickets = 0;
+constexpr double kReedThickets = -0.55;
+constexpr double kPebbleThickets = -0.3;
+
+constexpr double kFernThickets = 0.25;
+constexpr double kMushroomThickets = -0.35;
+constexpr double kBushThickets = 0.3;
+constexpr double kTuftThickets = 0.1;
+constexpr double kStoneThickets = -0.8;
+// Above it boulders, close together from the second on; below it mountain trees.
+constexpr double kBoulderThickets = -0.05;
+constexpr double kDenseBoulderThickets = 0.25;
+constexpr double kSnowThingChance = 0.3;
+
+using enum Thing;
+
+// A thing that a chance below `below` picks, unless one before it in its table does.
+struct Bound {
+  double below;
+  Thing thing;
+};
+constexpr Bound kFlowerField[] = {{0.3, FlowerTuft}, {0.5, Poppies}};
+constexpr Bound kFernThicket[] = {{0.34, Fern}, {0.4, BerryBush}, {0.96, None}, {1, Bush}};
+constexpr Bound kMushroomGround[] = {{0.14, Mushrooms}, {0.18, Stump}, {0.2, Logs}, {0.96, None}, {1, Bush}};
+constexpr Bound kWoodGround[] = {{0.96, None}, {1, Bush}};
+constexpr Bound kBushes[] = {{0.7, Bush}, {1, BerryBush}};
+constexpr Bound kStones[] = {{0.4, Rocks}, {0.6, Boulder}};
+constexpr Bound kTufts[] = {{0.1, FlowerTuft}, {0.2, Tuft}};
+constexpr Bound kGrass[] = {{0.05, Tuft}};
+constexpr Bound kBoulders[] = {{0.45, Boulder}, {1, Rocks}};
+constexpr Bound kRock[] = {{0.07, Pebbles}, {0.96, None}, {1, Tuft}};
+constexpr Bound kSand[] = {{0.02, Rocks}};
+constexpr Bound kPebbleBeach[] = {{0.02, Rocks}, {0.12, Pebbles}};
+constexpr Bound kLilyPond[] = {{0.3, WaterLilies}};
+constexpr Bound kReedPond[] = {{0.5, Reeds}};
+constexpr Bound kReedShore[] = {{0.35, Reeds}};
+constexpr Bound kShallows[] = {{0.004, Rocks}};
+constexpr Bound kSandRim[] = {{0.04, Pebbles}};
+constexpr Bound kGrassRim[] = {{0.1, Tuft}};
+constexpr Bound kGrassRimInland[] = {{0.3, Bush}};
+constexpr Bound kRockRim[] = {{0.4, Rocks}, {0.55, Boulder}};
+
+Thing Pick(std::span<const Bound> bounds, double chance) {
+  const auto found = std::ranges::find_if(bounds, [&](const Bound& bound) { return chance < bound.below; });
+  return found == bounds.end() ? None : found->thing;
+}
+
+// A thing and its weight among others; shares without a weight are never drawn.
 struct Share {
   Thing thing;
   int weight;
 };
-// One of the shares; `chance` is from 0 to 1. Shares without a weight are never drawn.
-Thing Draw(std::span<const Share> shares, double chance) {
-  int total = 0;
-  for (const Share& share : shares) total += share.weight;
-  double left = chance * total;
-  for (const Share& share : shares) {
-    left -= share.weight;
-    if (left < 0) return share.thing;
-  }
-  return shares.front().thing;
-}
+constexpr Share kMountainTrees[] = {{CrookedPine, 26}, {PineGroup, 20}, {YoungPine, 18},
+                                    {Pine, 13},        {DeadTree, 9},   {None, 14}};
+constexpr Share kSnowThings[] = {{Boulder, 50}, {YoungPine, 25}, {PineGroup, 25}};
 
-// The trees of one kind of wood, for each Stand: where trees are close they grow tall and thin; where they have light
-// from all sides they grow broad.
+// The trees of one kind of wood, for each Stand: close together they grow tall and thin, with light from all sides
+// broad.
 struct Trees {
-  double above;  // what kind of wood it is: from hills down to damp ground
+  double above;  // the kind of wood: from hills down to damp ground
   Share mixtures[3][7];
 };
-using enum Thing;
 constexpr Trees kTrees[] = {
     {0.25,
      {{{Pine, 32}, {SlimPine, 28}, {OldPine, 18}, {YoungPine, 10}, {PineGroup, 8}, {SlenderTree, 4}},
@@ -54,172 +117,173 @@ constexpr Trees kTrees[] = {
       {{AutumnTree, 70}, {GreatOak, 30}}}},
 };
 
+// One of the shares, each as likely as its weight.
+Thing Draw(std::span<const Share> shares, double chance) {
+  int total = 0;
+  for (const Share& share : shares) total += share.weight;
+  double left = chance * total;
+  for (const Share& share : shares) {
+    left -= share.weight;
+    if (left < 0) return share.thing;
+  }
+  return shares.front().thing;
+}
+
 }  // namespace
 
 Vegetation::Vegetation(std::uint64_t seed)
-    : mSeed(MixBits(seed + 21)),
-      mWoods(seed + 22, 48, 4),
-      mKinds(seed + 23, 96, 3),
-      mMeadows(seed + 24, 24, 2),
-      mThickets(seed + 25, 12, 2) {}
+    : mSeed(MixBits(Salted(seed, WorldSalt::Growth))),
+      mWoods(Salted(seed, WorldSalt::Woods), 48, 4),
+      mTreeKinds(Salted(seed, WorldSalt::TreeKinds), 96, 3),
+      mMeadows(Salted(seed, WorldSalt::Meadows), 24, 2),
+      mThickets(Salted(seed, WorldSalt::Thickets), 12, 2) {}
 
-double Vegetation::ChanceAt(WorldPoint place, std::uint64_t salt) const {
-  return ChanceOf(HashOf(mSeed + salt, WrapCoordinate(place.x), WrapCoordinate(place.y)));
+double Vegetation::ChanceAt(WorldPoint point, GrowthSalt salt) const {
+  return ChanceOf(HashOf(Salted(mSeed, salt), point.x, point.y));
 }
 
 double Vegetation::GetWood(const Habitat& habitat, const Landscape& landscape) const {
-  double wood = mWoods.At(habitat.place) - std::max(0.0, 10 - habitat.inland) * 0.06;
-  for (const Landscape::Mood& mood : landscape.GetMoods()) {
-    wood += mood.woods * mood.GetStrength(habitat.spot);
-  }
+  double wood = mWoods.At(habitat.point) - std::max(0.0, kCoastalStrip - habitat.inland) * kCoastalThinning;
+  for (const Landscape::Bias& bias : landscape.GetBiases()) wood += bias.woods * bias.GetStrength(habitat.spot);
   return wood;
 }
 
 Ground Vegetation::GetGround(const Habitat& habitat, const Landscape& landscape) const {
   if (GetWood(habitat, landscape) > kWoodBegins) return Ground::ForestFloor;
-  const double meadow = mMeadows.At(habitat.place);
-  if (meadow > 0.62) return Ground::Flowers;
-  return meadow < -0.5 ? Ground::DryGrass : Ground::Grass;
+  const double meadow = mMeadows.At(habitat.point);
+  if (meadow > kFlowersBegin) return Ground::Flowers;
+  return meadow < kDryGrassEnds ? Ground::DryGrass : Ground::Grass;
 }
 
-// Whether the field wins over its neighbours in a draw: winners never touch each other.
-bool Vegetation::IsFirstOf(WorldPoint place, bool withDiagonals) const {
-  const double own = ChanceAt(place, 1);
-  for (int dx = -1; dx <= 1; ++dx) {
-    for (int dy = -1; dy <= 1; ++dy) {
-      const bool isNeighbor = (dx != 0) != (dy != 0) || (withDiagonals && dx != 0);
-      if (isNeighbor && ChanceAt({place.x + dx, place.y + dy}, 1) > own) return false;
-    }
-  }
-  return true;
+bool Vegetation::WinsOver(std::span<const Direction> neighbors, WorldPoint point) const {
+  const double own = ChanceAt(point, GrowthSalt::Contest);
+  return std::ranges::none_of(
+      neighbors, [&](Direction direction) { return ChanceAt(Next(point, direction), GrowthSalt::Contest) > own; });
 }
 
-// Whether the draw has left room for one more: none of the four neighbours has won, nor the field itself.
-bool Vegetation::IsGap(WorldPoint place) const {
-  constexpr PlanOffset kCross[] = {{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}};
-  return std::none_of(std::begin(kCross), std::end(kCross), [&](const PlanOffset& step) {
-    return IsFirstOf({place.x + step.x, place.y + step.y}, false);
-  });
+bool Vegetation::IsGap(WorldPoint point) const {
+  const auto wins = [&](WorldPoint field) { return WinsOver(kEdgeDirections, field); };
+  return !wins(point) &&
+         std::ranges::none_of(kEdgeDirections, [&](Direction direction) { return wins(Next(point, direction)); });
 }
 
 Thing Vegetation::GetThing(const Habitat& habitat, Ground ground, const Landscape& landscape) const {
-  const WorldPoint place = habitat.place;
   switch (habitat.level) {
     case Level::Deep:
-      return ChanceAt(place, 2) < 0.0004 ? Thing::SailingBoat : Thing::None;
+      return ChanceAt(habitat.point, GrowthSalt::SailingBoat) < kSailingBoatChance ? SailingBoat : None;
     case Level::Shallow:
-      return PickInWater(place, habitat.inland);
+      return PickInWater(habitat.point, habitat.inland);
     case Level::Sand:
-      return PickOnSand(place, habitat.inland);
+      return PickOnSand(habitat.point, habitat.inland);
     case Level::Rock:
-      return PickOnRock(place);
+      return PickOnRock(habitat.point);
     case Level::Snow:
-      return PickOnSnow(place);
+      return PickOnSnow(habitat.point);
     case Level::Grass:
       break;
   }
-  // Trees stand close inside a wood, apart on its rim, and in copses and alone on the meadow.
   const double wood = GetWood(habitat, landscape);
-  if (wood > kWoodBegins) {
-    const bool isRim = wood < kWoodBegins + 0.15;
-    const bool isTree = IsFirstOf(place, isRim) || (!isRim && ChanceAt(place, 8) < 0.5 && IsGap(place));
-    if (!isTree) return PickUnderTrees(place);
-    return PickTree(habitat, landscape, isRim ? Stand::Rim : Stand::Inside);
-  }
-  if (ground == Ground::Grass && IsFirstOf(place, true)) {
-    const bool isCopse = mThickets.At(place) + 0.5 * mMeadows.At(place) > 0.38;
-    if (ChanceAt(place, 7) < (isCopse ? 0.8 : wood > 0 ? 0.35 : 0.1)) {
-      return PickTree(habitat, landscape, isCopse || wood > 0 ? Stand::Rim : Stand::Alone);
-    }
-  }
-  if (ground == Ground::Flowers) {
-    const double chance = ChanceAt(place, 3);
-    if (chance < 0.3) return Thing::FlowerTuft;
-    return chance < 0.5 ? Thing::Poppies : Thing::None;
-  }
-  return PickOnGrass(place);
+  return wood > kWoodBegins ? PickInWood(habitat, landscape, wood) : PickOnMeadow(habitat, ground, landscape, wood);
 }
 
 Thing Vegetation::GetThingOnRim(const Habitat& habitat, Level upper) const {
-  const WorldPoint place = habitat.place;
-  const double chance = ChanceAt(place, 3);
-  if (upper == Level::Sand) return chance < 0.04 ? Thing::Pebbles : Thing::None;
+  const WorldPoint point = habitat.point;
+  const double chance = ChanceAt(point, GrowthSalt::Thing);
+  if (upper == Level::Sand) return Pick(kSandRim, chance);
   if (upper == Level::Grass) {
-    if (!IsFirstOf(place, true)) return chance < 0.1 ? Thing::Tuft : Thing::None;
-    if (habitat.inland > kPalmsEnd) return chance < 0.3 ? Thing::Bush : Thing::None;
-    return mThickets.At(place) > 0.2 ? Thing::Palm : Thing::None;
+    if (!WinsOverAll(point)) return Pick(kGrassRim, chance);
+    if (habitat.inland > kPalmsEnd) return Pick(kGrassRimInland, chance);
+    return mThickets.At(point) > kPalmThicketsOnRim ? Palm : None;
   }
-  if (!IsFirstOf(place, true)) return Thing::None;
-  return chance < 0.4 ? Thing::Rocks : chance < 0.55 ? Thing::Boulder : Thing::None;
+  return WinsOverAll(point) ? Pick(kRockRim, chance) : None;
+}
+
+// Trees stand close together inside a wood and apart on its rim.
+Thing Vegetation::PickInWood(const Habitat& habitat, const Landscape& landscape, double wood) const {
+  const WorldPoint point = habitat.point;
+  if (wood < kWoodBegins + kWoodRim) {
+    return WinsOverAll(point) ? PickTree(habitat, landscape, Stand::Rim) : PickUnderTrees(point);
+  }
+  const bool isTree =
+      WinsOver(kEdgeDirections, point) || (ChanceAt(point, GrowthSalt::GapTree) < kGapTreeChance && IsGap(point));
+  return isTree ? PickTree(habitat, landscape, Stand::Inside) : PickUnderTrees(point);
+}
+
+// Trees stand in copses and alone.
+Thing Vegetation::PickOnMeadow(const Habitat& habitat, Ground ground, const Landscape& landscape, double wood) const {
+  const WorldPoint point = habitat.point;
+  if (ground == Ground::Flowers) return Pick(kFlowerField, ChanceAt(point, GrowthSalt::Thing));
+  if (ground == Ground::Grass && WinsOverAll(point)) {
+    const bool isCopse = mThickets.At(point) + kMeadowInCopse * mMeadows.At(point) > kCopseBegins;
+    const bool isWoodland = wood > 0;
+    const double treeChance = isCopse ? kCopseTreeChance : isWoodland ? kWoodlandTreeChance : kMeadowTreeChance;
+    if (ChanceAt(point, GrowthSalt::MeadowTree) < treeChance) {
+      return PickTree(habitat, landscape, isCopse || isWoodland ? Stand::Rim : Stand::Alone);
+    }
+  }
+  return PickOnGrass(point);
 }
 
 Thing Vegetation::PickTree(const Habitat& habitat, const Landscape& landscape, Stand stand) const {
-  double kind = mKinds.At(habitat.place) + 0.3 * (ChanceAt(habitat.place, 5) - 0.5);
-  for (const Landscape::Mood& mood : landscape.GetMoods()) kind += 0.45 * mood.hills * mood.GetStrength(habitat.spot);
+  const WorldPoint point = habitat.point;
+  double kind = mTreeKinds.At(point) + kKindMix * (ChanceAt(point, GrowthSalt::TreeKind) - 0.5);
+  for (const Landscape::Bias& bias : landscape.GetBiases()) {
+    kind += kKindByHills * bias.hills * bias.GetStrength(habitat.spot);
+  }
   const auto row = std::ranges::find_if(kTrees, [&](const Trees& trees) { return kind > trees.above; });
-  return Draw(row->mixtures[static_cast<std::size_t>(stand)], ChanceAt(habitat.place, 6));
+  return Draw(row->mixtures[static_cast<std::size_t>(stand)], ChanceAt(point, GrowthSalt::Tree));
 }
 
-Thing Vegetation::PickUnderTrees(WorldPoint place) const {
-  const double chance = ChanceAt(place, 3);
-  const double thicket = mThickets.At(place);
-  if (thicket > 0.25) {
-    if (chance < 0.34) return Thing::Fern;
-    if (chance < 0.4) return Thing::BerryBush;
-  } else if (thicket < -0.35) {
-    if (chance < 0.14) return Thing::Mushrooms;
-    if (chance < 0.18) return Thing::Stump;
-    if (chance < 0.2) return Thing::Logs;
-  }
-  return chance > 0.96 ? Thing::Bush : Thing::None;
+Thing Vegetation::PickUnderTrees(WorldPoint point) const {
+  const double chance = ChanceAt(point, GrowthSalt::Thing);
+  const double thicket = mThickets.At(point);
+  if (thicket > kFernThickets) return Pick(kFernThicket, chance);
+  return thicket < kMushroomThickets ? Pick(kMushroomGround, chance) : Pick(kWoodGround, chance);
 }
 
-Thing Vegetation::PickOnGrass(WorldPoint place) const {
-  const double chance = ChanceAt(place, 3);
-  const double thicket = mThickets.At(place);
-  if (IsFirstOf(place, true)) {
-    if (thicket > 0.3) return chance < 0.7 ? Thing::Bush : Thing::BerryBush;
-    if (thicket < -0.8 && chance < 0.6) return chance < 0.4 ? Thing::Rocks : Thing::Boulder;
+Thing Vegetation::PickOnGrass(WorldPoint point) const {
+  const double chance = ChanceAt(point, GrowthSalt::Thing);
+  const double thicket = mThickets.At(point);
+  if (WinsOverAll(point)) {
+    if (thicket > kBushThickets) return Pick(kBushes, chance);
+    if (thicket < kStoneThickets) return Pick(kStones, chance);
   }
-  if (thicket > 0.1 && chance < 0.2) return chance < 0.1 ? Thing::FlowerTuft : Thing::Tuft;
-  return chance < 0.05 ? Thing::Tuft : Thing::None;
+  return thicket > kTuftThickets ? Pick(kTufts, chance) : Pick(kGrass, chance);
 }
 
 // Fields of boulders, and pines between them.
-Thing Vegetation::PickOnRock(WorldPoint place) const {
-  const double chance = ChanceAt(place, 3);
-  const double thicket = mThickets.At(place);
-  if (thicket > -0.05 && IsFirstOf(place, thicket < 0.25)) return chance < 0.45 ? Thing::Boulder : Thing::Rocks;
-  if (thicket < -0.05 && IsFirstOf(place, true)) {
-    constexpr Share kMountainTrees[] = {{CrookedPine, 26}, {PineGroup, 20}, {YoungPine, 18},
-                                        {Pine, 13},        {DeadTree, 9},   {None, 14}};
-    return Draw(kMountainTrees, chance);
+Thing Vegetation::PickOnRock(WorldPoint point) const {
+  const double chance = ChanceAt(point, GrowthSalt::Thing);
+  const double thicket = mThickets.At(point);
+  if (thicket > kBoulderThickets) {
+    const bool isDense = thicket >= kDenseBoulderThickets;
+    if (isDense ? WinsOver(kEdgeDirections, point) : WinsOverAll(point)) return Pick(kBoulders, chance);
   }
-  if (chance < 0.07) return Thing::Pebbles;
-  return chance > 0.96 ? Thing::Tuft : Thing::None;
+  if (thicket < kBoulderThickets && WinsOverAll(point)) return Draw(kMountainTrees, chance);
+  return Pick(kRock, chance);
 }
 
-Thing Vegetation::PickOnSnow(WorldPoint place) const {
-  if (!IsFirstOf(place, true) || ChanceAt(place, 3) > 0.3) return Thing::None;
-  constexpr Share kSnowThings[] = {{Boulder, 50}, {YoungPine, 25}, {PineGroup, 25}};
-  return Draw(kSnowThings, ChanceAt(place, 4));
+Thing Vegetation::PickOnSnow(WorldPoint point) const {
+  if (!WinsOverAll(point) || ChanceAt(point, GrowthSalt::Thing) > kSnowThingChance) return None;
+  return Draw(kSnowThings, ChanceAt(point, GrowthSalt::SnowThing));
 }
 
-Thing Vegetation::PickOnSand(WorldPoint place, double inland) const {
-  const double chance = ChanceAt(place, 3);
-  const double thicket = mThickets.At(place);
-  if (IsFirstOf(place, true) && inland > 1 && inland < kPalmsEnd && thicket > -0.1 && chance < 0.7) return Thing::Palm;
-  if (chance < 0.02) return Thing::Rocks;
-  return thicket < -0.3 && chance < 0.12 ? Thing::Pebbles : Thing::None;
+Thing Vegetation::PickOnSand(WorldPoint point, double inland) const {
+  const double chance = ChanceAt(point, GrowthSalt::Thing);
+  const double thicket = mThickets.At(point);
+  const bool hasPalms = inland > kPalmsBegin && inland < kPalmsEnd && thicket > kPalmThickets;
+  if (hasPalms && chance < kPalmChance && WinsOverAll(point)) return Palm;
+  return thicket < kPebbleThickets ? Pick(kPebbleBeach, chance) : Pick(kSand, chance);
 }
 
-Thing Vegetation::PickInWater(WorldPoint place, double inland) const {
-  const double chance = ChanceAt(place, 3);
-  const double thicket = mThickets.At(place);
-  const bool isPond = inland > 8;
-  if (isPond && thicket > 0) return chance < 0.3 ? Thing::WaterLilies : Thing::None;
-  if (thicket < -0.55 && chance < (isPond ? 0.5 : 0.35)) return Thing::Reeds;
-  return !isPond && chance < 0.004 ? Thing::Rocks : Thing::None;
+Thing Vegetation::PickInWater(WorldPoint point, double inland) const {
+  const double chance = ChanceAt(point, GrowthSalt::Thing);
+  const double thicket = mThickets.At(point);
+  if (inland > kPondInland) {
+    if (thicket > kLilyThickets) return Pick(kLilyPond, chance);
+    return thicket < kReedThickets ? Pick(kReedPond, chance) : None;
+  }
+  return thicket < kReedThickets ? Pick(kReedShore, chance) : Pick(kShallows, chance);
 }
 
 }  // namespace tolva

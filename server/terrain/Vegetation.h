@@ -1,9 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
+#include "server/terrain/GradientNoise.h"
 #include "server/terrain/Landscape.h"
-#include "server/terrain/LatticeNoise.h"
 #include "server/terrain/TerrainLevels.h"
 #include "server/terrain/WorldPictures.h"
 
@@ -17,7 +18,7 @@ class Vegetation {
 
   // A field that is no transition.
   struct Habitat {
-    WorldPoint place;
+    WorldPoint point;
     Spot spot;
     Level level;
     double inland;
@@ -35,22 +36,27 @@ class Vegetation {
   enum class Stand { Inside, Rim, Alone };
 
   double GetWood(const Habitat& habitat, const Landscape& landscape) const;
-  bool IsFirstOf(WorldPoint place, bool withDiagonals) const;
-  bool IsGap(WorldPoint place) const;
+  // Whether the field beats its neighbors in these directions in a contest: of two neighbors at most one does.
+  bool WinsOver(std::span<const Direction> neighbors, WorldPoint point) const;
+  bool WinsOverAll(WorldPoint point) const { return WinsOver(kDirections, point); }
+  // Whether the contest among edge neighbors left the field and its edge neighbors empty.
+  bool IsGap(WorldPoint point) const;
+  Thing PickInWood(const Habitat& habitat, const Landscape& landscape, double wood) const;
+  Thing PickOnMeadow(const Habitat& habitat, Ground ground, const Landscape& landscape, double wood) const;
   Thing PickTree(const Habitat& habitat, const Landscape& landscape, Stand stand) const;
-  Thing PickUnderTrees(WorldPoint place) const;
-  Thing PickOnGrass(WorldPoint place) const;
-  Thing PickOnRock(WorldPoint place) const;
-  Thing PickOnSnow(WorldPoint place) const;
-  Thing PickOnSand(WorldPoint place, double inland) const;
-  Thing PickInWater(WorldPoint place, double inland) const;
-  double ChanceAt(WorldPoint place, std::uint64_t salt) const;
+  Thing PickUnderTrees(WorldPoint point) const;
+  Thing PickOnGrass(WorldPoint point) const;
+  Thing PickOnRock(WorldPoint point) const;
+  Thing PickOnSnow(WorldPoint point) const;
+  Thing PickOnSand(WorldPoint point, double inland) const;
+  Thing PickInWater(WorldPoint point, double inland) const;
+  double ChanceAt(WorldPoint point, GrowthSalt salt) const;
 
   std::uint64_t mSeed;
-  LatticeNoise mWoods;
-  LatticeNoise mKinds;
-  LatticeNoise mMeadows;
-  LatticeNoise mThickets;
+  GradientNoise mWoods;
+  GradientNoise mTreeKinds;
+  GradientNoise mMeadows;
+  GradientNoise mThickets;
 };
 
 }  // namespace tolva

@@ -7,6 +7,7 @@
 
 #include "protocol/FieldPosition.h"
 #include "server/terrain/AreaPainter.h"
+#include "server/terrain/ArrivalIsland.h"
 
 namespace tolva {
 namespace {

@@ -4,11 +4,10 @@
 
 namespace tolva {
 
-// The pictures that the world is made of, by their ids in the `Graphics` archive; assets/art/catalogue.py is their
-// list.
+// The pictures that the world is made of, by their ids in the `Graphics` archive; assets/art/catalogue.py lists them.
 //
-// The client takes ground ids that differ only in their low 4 bits for one ground and blends where the rest differs. So
-// each kind and each painted transition has 16 ids of its own: a kind's are its variants, a transition's its pieces.
+// Ground ids that differ only in their low 4 bits are one ground to the client, which blends where different grounds
+// meet. So each kind and each painted transition has 16 ids of its own: variants of a kind, pieces of a transition.
 
 // Kinds of ground, by the first of their 16 ids; variants are counted from 0.
 enum class Ground : std::uint32_t {
@@ -23,13 +22,13 @@ enum class Ground : std::uint32_t {
   Snow = 112128,
   Cobbles = 112144,
   Flowers = 112160,
-  Field = 112176,  // ploughed
+  Field = 112176,  // plowed
 };
 constexpr std::uint32_t kGroundVariants = 4;
 
-// Painted transitions from an upper kind to a lower one, by the first of their ids. Terrain belongs to the corners of
-// fields: piece n (1 to 14) has the upper kind in the corners 1 north, 2 east, 4 south, 8 west of the picture. Their
-// borders meet those of their two kinds and of each other, so they want no blending: smoothness 0.
+// Painted transitions from an upper kind to a lower one, by the first of their ids. The bits of a piece's number (1 to
+// 14) are the corners of the picture that have the upper kind: 1 north, 2 east, 4 south, 8 west. Pieces match their two
+// kinds and each other at the borders, so they need no blending: smoothness 0.
 enum class Transition : std::uint32_t {
   ShallowDeep = 112512,
   SandShallow = 112528,
@@ -75,7 +74,7 @@ enum class Thing : std::uint32_t {
   Pebbles = 120042,
   Stump = 120043,
   Logs = 120044,
-  // A fence along the edge of its field that is named.
+  // A fence along the named edge of its field.
   FenceNorthEast = 120060,
   FenceSouthEast = 120061,
   FenceSouthWest = 120062,
@@ -92,20 +91,26 @@ enum class Thing : std::uint32_t {
   Cart = 120089,
   Campfire = 120090,
   Scarecrow = 120091,
-  // Pier pieces lie over water and are walked on: along the NE-SW and the NW-SE line of fields.
+  // Walkable pieces over water, along the NE-SW and the NW-SE line of fields.
   PierNorthEast = 120100,
   PierNorthWest = 120101,
   Boat = 120102,
   SailingBoat = 120103,
 };
 
-// Houses cover width (in x, to the south-east) by depth (in y, to the north-east) fields. Only the fields of their two
-// front edges, the south-eastern and the south-western, carry a picture: first + 8 * i + j for the field i steps in x
-// and j steps in y from the house's western corner field. They show what stands behind them too.
+// A house covers `width` (along x, to the south-east) by `depth` (along y, to the north-east) fields. Only the fields
+// of its two front edges, the south-eastern and the south-western, have a picture; it shows what stands behind them
+// too.
 struct House {
   std::uint32_t first;
   int width;
   int depth;
+
+  // The picture of the field i steps along x and j along y from the house's western corner field; 0 for none.
+  constexpr std::uint32_t PictureOf(int i, int j) const {
+    const bool isFront = i == width - 1 || j == 0;
+    return isFront ? first + static_cast<std::uint32_t>(8 * i + j) : 0;
+  }
 };
 constexpr House kTiledHouse{121000, 3, 3};     // door to the south-west
 constexpr House kThatchedHouse{121064, 3, 2};  // door to the south-west

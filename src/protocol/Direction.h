@@ -24,7 +24,16 @@ constexpr std::array<Direction, kDirectionCount> kDirections = {
     Direction::North, Direction::NorthEast, Direction::East, Direction::SouthEast,
     Direction::South, Direction::SouthWest, Direction::West, Direction::NorthWest};
 
+// The directions to the four fields that share an edge with a field.
+constexpr std::array<Direction, 4> kEdgeDirections = {Direction::SouthEast, Direction::NorthEast, Direction::NorthWest,
+                                                      Direction::SouthWest};
+
 constexpr bool IsDirection(Direction direction) { return static_cast<std::uint32_t>(direction) < kDirectionCount; }
+
+// `direction` is one of the eight.
+constexpr Direction Opposite(Direction direction) {
+  return kDirections[(static_cast<std::uint32_t>(direction) + kDirectionCount / 2) % kDirectionCount];
+}
 
 // One step, in fields or in areas. The screen shows the world with x growing to the south-east and y to the north-east.
 struct Step {
