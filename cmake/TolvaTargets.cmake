@@ -1,6 +1,7 @@
 # What all targets share: warnings, sanitizers, the libraries from Debian, and one function per kind of target.
 
 find_package(PkgConfig REQUIRED)
+find_package(CLI11 REQUIRED)
 find_package(Threads REQUIRED)
 find_package(ZLIB REQUIRED)
 pkg_check_modules(SDL REQUIRED IMPORTED_TARGET sdl)

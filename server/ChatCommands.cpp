@@ -2,20 +2,20 @@
 
 #include <algorithm>
 
-#include "server/ChatText.h"
 #include "server/Realm.h"
 #include "server/Session.h"
+#include "server/common/ChatText.h"
 
 namespace tolva {
 namespace {
 
-constexpr std::size_t kLongestAnswer = 900;
-constexpr std::size_t kEchoedAtMost = 20;
+constexpr std::size_t kMaxAnswer = 900;
+constexpr std::size_t kMaxEcho = 20;
 
-// In as many lines as it takes.
+// In several lines if need be.
 void TellNames(Session& session, std::string answer, const std::vector<std::string>& names) {
   for (const std::string& name : names) {
-    if (answer.size() > kLongestAnswer) {
+    if (answer.size() > kMaxAnswer) {
       session.Tell(answer);
       answer = "...";
     }
@@ -45,7 +45,7 @@ void ChatCommands::Run(Session& session, const std::string& line, TimePoint now)
     if (FoldCase(word) != command.word) continue;
     return (this->*command.run)(session, restBegin == line.npos ? "" : line.substr(restBegin), now);
   }
-  session.Tell("There is no command " + word.substr(0, kEchoedAtMost) + ". Type /help for those there are.");
+  session.Tell("There is no command " + word.substr(0, kMaxEcho) + ". Type /help for those there are.");
 }
 
 void ChatCommands::Help(Session& session, const std::string&, TimePoint) const {
@@ -57,15 +57,14 @@ void ChatCommands::Who(Session& session, const std::string&, TimePoint) const {
   TellNames(session, std::to_string(names.size()) + (names.size() == 1 ? " player is here:" : " players are here:"),
             names);
   auto inWorld = mRealm.GetPlayerNames();
-  std::sort(inWorld.begin(), inWorld.end(),
-            [](const std::string& left, const std::string& right) { return FoldCase(left) < FoldCase(right); });
+  std::ranges::sort(inWorld, {}, FoldCase);
   if (!inWorld.empty()) TellNames(session, "In the world:", inWorld);
 }
 
 void ChatCommands::Me(Session& session, const std::string& rest, TimePoint now) const {
   if (IsAllBlank(rest)) return session.Tell("Type what you do after /me, as in: /me waves");
-  // Under the user's own name, so that nobody can make a line look like the server's.
-  session.GetPlace()->Say(session, "* " + rest, now);
+  // Under the user's name, so that it cannot look like a line from the server.
+  session.GetRoom()->Say(session, "* " + rest, now);
 }
 
 }  // namespace tolva

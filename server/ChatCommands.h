@@ -3,21 +3,21 @@
 #include <string>
 
 #include "server/Reception.h"
-#include "server/ServerTime.h"
+#include "server/common/ServerTime.h"
 
 namespace tolva {
 
 class Realm;
 class Session;
 
-// The lines that begin with a slash.
+// Chat lines that begin with a slash.
 class ChatCommands {
  public:
   // Both must outlive the commands.
   ChatCommands(const Reception& reception, const Realm& realm) : mReception(reception), mRealm(realm) {}
 
   static bool IsCommand(const std::string& line) { return line.starts_with('/'); }
-  // Carries out a command line of a logged-in session. What it answers, that session alone sees.
+  // Carries out a command of a logged-in session. Only that session sees the answers.
   void Run(Session& session, const std::string& line, TimePoint now) const;
 
  private:

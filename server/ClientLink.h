@@ -2,21 +2,19 @@
 
 #include <cstdint>
 
-#include "protocol/Packet.h"
+#include "server/common/PacketSink.h"
 
 namespace tolva {
 
-// Numbers clients in the order of their connections; never used twice in one run.
+// Numbers clients in the order in which they connect; never reused in one run.
 using ClientId = std::uint64_t;
 
-// All that the server's logic knows of a client's connection: the way out to it. Neither operation calls back into the
-// logic, so both are safe in the middle of a broadcast.
-class ClientLink {
+// A client's connection, as the server's logic knows it. A client that does not read what it is sent loses its
+// connection, so that it cannot fill the memory.
+class ClientLink : public PacketSink {
  public:
-  virtual ~ClientLink() = default;
-  // Queues a copy; never waits. A client that does not read loses its connection instead of filling the memory.
-  virtual void Send(const Packet& packet) = 0;
-  // Ends the connection once what is queued has been sent, or after a bounded time. Nothing sent later gets out.
+  // Ends the connection once what is queued has been sent, or after a bounded time. Later packets are discarded. Does
+  // not call back into the logic either.
   virtual void CloseAfterSending() = 0;
 };
 

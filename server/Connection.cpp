@@ -5,13 +5,13 @@
 #include <asio/post.hpp>
 #include <asio/write.hpp>
 
-#include "protocol/InternPackets.h"
+#include "protocol/PacketDispatch.h"
 
 namespace tolva {
 namespace {
 
-constexpr auto kGoodbyeWithin = std::chrono::seconds(2);
-constexpr int kSystemBuffer = 128 * 1024;
+constexpr auto kGoodbyeTimeout = std::chrono::seconds(2);
+constexpr int kSendBuffer = 128 * 1024;
 
 }  // namespace
 
@@ -21,8 +21,8 @@ Connection::Connection(asio::ip::tcp::socket socket, ClientId id, ConnectionList
 void Connection::Start() {
   asio::error_code ignored;
   mSocket.set_option(asio::ip::tcp::no_delay(true), ignored);
-  // Or the system would let a client that does not read pile up megabytes of its own.
-  mSocket.set_option(asio::socket_base::send_buffer_size(kSystemBuffer), ignored);
+  // Without a limit, the system would buffer megabytes for a client that does not read.
+  mSocket.set_option(asio::socket_base::send_buffer_size(kSendBuffer), ignored);
   Read();
 }
 
@@ -31,7 +31,7 @@ void Connection::Send(const Packet& packet) {
   mListener.OnSending(*this, packet);
   std::array<std::uint8_t, kRecordBufferSize> record;
   const std::uint32_t length = mConverter.WriteBuffer(record.data(), packet);
-  if (mQueued.size() + mOnTheWay.size() + length > kMostQueued) return Close("does not read what it is sent");
+  if (mQueued.size() + mInFlight.size() + length > kMaxQueued) return Close("does not read what it is sent");
   mQueued.insert(mQueued.end(), record.begin(), record.begin() + length);
   Write();
 }
@@ -39,7 +39,7 @@ void Connection::Send(const Packet& packet) {
 void Connection::CloseAfterSending() {
   if (mState != State::Open) return;
   mState = State::SayingGoodbye;
-  mDeadline = Clock::now() + kGoodbyeWithin;
+  mDeadline = Clock::now() + kGoodbyeTimeout;
   Write();
 }
 
@@ -63,21 +63,22 @@ void Connection::DeliverPackets() {
     const RecordCutter::Result result = mCutter.Next();
     if (result.outcome == RecordCutter::Outcome::Incomplete) return;
     if (result.outcome == RecordCutter::Outcome::Broken) return Close("dropped: sent what is no record");
-    if (const auto* ping = PacketCast<PacketInternPing>(result.packet.get())) Send(PacketInternPong(ping->mUintTick));
+    Dispatch(*result.packet, [this](const PacketInternPing& ping) { Send(PacketInternPong(ping.mUintTick)); });
     mListener.OnPacket(*this, *result.packet);
   }
-  // A client that is being closed may go on sending; hearing it out keeps the system from cutting the farewell short.
+  // A client that is being closed may go on sending. The system would reset a connection closed with unread data, and
+  // the farewell would be lost, so it is read and discarded.
   mCutter.Clear();
 }
 
 void Connection::Write() {
-  if (mState == State::Closed || !mOnTheWay.empty()) return;
+  if (mState == State::Closed || !mInFlight.empty()) return;
   if (mQueued.empty()) return SayGoodbye();
-  // Once the rush is over, what it took is given back.
-  if (mOnTheWay.capacity() > kMostQueued / 4) mOnTheWay = {};
-  mOnTheWay.swap(mQueued);
-  asio::async_write(mSocket, asio::buffer(mOnTheWay), [self = shared_from_this()](asio::error_code error, std::size_t) {
-    self->mOnTheWay.clear();
+  // After a rush the buffer gives its memory back.
+  if (mInFlight.capacity() > kMaxQueued / 4) mInFlight = {};
+  mInFlight.swap(mQueued);
+  asio::async_write(mSocket, asio::buffer(mInFlight), [self = shared_from_this()](asio::error_code error, std::size_t) {
+    self->mInFlight.clear();
     if (error) return self->Close(error.message());
     self->Write();
   });
@@ -97,7 +98,7 @@ void Connection::Close(const std::string& why) {
   const auto executor = mSocket.get_executor();
   asio::error_code ignored;
   mSocket.close(ignored);
-  // Later, because the listener may be in the middle of a broadcast that found this client's queue full.
+  // Posted, because the listener may be in the middle of a broadcast that found this client's queue full.
   asio::post(executor, [self = shared_from_this(), why] { self->mListener.OnClosed(*self, why); });
 }
 

@@ -8,13 +8,13 @@
 
 #include "protocol/RecordCutter.h"
 #include "server/ClientLink.h"
-#include "server/ServerTime.h"
+#include "server/common/ServerTime.h"
 
 namespace tolva {
 
 class Connection;
 
-// Who hears of what happens on connections. All calls come from the event loop.
+// Is notified of what happens on connections. All calls come from the event loop.
 class ConnectionListener {
  public:
   virtual ~ConnectionListener() = default;
@@ -25,12 +25,13 @@ class ConnectionListener {
   virtual void OnClosed(Connection& connection, const std::string& why) = 0;
 };
 
-// A client's socket: cuts what arrives into packets, queues what is to go, answers pings. Lives as long as an operation
-// on its socket is under way; used on the event loop's thread.
+// A client's socket: cuts what arrives into packets, queues what is to be sent, answers pings. Lives as long as an
+// operation on its socket is in flight; used on the event loop's thread.
 class Connection final : public ClientLink, public std::enable_shared_from_this<Connection> {
  public:
-  // Most bytes that wait for a client to read them: some 250 of the longest chat lines, besides what the system holds.
-  static constexpr std::size_t kMostQueued = std::size_t{256} * 1024;
+  // The high-water mark in bytes: a client that has not read more than this, besides what the system buffers, is
+  // closed. About 250 of the longest chat lines.
+  static constexpr std::size_t kMaxQueued = std::size_t{256} * 1024;
 
   // The listener must outlive the connection. Nothing happens before Start.
   Connection(asio::ip::tcp::socket socket, ClientId id, ConnectionListener& listener);
@@ -40,14 +41,14 @@ class Connection final : public ClientLink, public std::enable_shared_from_this<
 
   void Send(const Packet& packet) override;
   void CloseAfterSending() override;
-  // Ends a farewell that the client does not take. To be called several times a second.
+  // Closes the connection when the client has not taken its farewell in time. To be called several times a second.
   void CheckDeadline(TimePoint now);
 
  private:
   enum class State {
     Open,
-    SayingGoodbye,    // sends what is queued; what arrives is thrown away
-    AwaitingGoodbye,  // all is sent and our side closed; the client has not closed its own yet
+    SayingGoodbye,    // sends what is queued, and discards what arrives
+    AwaitingGoodbye,  // has sent everything and closed its side; the client has not closed the other yet
     Closed
   };
 
@@ -65,7 +66,7 @@ class Connection final : public ClientLink, public std::enable_shared_from_this<
   RecordCutter mCutter;
   PacketConverter mConverter;
   std::vector<std::uint8_t> mQueued;
-  std::vector<std::uint8_t> mOnTheWay;
+  std::vector<std::uint8_t> mInFlight;
 };
 
 }  // namespace tolva

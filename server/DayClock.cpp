@@ -10,15 +10,17 @@ constexpr double kDawnBegins = 0.65;
 constexpr double kTwilightLength = 0.15;
 
 // How much of the twilight that began at `begin` has passed: 0 before it, 1 after it.
-double GetPassed(double partOfDay, double begin) { return std::clamp((partOfDay - begin) / kTwilightLength, 0.0, 1.0); }
+double GetElapsed(double partOfDay, double begin) {
+  return std::clamp((partOfDay - begin) / kTwilightLength, 0.0, 1.0);
+}
 
 }  // namespace
 
 std::uint8_t DayClock::GetDarkness(TimePoint now) const {
   const Duration sinceNoon = (now - mNoon) % mDayLength;
   const double partOfDay = static_cast<double>(sinceNoon.count()) / static_cast<double>(mDayLength.count());
-  const double gone = GetPassed(partOfDay, kDuskBegins) - GetPassed(partOfDay, kDawnBegins);
-  return static_cast<std::uint8_t>(kDarknessDay + gone * (kDarknessNight - kDarknessDay));
+  const double night = GetElapsed(partOfDay, kDuskBegins) - GetElapsed(partOfDay, kDawnBegins);
+  return static_cast<std::uint8_t>(kDarknessDay + night * (kDarknessNight - kDarknessDay));
 }
 
 }  // namespace tolva

@@ -2,15 +2,15 @@
 
 #include <cstdint>
 
-#include "server/ServerTime.h"
+#include "server/common/ServerTime.h"
 
 namespace tolva {
 
 constexpr std::uint8_t kDarknessDay = 0;
 constexpr std::uint8_t kDarknessNight = 200;
 
-// The course of the days. A day begins at noon: bright until a quarter of it has gone, dusk until 40 %, night until
-// 65 %, dawn until 80 %, bright again until the next noon. Dusk and dawn pass evenly through every level.
+// The times of day. A day begins at noon: bright until a quarter of it has gone, dusk until 40 %, night until
+// 65 %, dawn until 80 %, bright again until the next noon. Dusk and dawn change evenly.
 class DayClock {
  public:
   // `dayLength` above zero.

@@ -4,17 +4,17 @@
 
 #include "foundation/Text.h"
 #include "protocol/GamePackets.h"
-#include "server/ChatText.h"
 #include "server/NamePolicy.h"
 #include "server/Session.h"
+#include "server/common/ChatText.h"
 
 namespace tolva {
 namespace {
 
-// A client takes about 200 packets a second. Whatever others do, it must stay able to follow, or it would be dropped
-// for what they did.
+// A client takes about 200 packets a second. One that cannot keep up is dropped, so others must not be able to send it
+// more.
 constexpr std::size_t kLinesPerSecond = 100;
-constexpr auto kListsAtMostEvery = std::chrono::milliseconds(250);
+constexpr auto kListsInterval = std::chrono::milliseconds(250);
 
 bool IsBefore(const Session* left, const Session* right) {
   return FoldCase(left->GetName()) < FoldCase(right->GetName());
@@ -22,7 +22,7 @@ bool IsBefore(const Session* left, const Session* right) {
 
 }  // namespace
 
-Lobby::Lobby() : mLines(kLinesPerSecond, std::chrono::seconds(1)), mShared(1, kListsAtMostEvery) {}
+Lobby::Lobby() : mLines(kLinesPerSecond, std::chrono::seconds(1)), mShared(1, kListsInterval) {}
 
 void Lobby::Enter(Session& session, TimePoint now) {
   mMembers.insert(std::upper_bound(mMembers.begin(), mMembers.end(), &session, IsBefore), &session);
@@ -30,9 +30,7 @@ void Lobby::Enter(Session& session, TimePoint now) {
 
   session.Send(PacketEnterChatAccept());
   if (!ShareListsIfDue(now)) SendLists(session, MakeList());
-  PacketDarkness darkness;
-  darkness.mByDarkness = mDarkness;
-  session.Send(darkness);
+  session.Send(PacketDarkness(mDarkness));
   session.Tell("Welcome to Tolva, " + session.GetName() +
                "! Return sends your line, Escape empties it. /help tells more.");
 }
@@ -50,9 +48,7 @@ void Lobby::Say(Session& session, const std::string& line, TimePoint now) {
 
 void Lobby::SetDarkness(std::uint8_t darkness) {
   mDarkness = darkness;
-  PacketDarkness packet;
-  packet.mByDarkness = darkness;
-  Broadcast(packet);
+  Broadcast(PacketDarkness(darkness));
 }
 
 void Lobby::SetUsersInGame(std::uint32_t count, TimePoint now) {
@@ -76,31 +72,23 @@ bool Lobby::ShareListsIfDue(TimePoint now) {
 
 PacketChatUsers Lobby::MakeList() const {
   PacketChatUsers list;
-  list.mUintCount = static_cast<std::uint16_t>(mMembers.size());
   const bool isOverfull = mMembers.size() > kUserListCapacity;
   const std::size_t shown = isOverfull ? kUserListCapacity - 1 : mMembers.size();
-  for (std::size_t i = 0; i < shown; ++i) CopyText(list.mStrUsers[i], mMembers[i]->GetName().c_str());
-  // Not to be taken for a user: names have no brackets.
-  const std::string more = "(and " + std::to_string(mMembers.size() - shown) + " more)";
-  if (isOverfull) CopyText(list.mStrUsers[shown], more.c_str());
+  for (std::size_t i = 0; i < shown; ++i) list.Add(mMembers[i]->GetName().c_str());
+  // Cannot be taken for a user: names have no brackets.
+  if (isOverfull) list.Add(("(and " + std::to_string(mMembers.size() - shown) + " more)").c_str());
+  list.mUintCount = static_cast<std::uint16_t>(mMembers.size());
   return list;
 }
 
 void Lobby::SendLists(Session& session, const PacketChatUsers& list) const {
-  const auto place = static_cast<std::size_t>(std::find(mMembers.begin(), mMembers.end(), &session) - mMembers.begin());
-  PacketUserInGame inGame;
-  inGame.mUintCount = mUsersInGame;
-  // People look for themselves: whom the list would leave out takes the place of the last name.
-  if (mMembers.size() > kUserListCapacity && place >= kUserListCapacity - 1) {
-    PacketChatUsers own;
-    own.mUintCount = list.mUintCount;
-    std::copy(&list.mStrUsers[0][0], &list.mStrUsers[0][0] + sizeof list.mStrUsers, &own.mStrUsers[0][0]);
-    CopyText(own.mStrUsers[kUserListCapacity - 2], session.GetName().c_str());
-    session.Send(own);
-  } else {
-    session.Send(list);
-  }
-  session.Send(inGame);
+  const auto position = std::ranges::find(mMembers, &session) - mMembers.begin();
+  const bool isLeftOut = mMembers.size() > kUserListCapacity && position >= std::ptrdiff_t{kUserListCapacity} - 1;
+  PacketChatUsers own(list);
+  // People look for themselves: a session that the list leaves out takes the place of the last name.
+  if (isLeftOut) CopyText(own.mStrUsers[kUserListCapacity - 2], session.GetName().c_str());
+  session.Send(own);
+  session.Send(PacketUserInGame(mUsersInGame));
 }
 
 }  // namespace tolva

@@ -3,13 +3,13 @@
 #include <vector>
 
 #include "protocol/ChatPackets.h"
-#include "server/FloodGuard.h"
-#include "server/Place.h"
+#include "server/Room.h"
+#include "server/common/RateLimiter.h"
 
 namespace tolva {
 
-// The chat that everybody comes to after the login and returns to from the world.
-class Lobby final : public Place {
+// The chat room that users enter after the login and return to from the world.
+class Lobby final : public Room {
  public:
   Lobby();
 
@@ -20,22 +20,23 @@ class Lobby final : public Place {
   void SetDarkness(std::uint8_t darkness) override;
   void Tick(TimePoint now) override { ShareListsIfDue(now); }
 
-  // How many users are out in the world, which the lobby shows.
+  // The number of users in the world, which the lobby shows.
   void SetUsersInGame(std::uint32_t count, TimePoint now);
 
  private:
   void Broadcast(const Packet& packet);
+  // Sends everybody the lists if they have changed and the last sending is long enough ago; whether it did.
   bool ShareListsIfDue(TimePoint now);
   PacketChatUsers MakeList() const;
-  // The list as this session sees it, made from the one that MakeList made.
+  // Sends the list that MakeList made, changed where the session would not find itself in it.
   void SendLists(Session& session, const PacketChatUsers& list) const;
 
   // In alphabetical order.
   std::vector<Session*> mMembers;
   std::uint8_t mDarkness = 0;
   std::uint32_t mUsersInGame = 0;
-  FloodGuard mLines;
-  FloodGuard mShared;
+  RateLimiter mLines;
+  RateLimiter mShared;
   bool mListsChanged = false;
 };
 

@@ -5,9 +5,9 @@
 
 namespace tolva {
 
-constexpr std::size_t kLongestName = 16;
+constexpr std::size_t kMaxNameLength = 16;
 
-// Why nobody may bear this name, as a sentence that tells the player what to do; empty when somebody may.
+// Why nobody may have this name, as a sentence that says what the player can do; empty for an acceptable name.
 std::string RefuseName(std::string_view name);
 
 }  // namespace tolva

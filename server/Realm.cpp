@@ -1,6 +1,7 @@
 #include "server/Realm.h"
 
 #include "protocol/GamePackets.h"
+#include "protocol/PacketDispatch.h"
 #include "server/DayClock.h"
 #include "server/ServerOptions.h"
 #include "server/Session.h"
@@ -9,38 +10,36 @@ namespace tolva {
 namespace {
 
 // Every user and every villager finds a field.
-constexpr std::size_t kFields = kMostUsers + 2 * kMostVillagers;
+constexpr std::size_t kFields = kMaxUsers + 2 * kMaxVillagers;
 
-// A client's character slides for 380 ms, and only then does it ask for the next step. What the network held up may
-// come in haste, but not for long.
-constexpr std::size_t kStepsAtOnce = 3;
+// A client asks for a step once its character has slid for 380 ms. Steps that the network held up may come close
+// together, but not for long.
+constexpr std::size_t kMaxSteps = 3;
 constexpr auto kStepsWindow = std::chrono::milliseconds(1050);
 
-// A client draws all its ground anew for each change, so there are few. Not as dark as the lobby's picture of the
-// night: here people must find their way.
+// A client redraws all its ground for each change, so there are few. Nights are not as dark as in the lobby's picture:
+// people must find their way.
 constexpr int kDarknessStep = 10;
 constexpr int kWorldNight = 150;
 
 }  // namespace
 
-Realm::Player::Player(Session& itsSession, World& world, const Crowd& crowd, WorldPoint point)
-    : session(itsSession),
-      character{.name = itsSession.GetName(), .point = point, .view = &view},
-      view(itsSession, character, crowd.GetIndex()),
-      areas(world, itsSession),
-      steps(kStepsAtOnce, kStepsWindow) {}
+Realm::Player::Player(Session& ownSession, World& world, const Crowd& crowd, WorldPoint point)
+    : session(ownSession),
+      character{.name = ownSession.GetName(), .point = point, .view = &view},
+      view(ownSession, character, crowd.GetIndex()),
+      areas(world, ownSession),
+      steps(kMaxSteps, kStepsWindow) {}
 
 Realm::Realm(std::uint64_t worldSeed, std::size_t villagers, TimePoint now)
-    : mWorld(worldSeed), mFields(mWorld, mCrowd, kFields), mVillagers(mCrowd, mFields, villagers, worldSeed, now) {}
+    : mWorld(worldSeed), mFields(mCrowd, kFields), mVillagers(mCrowd, mFields, villagers, worldSeed, now) {}
 
 void Realm::Enter(Session& session, TimePoint now) {
   auto& player = mPlayers[&session];
-  player = std::make_unique<Player>(session, mWorld, mCrowd, FindPlaceFor(session.GetName()));
+  player = std::make_unique<Player>(session, mWorld, mCrowd, FindFieldFor(session.GetName()));
   session.Send(PacketEnterGameAccept());
-  PacketCharPosition position;
-  static_cast<FieldPosition&>(position) = ToPosition(player->character.point);
-  session.Send(position);
-  // Before the placement, a client would draw the place where the player was last in this light.
+  session.Send(PacketCharPosition(ToPosition(player->character.point)));
+  // After the position, or the client would first draw the player's last surroundings in this light.
   SendDarkness(session);
   session.Tell("The arrow keys and the number pad walk, Return speaks, Escape leads back to the chat.");
   mCrowd.Join(player->character, now);
@@ -61,12 +60,15 @@ void Realm::Say(Session& session, const std::string& line, TimePoint now) {
 
 void Realm::Handle(Session& session, const Packet& packet, TimePoint now) {
   Player& player = *mPlayers.at(&session);
-  if (const auto* question = PacketCast<PacketAreaVersion>(&packet))
-    return player.areas.Ask(*question, player.character.point, now);
-  const auto* step = PacketCast<PacketMoveRequest>(&packet);
-  // A step that is refused has no answer: the client, which did not move, simply asks again.
-  if (step != nullptr && player.steps.HasRoomFor(1, now) && mCrowd.Step(player.character, step->mEnmDirection, now))
-    player.steps.Allow(now);
+  Dispatch(
+      packet, [&](const PacketAreaVersion& request) { player.areas.Ask(request, player.character.point, now); },
+      [&](const PacketMoveRequest& request) { Step(player, request.mEnmDirection, now); });
+}
+
+void Realm::Step(Player& player, Direction direction, TimePoint now) {
+  // A refused step has no answer: the client, which has not moved, simply asks again.
+  if (!player.steps.HasRoomFor(1, now) || !mCrowd.Step(player.character, direction, now)) return;
+  player.steps.Allow(now);
 }
 
 void Realm::SetDarkness(std::uint8_t darkness) {
@@ -91,16 +93,12 @@ std::vector<std::string> Realm::GetPlayerNames() const {
   return names;
 }
 
-WorldPoint Realm::FindPlaceFor(const std::string& name) const {
+WorldPoint Realm::FindFieldFor(const std::string& name) const {
   if (const auto last = mLastPlaces.Find(name))
-    if (const auto field = mFields.FindFreeBy(*last)) return *field;
+    if (const auto field = mFields.FindFreeNear(*last)) return *field;
   return mFields.FindFree().value();
 }
 
-void Realm::SendDarkness(Session& session) const {
-  PacketDarkness packet;
-  packet.mByDarkness = mDarkness;
-  session.Send(packet);
-}
+void Realm::SendDarkness(Session& session) const { session.Send(PacketDarkness(mDarkness)); }
 
 }  // namespace tolva

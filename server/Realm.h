@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "server/Place.h"
+#include "server/Room.h"
 #include "server/realm/AreaCourier.h"
 #include "server/realm/ArrivalFields.h"
 #include "server/realm/CharacterView.h"
@@ -16,13 +16,13 @@
 
 namespace tolva {
 
-// The world, where players walk, see and hear each other. A level, a size or an end it has none: what it keeps grows
-// with those who are in it alone.
-class Realm final : public Place {
+// The world, where players walk, see and hear each other. It has one level and no borders. What it keeps grows only
+// with the number of players in it.
+class Realm final : public Room {
  public:
   Realm(std::uint64_t worldSeed, std::size_t villagers, TimePoint now);
 
-  // Whether there is a field for one more.
+  // Whether there is a field for one more player.
   bool HasRoom() const { return mFields.FindFree().has_value(); }
 
   // There must be room.
@@ -30,28 +30,29 @@ class Realm final : public Place {
   void Leave(Session& session, TimePoint now) override;
   // Heard by all who are near.
   void Say(Session& session, const std::string& line, TimePoint now) override;
-  // Steps and questions for areas.
+  // Steps and requests for areas.
   void Handle(Session& session, const Packet& packet, TimePoint now) override;
-  // Shown in steps of ten, since a client draws all its ground anew for each.
+  // Sent on in steps of ten, because a client redraws all its ground for each.
   void SetDarkness(std::uint8_t darkness) override;
   void Tick(TimePoint now) override;
 
   std::size_t GetPlayerCount() const { return mPlayers.size(); }
-  // In no order.
+  // In no particular order.
   std::vector<std::string> GetPlayerNames() const;
 
  private:
   struct Player {
-    Player(Session& itsSession, World& world, const Crowd& crowd, WorldPoint point);
+    Player(Session& ownSession, World& world, const Crowd& crowd, WorldPoint point);
 
     Session& session;
     WorldCharacter character;
     CharacterView view;
     AreaCourier areas;
-    FloodGuard steps;
+    RateLimiter steps;
   };
 
-  WorldPoint FindPlaceFor(const std::string& name) const;
+  void Step(Player& player, Direction direction, TimePoint now);
+  WorldPoint FindFieldFor(const std::string& name) const;
   void SendDarkness(Session& session) const;
 
   World mWorld;

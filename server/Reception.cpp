@@ -1,7 +1,7 @@
 #include "server/Reception.h"
 
-#include "server/ChatText.h"
 #include "server/NamePolicy.h"
+#include "server/common/ChatText.h"
 
 namespace tolva {
 

@@ -10,19 +10,18 @@
 
 namespace tolva {
 
-// Decides who comes in, and knows the names of all who are in, wherever they are. Passwords are not looked at: there
-// are no accounts.
+// Decides who may log in, and knows the names of all logged-in users. Ignores passwords: there are no accounts.
 class Reception {
  public:
   explicit Reception(std::size_t maxUsers) : mMaxUsers(maxUsers) {}
 
   // Why this request is denied, as a sentence for the player; empty when it is not.
   std::string Refuse(const PacketLoginRequest& request) const;
-  // Takes up a name that Refuse has let pass.
+  // Registers a name that Refuse has accepted.
   void Admit(std::string_view name);
   void Release(std::string_view name);
 
-  // In alphabetical order, capitals and small letters alike.
+  // In alphabetical order, whatever the case.
   std::vector<std::string> GetNames() const;
 
  private:

@@ -10,11 +10,11 @@
 namespace tolva {
 namespace {
 
-constexpr auto kTickEvery = std::chrono::milliseconds(100);
+constexpr auto kTickInterval = std::chrono::milliseconds(100);
 constexpr auto kAcceptPause = std::chrono::milliseconds(500);
-constexpr auto kStopWithin = std::chrono::seconds(3);
-// Clients that are being closed still have a socket for a moment; beyond this many, newcomers are turned away unheard.
-constexpr std::size_t kMostLeaving = 64;
+constexpr auto kStopTimeout = std::chrono::seconds(3);
+// Clients that are being closed keep a socket for a moment. With more of them, new connections are closed at once.
+constexpr std::size_t kMaxClosing = 64;
 
 }  // namespace
 
@@ -26,7 +26,7 @@ std::string Server::Listen() {
   asio::error_code error;
   const asio::ip::tcp::endpoint endpoint(asio::ip::make_address_v4(mOptions.bind, error), mOptions.port);
   if (!error) mAcceptor.open(endpoint.protocol(), error);
-  // A server that was just stopped leaves its port blocked for a while otherwise.
+  // Otherwise the port of a server that was just stopped stays blocked for a while.
   if (!error) mAcceptor.set_option(asio::socket_base::reuse_address(true), error);
   if (!error) mAcceptor.bind(endpoint, error);
   if (!error) mAcceptor.listen(asio::socket_base::max_listen_connections, error);
@@ -54,7 +54,7 @@ void Server::Run() {
   Tick();
   while (!mContext.stopped()) {
     std::string fault;
-    // The only net: what a handler throws comes out of the loop, which can be entered again.
+    // What a handler throws comes out of the loop, which can be entered again.
     try {
       mContext.run();
     } catch (const std::exception& exception) {
@@ -88,7 +88,7 @@ void Server::OnClosed(Connection& connection, const std::string& why) {
 void Server::Accept() {
   mAcceptor.async_accept([this](asio::error_code error, asio::ip::tcp::socket socket) {
     if (mStopping) return;
-    // Out of sockets: trying again at once would keep the loop busy with failing.
+    // Out of sockets: trying again at once would fail again and keep the loop busy.
     if (error) return AcceptLater();
     Accept();
     Welcome(std::move(socket));
@@ -98,7 +98,7 @@ void Server::Accept() {
 void Server::Welcome(asio::ip::tcp::socket socket) {
   asio::error_code error;
   const auto peer = socket.remote_endpoint(error);
-  if (error || mConnections.size() >= mOptions.maxUsers + kMaxWaitingClients + kMostLeaving) return;
+  if (error || mConnections.size() >= mOptions.maxUsers + kMaxWaitingClients + kMaxClosing) return;
   const auto connection = std::make_shared<Connection>(std::move(socket), ++mLastId, *this);
   mConnections[connection->GetId()] = connection;
   mCore.Connect(connection->GetId(), *connection, peer.address().to_string(), Clock::now());
@@ -113,7 +113,7 @@ void Server::AcceptLater() {
 }
 
 void Server::Tick() {
-  mTickTimer.expires_after(kTickEvery);
+  mTickTimer.expires_after(kTickInterval);
   mTickTimer.async_wait([this](asio::error_code error) {
     if (!error) Tick();
   });
@@ -128,7 +128,7 @@ void Server::BeginStop() {
   const TimePoint now = Clock::now();
   mLog.Event("stopping", now);
   mStopping = true;
-  mStopAtLatest = now + kStopWithin;
+  mStopAtLatest = now + kStopTimeout;
   asio::error_code ignored;
   mAcceptor.close(ignored);
   mAcceptTimer.cancel();

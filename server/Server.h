@@ -13,20 +13,20 @@
 
 namespace tolva {
 
-// The sockets around the ServerCore: accepts clients, carries their packets to it, tells it the time. One event loop on
-// the thread that calls Run; only Stop may be called from another one.
+// The sockets around the ServerCore: accepts clients, passes their packets and the time to it. One event loop on the
+// thread that calls Run; only Stop may be called from another thread.
 class Server final : public ConnectionListener {
  public:
   // The log must outlive the server.
   Server(const ServerOptions& options, ServerLog& log);
 
-  // Empty when the server listens, else why it cannot, as a sentence for whoever started it.
+  // Begins to listen. Returns an empty text, or why it cannot, as a sentence for the user.
   std::string Listen();
-  // The port listened on; also the one that the system picked for port 0.
+  // The port listened on, also when the system picked it for port 0.
   std::uint16_t GetPort() const { return mPort; }
-  // Ends the server as Stop does when the process is asked to end; when asked twice, at once.
+  // SIGINT or SIGTERM stops the server as Stop does; a second one ends it at once.
   void StopOnSignals();
-  // Serves until it is stopped. What fails for one client, or in one tick, is logged and ends there.
+  // Serves until it is stopped. A failure in one client's handler, or in one tick, is logged and affects no other.
   void Run();
   // Says goodbye to the clients and makes Run return, after three seconds at the latest.
   void Stop();

@@ -2,14 +2,13 @@
 
 #include <utility>
 
-#include "foundation/Text.h"
-#include "protocol/PacketList.h"
-#include "server/ChatText.h"
+#include "protocol/PacketDispatch.h"
+#include "server/common/ChatText.h"
 
 namespace tolva {
 namespace {
 
-// What a client of this version may send. Everything else is sent by nobody who means well.
+// What a client of this version may send. No honest client sends anything else.
 using PacketsFromClients = TypeList<PacketInternPing, PacketInternPong, PacketConnectionRequest, PacketLoginRequest,
                                     PacketLogout, PacketChatMsg, PacketEnterChatRequest, PacketQuit, PacketServerInfo,
                                     PacketClientInfo, PacketAreaVersion, PacketEnterGameRequest, PacketMoveRequest>;
@@ -19,18 +18,7 @@ bool IsOneOf(const Packet& packet, TypeList<Packets...>) {
   return (... || (PacketCast<Packets>(&packet) != nullptr));
 }
 
-template <typename PacketType>
-bool Is(const Packet& packet) {
-  return PacketCast<PacketType>(&packet) != nullptr;
-}
-
-PacketServerInfo MakeServerInfo() {
-  PacketServerInfo info;
-  static_cast<VersionNumbers&>(info) = kVersion;
-  return info;
-}
-
-// The noon before the hour of the day at which the server begins.
+// The last noon before the server's first hour.
 TimePoint FindNoon(const ServerOptions& options, TimePoint now) {
   constexpr int kNoon = 12;
   constexpr int kHours = 24;
@@ -60,7 +48,7 @@ void ServerCore::Receive(ClientId id, const Packet& packet, TimePoint now) {
   Session& session = *found->second;
   mLog.Received(id, packet, now);
   if (session.CountPacket(now)) {
-    Dispatch(session, packet, now);
+    Handle(session, packet, now);
   } else {
     Drop(session, "Your client sends too much at once.", "dropped: too many packets", now);
   }
@@ -93,23 +81,25 @@ void ServerCore::Shutdown(TimePoint now) {
   RemoveGone(now);
 }
 
-void ServerCore::Dispatch(Session& session, const Packet& packet, TimePoint now) {
-  if (!IsOneOf(packet, PacketsFromClients{}))
+void ServerCore::Handle(Session& session, const Packet& packet, TimePoint now) {
+  if (!IsOneOf(packet, PacketsFromClients{})) {
     return Drop(session, "Your client sent something that no client sends.",
                 "dropped: sent a packet of code " + std::to_string(packet.mEnmCode), now);
-  if (const auto* login = PacketCast<PacketLoginRequest>(&packet)) return HandleLogin(session, *login, now);
-  if (Is<PacketQuit>(packet) || Is<PacketLogout>(packet)) return Drop(session, "Goodbye!", "quit", now);
-  if (!session.IsLoggedIn()) return;
-
-  if (const auto* chat = PacketCast<PacketChatMsg>(&packet)) return HandleChatLine(session, chat->mStrMsg, now);
-  if (Is<PacketServerInfo>(packet)) return session.Send(MakeServerInfo());
-  if (Is<PacketEnterGameRequest>(packet)) return EnterGame(session, now);
-  if (Is<PacketEnterChatRequest>(packet)) return Move(session, mLobby, now);
-  session.GetPlace()->Handle(session, packet, now);
+  }
+  const bool isDone = Dispatch(
+      packet, [&](const PacketLoginRequest& request) { HandleLogin(session, request, now); },
+      ForAnyOf<PacketQuit, PacketLogout>([&](const Packet&) { Drop(session, "Goodbye!", "quit", now); }));
+  if (isDone || !session.IsLoggedIn()) return;
+  const bool isTaken = Dispatch(
+      packet, [&](const PacketChatMsg& chat) { HandleChatLine(session, chat.mStrMsg, now); },
+      [&](const PacketServerInfo&) { session.Send(PacketServerInfo(kVersion)); },
+      [&](const PacketEnterGameRequest&) { EnterGame(session, now); },
+      [&](const PacketEnterChatRequest&) { Move(session, mLobby, now); });
+  if (!isTaken) session.GetRoom()->Handle(session, packet, now);
 }
 
 void ServerCore::HandleLogin(Session& session, const PacketLoginRequest& request, TimePoint now) {
-  // Return pressed twice sends the request twice.
+  // Pressing Return twice sends the request twice.
   if (session.IsLoggedIn()) return;
   const std::string refusal = mReception.Refuse(request);
   if (refusal.empty()) {
@@ -120,44 +110,41 @@ void ServerCore::HandleLogin(Session& session, const PacketLoginRequest& request
   }
   Log(session, "denied as " + Quote(request.mStrLogin) + ": " + refusal, now);
   if (!session.CountDenial(now)) return Drop(session, refusal, "dropped: too many denied logins", now);
-  PacketLoginDeny deny;
-  CopyText(deny.mStrReason, refusal.c_str());
-  session.Send(deny);
+  session.Send(PacketLoginDeny(refusal.c_str()));
 }
 
 void ServerCore::HandleChatLine(Session& session, const char* text, TimePoint now) {
   switch (session.CountChatLine(now)) {
-    case Session::Manners::Fine:
+    case Session::Verdict::Allow:
       break;
-    case Session::Manners::Warn:
+    case Session::Verdict::Warn:
       Log(session, "warned: too many chat lines", now);
       return session.Tell(
           "Please write more slowly: that line was not passed on, and the next in haste throws you out.");
-    case Session::Manners::Unbearable:
+    case Session::Verdict::Drop:
       return Drop(session, "You were thrown out for writing too many lines at once.", "dropped: too many chat lines",
                   now);
   }
   const std::string line = WithoutInvisible(text);
   if (IsAllBlank(line)) return;
   if (ChatCommands::IsCommand(line)) return mCommands.Run(session, line, now);
-  session.GetPlace()->Say(session, line, now);
+  session.GetRoom()->Say(session, line, now);
 }
 
 void ServerCore::EnterGame(Session& session, TimePoint now) {
-  if (session.GetPlace() == &mRealm) return;
+  if (session.GetRoom() == &mRealm) return;
   if (!mRealm.HasRoom()) return session.Tell("The village is full of people. Please try again later.");
   Move(session, mRealm, now);
 }
 
-void ServerCore::Move(Session& session, Place& place, TimePoint now) {
-  if (session.GetPlace() == &place) return;
-  if (session.GetPlace() != nullptr) session.GetPlace()->Leave(session, now);
-  // Before the lobby is entered, which shows the number to whoever enters.
+void ServerCore::Move(Session& session, Room& room, TimePoint now) {
+  if (session.GetRoom() == &room) return;
+  if (session.GetRoom() != nullptr) session.GetRoom()->Leave(session, now);
+  // First, because the lobby shows the number to whoever enters it.
   mLobby.SetUsersInGame(static_cast<std::uint32_t>(mRealm.GetPlayerCount()), now);
-  if (session.GetPlace() != nullptr)
-    Log(session, &place == &mRealm ? "entered the world" : "returned to the lobby", now);
-  session.SetPlace(&place);
-  place.Enter(session, now);
+  if (session.GetRoom() != nullptr) Log(session, &room == &mRealm ? "entered the world" : "returned to the lobby", now);
+  session.SetRoom(&room);
+  room.Enter(session, now);
   mLobby.SetUsersInGame(static_cast<std::uint32_t>(mRealm.GetPlayerCount()), now);
 }
 
@@ -179,7 +166,7 @@ void ServerCore::MakeRoomForNewcomer(TimePoint now) {
     if (longest == nullptr || session->GetWaitingSince() < longest->GetWaitingSince()) longest = session.get();
   }
   if (waiting < kMaxWaitingClients) return;
-  // Whoever means to log in does so at once, so the one that has waited longest is the one least missed.
+  // Players log in at once, so the client that has waited longest is the least likely to be one.
   Drop(*longest, "Too many are at the door. Please start the client again.", "dropped: made room for another", now);
   RemoveGone(now);
 }
@@ -207,7 +194,7 @@ void ServerCore::RemoveGone(TimePoint now) {
       ++entry;
       continue;
     }
-    if (session.GetPlace() != nullptr) session.GetPlace()->Leave(session, now);
+    if (session.GetRoom() != nullptr) session.GetRoom()->Leave(session, now);
     if (session.IsLoggedIn()) mReception.Release(session.GetName());
     entry = mSessions.erase(entry);
   }

@@ -17,44 +17,42 @@
 
 namespace tolva {
 
-// Most clients that are connected but not logged in at the same time.
+// Clients that are connected but not logged in.
 constexpr std::size_t kMaxWaitingClients = 64;
 
-// The whole server but for the sockets: who is connected, what each packet does, what time does. Used on one thread;
-// times passed in never go back.
+// The whole server except the sockets: keeps the sessions and handles their packets and the passing of time. Used on
+// one thread; the times passed in never decrease.
 class ServerCore {
  public:
-  // The log must outlive the core. At `now` it is the options' hour of the day.
+  // The log must outlive the core. `now` is the hour of the day that the options name.
   ServerCore(const ServerOptions& options, ServerLog& log, TimePoint now);
   ServerCore(const ServerCore&) = delete;
   ServerCore& operator=(const ServerCore&) = delete;
 
   // A new client. The link must live until Disconnect, or until the core has closed it.
   void Connect(ClientId id, ClientLink& link, const std::string& address, TimePoint now);
-  // A packet from a client; one from a client that was closed meanwhile is ignored.
+  // A packet from a client. Ignored once the core has closed the client.
   void Receive(ClientId id, const Packet& packet, TimePoint now);
-  // The connection has ended; `why` is for the log. Nothing happens when the core closed it.
+  // The connection has ended; `why` is for the log. Ignored once the core has closed the client.
   void Disconnect(ClientId id, const std::string& why, TimePoint now);
-  // To be called some ten times a second.
+  // To be called about ten times a second.
   void Tick(TimePoint now);
   // Says goodbye to all and closes them.
   void Shutdown(TimePoint now);
 
-  std::size_t GetClientCount() const { return mSessions.size(); }
-
  private:
-  void Dispatch(Session& session, const Packet& packet, TimePoint now);
+  void Handle(Session& session, const Packet& packet, TimePoint now);
   void HandleLogin(Session& session, const PacketLoginRequest& request, TimePoint now);
   void HandleChatLine(Session& session, const char* text, TimePoint now);
   void EnterGame(Session& session, TimePoint now);
-  void Move(Session& session, Place& place, TimePoint now);
+  void Move(Session& session, Room& room, TimePoint now);
 
   void CheckPatience(Session& session, TimePoint now);
   void MakeRoomForNewcomer(TimePoint now);
   void Drop(Session& session, const std::string& farewell, const std::string& why, TimePoint now);
   void Log(const Session& session, const std::string& text, TimePoint now);
   void MarkGone(Session& session);
-  // Removing waits until nothing walks over the sessions any more.
+  // Not to be called while something iterates over the sessions.
   void RemoveGone(TimePoint now);
 
   ServerLog& mLog;

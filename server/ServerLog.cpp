@@ -6,7 +6,7 @@
 
 #include "foundation/Text.h"
 #include "protocol/LoginPackets.h"
-#include "server/ChatText.h"
+#include "server/common/ChatText.h"
 
 namespace tolva {
 namespace {
@@ -32,7 +32,7 @@ void ServerLog::Traffic(ClientId client, const char* way, const Packet& packet, 
 }
 
 void ServerLog::Write(Channel& channel, std::string_view text, TimePoint now) {
-  if (!channel.guard.Allow(now)) {
+  if (!channel.limiter.Allow(now)) {
     ++channel.leftOut;
     return;
   }

@@ -6,27 +6,27 @@
 
 #include "protocol/PacketPrinter.h"
 #include "server/ClientLink.h"
-#include "server/FloodGuard.h"
+#include "server/common/RateLimiter.h"
 
 namespace tolva {
 
 enum class LogDetail { Events, EventsAndTraffic };
 
-// Writes one line per event. When more come than anybody can read, lines are left out and their number is told later,
-// so that clients that come and go all the time do not fill the disk. What clients wrote must be quoted (ChatText.h).
+// Writes one line per event. Beyond a rate, lines are left out and their number is logged later, so that clients that
+// connect and disconnect all the time cannot fill the disk. Callers quote what clients wrote (Quote in ChatText.h).
 class ServerLog {
  public:
   // `out` must outlive the log.
   ServerLog(std::ostream& out, LogDetail detail) : mOut(out), mDetail(detail) {}
 
   void Event(std::string_view text, TimePoint now);
-  // A packet that came from or goes to a client, without passwords; nothing at detail Events.
+  // A packet from or to a client, without passwords. Not logged at detail Events.
   void Received(ClientId client, const Packet& packet, TimePoint now) { Traffic(client, " sent ", packet, now); }
   void Sending(ClientId client, const Packet& packet, TimePoint now) { Traffic(client, " gets ", packet, now); }
 
  private:
   struct Channel {
-    FloodGuard guard;
+    RateLimiter limiter;
     std::size_t leftOut = 0;
   };
 
@@ -36,9 +36,9 @@ class ServerLog {
   std::ostream& mOut;
   LogDetail mDetail;
   PacketPrinter mPrinter;
-  // Traffic must not crowd out the events, so each has a measure of its own.
-  Channel mEvents{FloodGuard(500, std::chrono::seconds(10))};
-  Channel mTraffic{FloodGuard(5000, std::chrono::seconds(10))};
+  // A limit for each, so that traffic cannot crowd out events.
+  Channel mEvents{RateLimiter(500, std::chrono::seconds(10))};
+  Channel mTraffic{RateLimiter(5000, std::chrono::seconds(10))};
 };
 
 }  // namespace tolva

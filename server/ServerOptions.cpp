@@ -8,11 +8,14 @@
 namespace tolva {
 namespace {
 
-// The macro ends the function around it with the exit status.
-int Parse(CLI::App& app, int argc, char** argv, bool& goOn) {
-  CLI11_PARSE(app, argc, argv)
-  goOn = true;
-  return 0;
+// Returns the exit status if the program is to end at once.
+std::optional<int> Parse(CLI::App& app, int argc, char** argv) {
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error);
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -27,7 +30,7 @@ std::optional<int> ServerOptions::Read(int argc, char** argv) {
       ->capture_default_str();
   app.add_option("--world-seed", worldSeed, "number that the world grows from")->capture_default_str();
   app.add_option("--max-users", maxUsers, "most users logged in at the same time")
-      ->check(CLI::Range(std::size_t{1}, kMostUsers))
+      ->check(CLI::Range(std::size_t{1}, kMaxUsers))
       ->capture_default_str();
   app.add_option("--day-minutes", dayMinutes, "length of a day in minutes")
       ->check(CLI::Range(1, 24 * 60))
@@ -36,13 +39,11 @@ std::optional<int> ServerOptions::Read(int argc, char** argv) {
       ->check(CLI::Range(0, 23))
       ->capture_default_str();
   app.add_option("--villagers", villagers, "people who live in the village where players arrive")
-      ->check(CLI::Range(std::size_t{0}, kMostVillagers))
+      ->check(CLI::Range(std::size_t{0}, kMaxVillagers))
       ->capture_default_str();
   app.add_flag("--verbose", verbose, "log every packet too");
 
-  bool goOn = false;
-  const int status = Parse(app, argc, argv, goOn);
-  return goOn ? std::nullopt : std::optional(status);
+  return Parse(app, argc, argv);
 }
 
 }  // namespace tolva

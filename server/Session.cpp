@@ -1,8 +1,8 @@
 #include "server/Session.h"
 
 #include "protocol/ChatPackets.h"
-#include "server/ChatText.h"
 #include "server/NamePolicy.h"
+#include "server/common/ChatText.h"
 
 namespace tolva {
 namespace {
@@ -10,25 +10,25 @@ namespace {
 using std::chrono::minutes;
 using std::chrono::seconds;
 
-// A client pauses a tenth of a second after each packet but pings, so it sends little more than 100 in ten seconds.
-constexpr std::size_t kPacketsAtOnce = 600;
-constexpr std::size_t kChatLinesAtOnce = 20;
-constexpr auto kFloodWindow = seconds(10);
-constexpr auto kWarningCounts = minutes(1);
+// A client pauses for a tenth of a second after each packet but pings, so it sends little more than 100 in the window.
+constexpr std::size_t kMaxPackets = 600;
+constexpr std::size_t kMaxChatLines = 20;
+constexpr auto kRateWindow = seconds(10);
+constexpr auto kWarningWindow = minutes(1);
 constexpr int kMaxDenials = 20;
 constexpr auto kFirstLoginWithin = seconds(30);
 constexpr auto kNextLoginWithin = minutes(5);
 constexpr auto kPingEvery = seconds(10);
-constexpr auto kSilenceAllowed = seconds(30);
+constexpr auto kMaxSilence = seconds(30);
 
 }  // namespace
 
 Session::Session(ClientId id, ClientLink& link, TimePoint now)
     : mId(id),
       mLink(link),
-      mPackets(kPacketsAtOnce, kFloodWindow),
-      mChatLines(kChatLinesAtOnce, kFloodWindow),
-      mWarnings(1, kWarningCounts),
+      mPackets(kMaxPackets, kRateWindow),
+      mChatLines(kMaxChatLines, kRateWindow),
+      mWarnings(1, kWarningWindow),
       mWaitingSince(now),
       mLastHeard(now),
       mLastPing(now) {}
@@ -44,9 +44,7 @@ void Session::CloseWith(const std::string& farewell) {
   if (IsLoggedIn()) {
     Tell(farewell);
   } else {
-    PacketLoginDeny deny;
-    CopyText(deny.mStrReason, farewell.c_str());
-    Send(deny);
+    Send(PacketLoginDeny(farewell.c_str()));
   }
   mLink.CloseAfterSending();
 }
@@ -56,9 +54,9 @@ bool Session::CountPacket(TimePoint now) {
   return mPackets.Allow(now);
 }
 
-Session::Manners Session::CountChatLine(TimePoint now) {
-  if (mChatLines.Allow(now)) return Manners::Fine;
-  return mWarnings.Allow(now) ? Manners::Warn : Manners::Unbearable;
+Session::Verdict Session::CountChatLine(TimePoint now) {
+  if (mChatLines.Allow(now)) return Verdict::Allow;
+  return mWarnings.Allow(now) ? Verdict::Warn : Verdict::Drop;
 }
 
 bool Session::CountDenial(TimePoint now) {
@@ -66,7 +64,7 @@ bool Session::CountDenial(TimePoint now) {
   return ++mDenials < kMaxDenials;
 }
 
-bool Session::IsSilent(TimePoint now) const { return now - mLastHeard >= kSilenceAllowed; }
+bool Session::IsSilent(TimePoint now) const { return now - mLastHeard >= kMaxSilence; }
 
 bool Session::HasWaitedTooLong(TimePoint now) const {
   if (IsLoggedIn()) return false;

@@ -3,49 +3,48 @@
 #include <string>
 
 #include "server/ClientLink.h"
-#include "server/FloodGuard.h"
+#include "server/common/RateLimiter.h"
 
 namespace tolva {
 
-class Place;
+class Room;
 
-// One client while it is connected: who it is, where it is, and whether its patience or ours is at an end.
-class Session {
+// One client while it is connected: who it is, where it is, and the limits of what it may do.
+class Session final : public PacketSink {
  public:
   // The link must outlive the session.
   Session(ClientId id, ClientLink& link, TimePoint now);
 
-  ClientId GetId() const { return mId; }
   // Empty until the login.
   const std::string& GetName() const { return mName; }
   bool IsLoggedIn() const { return !mName.empty(); }
-  // How the log calls the client.
+  // The client's name in the log.
   std::string GetLabel() const;
 
   void LogIn(const std::string& name) { mName = name; }
-  // Null outside every place: before the login.
-  Place* GetPlace() const { return mPlace; }
-  void SetPlace(Place* place) { mPlace = place; }
+  // Null before the login.
+  Room* GetRoom() const { return mRoom; }
+  void SetRoom(Room* room) { mRoom = room; }
 
-  void Send(const Packet& packet) { mLink.Send(packet); }
+  void Send(const Packet& packet) override { mLink.Send(packet); }
   // A chat line from the server to this client alone.
   void Tell(const std::string& line);
-  // Tells why, in the way that the client can show, and closes. Whoever closes a session removes it soon.
+  // Sends the reason in a form that the client can show, and closes the connection. The session is to be removed soon.
   void CloseWith(const std::string& farewell);
-  // The client has gone by itself, or was closed.
+  // The client has disconnected, or was closed.
   void MarkGone() { mGone = true; }
   bool IsGone() const { return mGone; }
 
   // Counts a packet of any kind; false when the client sends more than any honest one.
   bool CountPacket(TimePoint now);
-  enum class Manners { Fine, Warn, Unbearable };
-  // Counts a chat line: more than 20 in 10 seconds earn one warning a minute, and no second one.
-  Manners CountChatLine(TimePoint now);
-  // Counts a denied login; false when it was the last try.
+  enum class Verdict { Allow, Warn, Drop };
+  // Counts a chat line. More than 20 in 10 seconds bring one warning a minute, and then the end.
+  Verdict CountChatLine(TimePoint now);
+  // Counts a denied login; false when it was the last one allowed.
   bool CountDenial(TimePoint now);
 
   bool IsSilent(TimePoint now) const;
-  // A client that is not logged in may stay for half a minute, or five minutes after a denied try: its player is
+  // A client that is not logged in may stay for half a minute, or for five minutes after a denied login: its player is
   // reading the reason and typing another name.
   bool HasWaitedTooLong(TimePoint now) const;
   TimePoint GetWaitingSince() const { return mWaitingSince; }
@@ -56,11 +55,11 @@ class Session {
   ClientId mId;
   ClientLink& mLink;
   std::string mName;
-  Place* mPlace = nullptr;
+  Room* mRoom = nullptr;
   bool mGone = false;
-  FloodGuard mPackets;
-  FloodGuard mChatLines;
-  FloodGuard mWarnings;
+  RateLimiter mPackets;
+  RateLimiter mChatLines;
+  RateLimiter mWarnings;
   int mDenials = 0;
   TimePoint mWaitingSince;
   TimePoint mLastHeard;

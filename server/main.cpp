@@ -7,7 +7,7 @@ int main(int argc, char** argv) {
   tolva::ServerOptions options;
   if (const auto status = options.Read(argc, argv)) return *status;
 
-  // Whoever read our output may have gone; that is no reason to leave the players alone.
+  // The server goes on when the reader of its output has gone.
   std::signal(SIGPIPE, SIG_IGN);
   using tolva::LogDetail;
   tolva::ServerLog log(std::cerr, options.verbose ? LogDetail::EventsAndTraffic : LogDetail::Events);

@@ -3,28 +3,22 @@
 #include <memory>
 
 #include "protocol/FieldPosition.h"
-#include "server/Session.h"
 
 namespace tolva {
 namespace {
 
-// 16 areas are 84 KB, a third of what a connection queues. A client asks for ten a second.
-constexpr std::size_t kAnswersAtOnce = 16;
-constexpr auto kAnswersWindow = std::chrono::milliseconds(250);
-// A map and the edges of a walk all around it; more waits at no honest client.
-constexpr std::size_t kMostWaiting = 128;
-// The player may have walked into the next area while the question was on its way, and asks for the map's edge there.
-constexpr std::int64_t kReach = 4;
+// A map, and its new edges on a walk all around. An honest client never has more requests waiting.
+constexpr std::size_t kMaxWaiting = 128;
+// One more than the map reaches: the player may step into the next area, and ask for the map's edge there, while a
+// request is in flight.
+constexpr std::int64_t kReach = kMapCenter + 1;  // areas
 
 }  // namespace
 
-AreaCourier::AreaCourier(World& world, Session& session)
-    : mWorld(world), mSession(session), mAnswers(kAnswersAtOnce, kAnswersWindow) {}
-
-void AreaCourier::Ask(const AreaHeader& question, WorldPoint own, TimePoint now) {
-  const FieldPosition corner{question, 0, 0};
-  if (!IsInRange(corner) || question.mByLevel != kGroundLevel || mWaiting.size() >= kMostWaiting) return;
-  mWaiting.push_back({question, DistanceInAreas(ToPoint(corner), own) <= kReach});
+void AreaCourier::Ask(const AreaHeader& request, WorldPoint own, TimePoint now) {
+  const FieldPosition corner{request, 0, 0};
+  if (!IsInRange(corner) || request.mByLevel != kGroundLevel || mWaiting.size() >= kMaxWaiting) return;
+  mWaiting.push_back({request, DistanceInAreas(ToPoint(corner), own) <= kReach});
   Work(now);
 }
 
@@ -35,28 +29,22 @@ void AreaCourier::Work(TimePoint now) {
   }
 }
 
-void AreaCourier::Answer(const Question& question) {
-  const auto content = question.isNear ? mWorld.GetArea(question.header) : nullptr;
-  if (content != nullptr && content->version != question.header.mByVersion) return SendArea(question.header, *content);
-  PacketAreaVersion current;
-  static_cast<AreaHeader&>(current) = question.header;
-  mSession.Send(current);
+void AreaCourier::Answer(const Request& request) {
+  const auto content = request.isNear ? mWorld.GetArea(request.area) : nullptr;
+  if (content != nullptr && content->version != request.area.mByVersion) return SendArea(request.area, *content);
+  mClient.Send(PacketAreaVersion(request.area));
 }
 
-void AreaCourier::SendArea(const AreaHeader& area, const AreaContent& content) {
-  const auto ground = std::make_unique<PacketAreaGround>();
-  static_cast<AreaHeader&>(*ground) = area;
-  // A client that is cut off between the two then asks for both again.
-  ground->mByVersion = 0;
+void AreaCourier::SendArea(const AreaPosition& area, const AreaContent& content) {
+  // Version 0, so that a client that is cut off between the two packets asks for both again.
+  const auto ground = std::make_unique<PacketAreaGround>(AreaHeader{area, 0});
   ground->mUintGround = content.ground;
   ground->mBySmoothness = content.smoothness;
-  mSession.Send(*ground);
+  mClient.Send(*ground);
 
-  const auto volu = std::make_unique<PacketAreaVolu>();
-  static_cast<AreaHeader&>(*volu) = area;
-  volu->mByVersion = content.version;
+  const auto volu = std::make_unique<PacketAreaVolu>(AreaHeader{area, content.version});
   volu->mUintVolu = content.volu;
-  mSession.Send(*volu);
+  mClient.Send(*volu);
 }
 
 }  // namespace tolva

@@ -1,12 +1,13 @@
 #include "server/realm/CharacterIndex.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tolva {
 namespace {
 
-// About as far as people see. Squares fill the world evenly, also where it wraps around.
-constexpr std::int64_t kSquareEdge = 32;
+// About as far as people see. Whole squares fill the world, so that none is cut off where it wraps around.
+constexpr std::int64_t kSquareEdge = 32;  // fields
 constexpr std::int64_t kSquaresAcross = kWorldEdge / kSquareEdge;
 static_assert(kWorldEdge % kSquareEdge == 0);
 
@@ -36,15 +37,13 @@ const WorldCharacter* CharacterIndex::Find(CharacterId id) const {
 const WorldCharacter* CharacterIndex::FindAt(WorldPoint point) const {
   const auto square = mSquares.find(SquareOf(point));
   if (square == mSquares.end()) return nullptr;
-  const auto found = std::find_if(square->second.begin(), square->second.end(),
-                                  [&](const WorldCharacter* character) { return character->point == point; });
+  const auto found = std::ranges::find(square->second, point, &WorldCharacter::point);
   return found == square->second.end() ? nullptr : *found;
 }
 
-std::vector<WorldCharacter*> CharacterIndex::FindNear(WorldPoint point, std::int64_t distance) const {
-  std::vector<WorldCharacter*> near;
-  const auto back = -static_cast<std::int64_t>(distance);
-  const WorldPoint corner = Moved(point, back, back);
+std::vector<const WorldCharacter*> CharacterIndex::FindNear(WorldPoint point, std::int64_t distance) const {
+  std::vector<const WorldCharacter*> near;
+  const WorldPoint corner = Moved(point, -distance, -distance);
   const WorldPoint first = SquareOf(corner);
   const std::int64_t columns = (corner.x % kSquareEdge + 2 * distance) / kSquareEdge;
   const std::int64_t rows = (corner.y % kSquareEdge + 2 * distance) / kSquareEdge;
@@ -52,8 +51,9 @@ std::vector<WorldCharacter*> CharacterIndex::FindNear(WorldPoint point, std::int
     for (std::int64_t j = 0; j <= rows; ++j) {
       const auto square = mSquares.find({(first.x + i) % kSquaresAcross, (first.y + j) % kSquaresAcross});
       if (square == mSquares.end()) continue;
-      std::copy_if(square->second.begin(), square->second.end(), std::back_inserter(near),
-                   [&](const WorldCharacter* character) { return Distance(point, character->point) <= distance; });
+      std::ranges::copy_if(square->second, std::back_inserter(near), [&](const WorldCharacter* character) {
+        return Distance(point, character->point) <= distance;
+      });
     }
   }
   return near;
@@ -61,7 +61,9 @@ std::vector<WorldCharacter*> CharacterIndex::FindNear(WorldPoint point, std::int
 
 WorldPoint CharacterIndex::SquareOf(WorldPoint point) { return {point.x / kSquareEdge, point.y / kSquareEdge}; }
 
-void CharacterIndex::Enter(WorldCharacter& character) { mSquares[SquareOf(character.point)].push_back(&character); }
+void CharacterIndex::Enter(const WorldCharacter& character) {
+  mSquares[SquareOf(character.point)].push_back(&character);
+}
 
 void CharacterIndex::Leave(const WorldCharacter& character) {
   const auto square = mSquares.find(SquareOf(character.point));

@@ -7,8 +7,8 @@
 
 namespace tolva {
 
-// Who stands where, and who is near: hashed by squares of the world, so that no question walks over everybody, and
-// its size follows from how many there are, not from how far they walk. At most one character on a field.
+// Who stands where, and who is near. Hashed by squares of the world, so that no query visits all characters, and its
+// size depends on their number, not on how far they walk. At most one character stands on a field.
 class CharacterIndex {
  public:
   // The character must live until Remove; its point changes through Move alone.
@@ -19,17 +19,17 @@ class CharacterIndex {
   // Null when there is none.
   const WorldCharacter* Find(CharacterId id) const;
   const WorldCharacter* FindAt(WorldPoint point) const;
-  // Everybody at most so many fields away, whoever stands on the point itself included.
-  std::vector<WorldCharacter*> FindNear(WorldPoint point, std::int64_t distance) const;
+  // All characters at most `distance` fields away, one on the point itself included.
+  std::vector<const WorldCharacter*> FindNear(WorldPoint point, std::int64_t distance) const;
 
  private:
-  using Square = std::vector<WorldCharacter*>;
+  using Square = std::vector<const WorldCharacter*>;
 
   static WorldPoint SquareOf(WorldPoint point);
-  void Enter(WorldCharacter& character);
+  void Enter(const WorldCharacter& character);
   void Leave(const WorldCharacter& character);
 
-  std::unordered_map<CharacterId, WorldCharacter*> mCharacters;
+  std::unordered_map<CharacterId, const WorldCharacter*> mCharacters;
   std::unordered_map<WorldPoint, Square, WorldPointHash> mSquares;
 };
 

@@ -31,7 +31,7 @@ bool Crowd::Step(WorldCharacter& character, Direction direction, TimePoint now) 
 }
 
 bool Crowd::Say(WorldCharacter& speaker, const std::string& line, TimePoint now) {
-  // Whoever is too far into a din to hear himself would not be heard by those beside him either.
+  // A speaker who could not read his own line would not be heard by those beside him either.
   if (speaker.view != nullptr && !speaker.view->Hear(speaker, line, now)) return false;
   for (const WorldCharacter* listener : mIndex.FindNear(speaker.point, kSight))
     if (listener != &speaker && listener->view != nullptr) listener->view->Hear(speaker, line, now);
@@ -41,19 +41,19 @@ bool Crowd::Say(WorldCharacter& speaker, const std::string& line, TimePoint now)
 bool Crowd::IsWay(WorldPoint from, Direction direction) {
   const auto isWalkable = [this](WorldPoint point) { return mWorld.IsWalkable(ToPosition(point)); };
   if (!IsDirection(direction) || !isWalkable(Next(from, direction))) return false;
-  // Nobody squeezes through where two corners meet.
+  // Two blocked fields that meet at a corner leave no gap.
   const auto step = StepIn(direction);
   return step.x == 0 || step.y == 0 || isWalkable(Moved(from, step.x, 0)) || isWalkable(Moved(from, 0, step.y));
 }
 
 bool Crowd::IsPlayerNear(WorldPoint point, std::int64_t distance) const {
-  const auto near = mIndex.FindNear(point, distance);
-  return std::any_of(near.begin(), near.end(), [](const WorldCharacter* other) { return other->view != nullptr; });
+  return std::ranges::any_of(mIndex.FindNear(point, distance),
+                             [](const WorldCharacter* other) { return other->view != nullptr; });
 }
 
 void Crowd::Notify(const WorldCharacter& character, TimePoint now) {
-  // One field more than people see: whoever it steps away from must know too. Who still shows it beyond that has it
-  // waiting anyway.
+  // One field farther than people see, for those whose sight the character has just left. A view that shows it even
+  // farther away has already queued it.
   for (const WorldCharacter* viewer : mIndex.FindNear(character.point, kSight + 1))
     if (viewer != &character && viewer->view != nullptr) viewer->view->Notice(character.id, now);
 }

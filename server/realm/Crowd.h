@@ -2,31 +2,34 @@
 
 #include <string>
 
-#include "server/ServerTime.h"
+#include "server/common/ServerTime.h"
 #include "server/realm/CharacterIndex.h"
 #include "server/terrain/World.h"
 
 namespace tolva {
 
-// All who stand in the world, with players or without. Whatever one of them does, those who see it are told.
+// Everybody who stands in the world, with or without a player. Whatever one of them does is passed on to the views of
+// those who are near.
 class Crowd {
  public:
   // The world must outlive the crowd.
   explicit Crowd(World& world) : mWorld(world) {}
 
-  // Puts a character on its point, where nobody stands. It must live until Leave, and its view, if any, be new: the
-  // view is told of all who are near.
+  // Puts a character on its point, where nobody stands. It must live until Leave. Its view, if any, must be new: it is
+  // filled with everybody near.
   void Join(WorldCharacter& character, TimePoint now);
   void Leave(WorldCharacter& character, TimePoint now);
-  // False, with nothing done, when that is no direction, when there is no way or somebody stands there.
+  // Moves a character one field. False, with nothing done, for a direction that is none of the eight, when there is no
+  // way or when somebody stands there.
   bool Step(WorldCharacter& character, Direction direction, TimePoint now);
-  // To all who are near, the speaker included; false when so many talk around the speaker that nobody could follow.
+  // Passes a line on to everybody near, the speaker included; false when the speaker's player already hears more lines
+  // than it can read.
   bool Say(WorldCharacter& speaker, const std::string& line, TimePoint now);
 
-  // Whether the ground lets somebody step that way; who stands there is not asked.
+  // Whether the ground allows a step; whoever stands there does not matter.
   bool IsWay(WorldPoint from, Direction direction);
   bool IsTaken(WorldPoint point) const { return mIndex.FindAt(point) != nullptr; }
-  // Whether anybody with a player is so near.
+  // Whether a character with a player is at most `distance` fields away.
   bool IsPlayerNear(WorldPoint point, std::int64_t distance) const;
   const CharacterIndex& GetIndex() const { return mIndex; }
 

@@ -1,11 +1,11 @@
 #include "server/realm/LastPlaces.h"
 
-#include "server/ChatText.h"
+#include "server/common/ChatText.h"
 
 namespace tolva {
 namespace {
 
-constexpr std::size_t kMostNames = 4096;
+constexpr std::size_t kMaxNames = 4096;
 
 }  // namespace
 
@@ -13,7 +13,7 @@ void LastPlaces::Remember(const std::string& name, WorldPoint point) {
   const auto [place, isNew] = mPlaces.insert_or_assign(FoldCase(name), point);
   if (!isNew) return;
   mNames.push_back(place->first);
-  if (mNames.size() <= kMostNames) return;
+  if (mNames.size() <= kMaxNames) return;
   mPlaces.erase(mNames.front());
   mNames.pop_front();
 }

@@ -9,8 +9,8 @@
 
 namespace tolva {
 
-// Where players stood when they left the world, by name, until the server ends. Of very many names the oldest are
-// forgotten.
+// Where players stood when they left the world, by name, until the server ends. Holds 4096 names and then drops the
+// oldest.
 class LastPlaces {
  public:
   void Remember(const std::string& name, WorldPoint point);
@@ -18,7 +18,7 @@ class LastPlaces {
 
  private:
   std::unordered_map<std::string, WorldPoint> mPlaces;
-  // In the order in which they first came.
+  // Oldest first.
   std::deque<std::string> mNames;
 };
 

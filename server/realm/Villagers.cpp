@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 
 namespace tolva {
 namespace {
@@ -14,7 +15,7 @@ constexpr const char* kNames[] = {"Maren the boat builder", "Tilo the lamplighte
                                   "Jory the shepherd boy",  "Brida with the basket", "Old Kaspar of the well",
                                   "Signe who mends nets",   "Ruben the beekeeper",   "Hedda the ropemaker",
                                   "Matti from the mill",    "Runa who bakes bread",  "Aksel the ferryman"};
-static_assert(std::size(kNames) == kMostVillagers);
+static_assert(std::size(kNames) == kMaxVillagers);
 
 constexpr const char* kLines[] = {
     "Good day to you! Mind the wet cobbles.",
@@ -39,25 +40,26 @@ constexpr const char* kLines[] = {
     "It will be dark before long. It always is.",
 };
 
-constexpr std::int64_t kFarFromHome = 12;
-// Who sees a villager, and who stands near enough to be talked to.
-constexpr std::int64_t kAudience = 40;
-constexpr std::int64_t kEarshot = 10;
-// Of the eight ways on from a field: with fewer than that it is a doorway, a bridge or a narrow lane.
+// Distances in fields.
+constexpr std::int64_t kMaxFromHome = 12;
+constexpr std::int64_t kAudience = 40;  // a player so near sees a villager
+constexpr std::int64_t kEarshot = 10;   // a player so near can be talked to
+// Of the eight directions from a field: with fewer ways it is a doorway, a bridge or a narrow lane.
 constexpr int kOpenWays = 6;
+
+constexpr auto kFirstLineAfter = seconds(10);
 
 }  // namespace
 
 Villagers::Villagers(Crowd& crowd, const ArrivalFields& fields, std::size_t count, std::uint64_t seed, TimePoint now)
-    : mCrowd(crowd), mRandom(static_cast<std::minstd_rand::result_type>(seed)), mNextLine(now + seconds(10)) {
-  const std::vector<WorldPoint>& all = fields.GetAll();
-  const std::size_t square = fields.GetSquareSize();
-  mSquare.insert(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(square));
-  if (all.size() == square) return;
-  count = std::min(count, kMostVillagers);
+    : mCrowd(crowd), mRandom(static_cast<std::minstd_rand::result_type>(seed)), mNextLine(now + kFirstLineAfter) {
+  const std::span square = std::span(fields.GetAll()).first(fields.GetSquareSize());
+  const std::span homes = std::span(fields.GetAll()).subspan(fields.GetSquareSize());
+  mSquare.insert(square.begin(), square.end());
+  if (homes.empty()) return;
+  count = std::min(count, kMaxVillagers);
   for (std::size_t i = 0; i < count; ++i) {
-    // Evenly over the fields around the square.
-    const WorldPoint home = all[square + (all.size() - square) * i / count];
+    const WorldPoint home = homes[homes.size() * i / count];
     if (mCrowd.IsTaken(home)) continue;
     mVillagers.push_back({.character = {.name = kNames[i], .point = home}, .home = home, .next = now});
     mCrowd.Join(mVillagers.back().character, now);
@@ -78,33 +80,35 @@ void Villagers::Stroll(Villager& villager, TimePoint now) {
       return;
     }
     villager.stepsLeft = Pick(2, 7);
-    villager.direction = static_cast<Direction>(Pick(0, kDirectionCount - 1));
+    villager.direction = PickDirection();
   }
+  TakeStep(villager, now);
+  villager.next = now + milliseconds(Pick(450, 700));
+}
+
+void Villagers::TakeStep(Villager& villager, TimePoint now) {
   if (TryStep(villager, villager.direction, now)) {
     villager.stepsLeft = std::max(0, villager.stepsLeft - 1);
-  } else {
-    // Another way; the first that is open, from a random one on.
-    const int first = Pick(0, kDirectionCount - 1);
-    for (int i = 0; i < static_cast<int>(kDirectionCount); ++i) {
-      villager.direction = static_cast<Direction>((first + i) % static_cast<int>(kDirectionCount));
-      if (TryStep(villager, villager.direction, now)) break;
-    }
+    return;
   }
-  villager.next = now + milliseconds(Pick(450, 700));
+  auto directions = kDirections;
+  std::ranges::rotate(directions, std::ranges::find(directions, PickDirection()));
+  for (const Direction direction : directions) {
+    villager.direction = direction;
+    if (TryStep(villager, direction, now)) return;
+  }
 }
 
 bool Villagers::TryStep(Villager& villager, Direction direction, TimePoint now) {
   WorldCharacter& character = villager.character;
   const std::int64_t farther = Distance(Next(character.point, direction), villager.home);
-  if (farther > kFarFromHome && farther > Distance(character.point, villager.home)) return false;
+  if (farther > kMaxFromHome && farther > Distance(character.point, villager.home)) return false;
   return mCrowd.Step(character, direction, now);
 }
 
 bool Villagers::IsGoodToStop(WorldPoint point) {
   if (mSquare.contains(point)) return false;
-  int ways = 0;
-  for (std::uint32_t d = 0; d < kDirectionCount; ++d) ways += mCrowd.IsWay(point, static_cast<Direction>(d)) ? 1 : 0;
-  return ways >= kOpenWays;
+  return std::ranges::count_if(kDirections, [&](Direction way) { return mCrowd.IsWay(point, way); }) >= kOpenWays;
 }
 
 void Villagers::Talk(TimePoint now) {
@@ -117,6 +121,8 @@ void Villagers::Talk(TimePoint now) {
   mNextLine = now + seconds(Pick(40, 60));
 }
 
-int Villagers::Pick(int from, int to) { return std::uniform_int_distribution(from, to)(mRandom); }
+int Villagers::Pick(int first, int last) { return std::uniform_int_distribution(first, last)(mRandom); }
+
+Direction Villagers::PickDirection() { return static_cast<Direction>(Pick(0, kDirectionCount - 1)); }
 
 }  // namespace tolva

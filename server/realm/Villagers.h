@@ -8,15 +8,15 @@
 
 namespace tolva {
 
-// Most villagers: each has a name and a trade of its own.
-constexpr std::size_t kMostVillagers = 12;
+// Each villager has a name and a trade.
+constexpr std::size_t kMaxVillagers = 12;
 
-// The people of the village where players arrive: they stroll around their homes, stop where they are in nobody's way,
-// and now and then say something. They do so only while a player is near to see it.
+// The people of the village where players arrive. While a player is near, they stroll around their homes, stop where
+// they are in nobody's way, and now and then say something.
 class Villagers {
  public:
-  // Puts the first `count` of them, at most kMostVillagers, into the crowd, which must outlive them. The same seed
-  // gives the same strolls.
+  // Puts the first `count` of them, at most kMaxVillagers, into the crowd, which must outlive them. The same seed
+  // gives the same walks.
   Villagers(Crowd& crowd, const ArrivalFields& fields, std::size_t count, std::uint64_t seed, TimePoint now);
 
   // To be called several times a second.
@@ -34,10 +34,14 @@ class Villagers {
 
   void Stroll(Villager& villager, TimePoint now);
   bool TryStep(Villager& villager, Direction direction, TimePoint now);
-  // Whether somebody who stops there blocks neither a passage nor those who arrive.
+  // One more of the current walk, or in another direction when there is no way on.
+  void TakeStep(Villager& villager, TimePoint now);
+  // Whether a villager who stops there blocks neither a passage nor arriving players.
   bool IsGoodToStop(WorldPoint point);
   void Talk(TimePoint now);
-  int Pick(int from, int to);
+  // A random number from `first` to `last`.
+  int Pick(int first, int last);
+  Direction PickDirection();
 
   Crowd& mCrowd;
   std::list<Villager> mVillagers;

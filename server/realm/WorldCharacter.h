@@ -9,17 +9,17 @@ namespace tolva {
 
 class CharacterView;
 
-// Numbers characters in the order in which they came; never used twice in one run, so that one who has gone is never
-// taken for another.
+// Numbers characters in the order in which they come; never reused in one run, so that a character that has gone is
+// not mistaken for another.
 using CharacterId = std::uint64_t;
 
 // Somebody who stands on a field of the world.
 struct WorldCharacter {
-  // Given when it joins the crowd.
+  // Set when the character joins the crowd.
   CharacterId id = 0;
   std::string name;
   WorldPoint point;
-  // What its player sees; null for those who have no player. Outlives the character's stay in the crowd.
+  // What its player sees; null without a player. Not owned; must live until the character leaves the crowd.
   CharacterView* view = nullptr;
 };
 

@@ -15,7 +15,7 @@ namespace tolva::test {
 using namespace std::chrono_literals;
 using Names = std::vector<std::string>;
 
-// A client without a socket: keeps what it is sent.
+// A client without a socket, which keeps the packets that it is sent.
 struct FakeClient final : ClientLink {
   explicit FakeClient(ClientId number) : id(number) {}
   void Send(const Packet& packet) override {
@@ -49,12 +49,12 @@ struct FakeClient final : ClientLink {
 
   const ClientId id;
   bool isClosed = false;
-  // Whether the client still answers to the time that passes.
+  // Whether the client pings the server while time passes.
   bool isAlive = true;
   std::vector<std::unique_ptr<Packet>> received;
 };
 
-// A server for 60 users with a clock that tests move.
+// A server for 60 users whose clock the tests set.
 class CoreFixture : public ::testing::Test {
  protected:
   FakeClient& Connect() {
@@ -68,10 +68,8 @@ class CoreFixture : public ::testing::Test {
     return client;
   }
   void Request(FakeClient& client, const std::string& name, std::uint16_t bugfix = kVersion.mUintVersionBugfix) {
-    PacketLoginRequest request;
-    CopyText(request.mStrLogin, name.c_str());
-    static_cast<VersionNumbers&>(request) = {kVersion.mUintVersionMajor, kVersion.mUintVersionMinor, bugfix};
-    Deliver(client, request);
+    const VersionNumbers version = {kVersion.mUintVersionMajor, kVersion.mUintVersionMinor, bugfix};
+    Deliver(client, PacketLoginRequest(name.c_str(), "", version));
   }
   void Say(FakeClient& client, const std::string& text) { Deliver(client, PacketChatMsg("ignored", text.c_str())); }
   void Deliver(FakeClient& client, const Packet& packet) { mCore->Receive(client.id, packet, mNow); }

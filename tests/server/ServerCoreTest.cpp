@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "CoreFixture.h"
-#include "server/ChatText.h"
+#include "server/common/ChatText.h"
 
 namespace tolva::test {
 namespace {

@@ -3,16 +3,16 @@
 #include <string>
 #include <vector>
 
-#include "server/ServerTime.h"
+#include "server/common/ServerTime.h"
 
 namespace tolva {
 
-// Times from a question to its answer.
+// Times from a request to its answer.
 class Latencies {
  public:
   void Add(Duration latency) { mAll.push_back(latency); }
   std::size_t GetCount() const { return mAll.size(); }
-  // Smallest, median, 95 % and largest in milliseconds, as one line.
+  // Minimum, median, 95th percentile and maximum in milliseconds, as one line.
   std::string Describe() const;
 
  private:

@@ -1,10 +1,10 @@
-#include "server/FloodGuard.h"
+#include "server/common/RateLimiter.h"
 
 namespace tolva {
 
-FloodGuard::FloodGuard(std::size_t limit, Duration window) : mLimit(limit), mWindow(window) {}
+RateLimiter::RateLimiter(std::size_t limit, Duration window) : mLimit(limit), mWindow(window) {}
 
-bool FloodGuard::Allow(TimePoint now) {
+bool RateLimiter::Allow(TimePoint now) {
   if (mPassed.size() < mLimit) {
     mPassed.push_back(now);
     return true;
@@ -15,10 +15,10 @@ bool FloodGuard::Allow(TimePoint now) {
   return true;
 }
 
-bool FloodGuard::HasRoomFor(std::size_t count, TimePoint now) const {
+bool RateLimiter::HasRoomFor(std::size_t count, TimePoint now) const {
   if (mPassed.size() + count <= mLimit) return true;
   if (count > mLimit) return false;
-  // The newest of those that would have to make room.
+  // The newest of the events that would have to leave the window.
   const std::size_t last = mPassed.size() + count - mLimit - 1;
   return now - mPassed[(mNext + last) % mLimit] >= mWindow;
 }

@@ -4,7 +4,7 @@
 
 namespace tolva {
 
-// The server's logic never asks for the time: whoever calls it tells it, so that tests can let days pass in no time.
+// The server's logic never reads the clock: its callers pass the time in, so that tests can let days pass at once.
 using Clock = std::chrono::steady_clock;
 using TimePoint = Clock::time_point;
 using Duration = Clock::duration;

@@ -1,4 +1,4 @@
-#include "server/ChatText.h"
+#include "server/common/ChatText.h"
 
 #include <algorithm>
 #include <cstdio>
