@@ -8,8 +8,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "protocol/FieldPosition.h"
-#include "protocol/PacketList.h"
+#include "protocol/PacketDispatch.h"
 
 namespace tolva {
 namespace {
@@ -17,24 +16,22 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr auto kPacketPause = milliseconds(100);
-constexpr auto kPingEvery = milliseconds(2500);
-// 19 slides of 20 ms.
+constexpr auto kPingInterval = milliseconds(2500);
+// A slide has 19 parts of 20 ms.
 constexpr auto kSlide = milliseconds(380);
-constexpr auto kGiveUpAfter = milliseconds(500);
-
-constexpr int kMapReach = kMapCenter;
+constexpr auto kStepTimeout = milliseconds(500);
 
 constexpr const char* kLines[] = {"Nice weather here.", "Has anybody seen the pier?", "I am only walking by.",
                                   "Good day!"};
 
-// How much others in sight count against the own way, a field gone over before, and one that was refused.
+// What counts against a direction: others in sight, and fields visited before; a refusal counts as several visits.
 constexpr double kShyness = 8;
 constexpr double kBoredom = 0.7;
-constexpr int kRefusalCounts = 4;
-// In steps, on average.
-constexpr int kNewHeadingEvery = 60;
+constexpr int kVisitsPerRefusal = 4;
+// The average number of steps between two headings.
+constexpr int kStepsPerHeading = 60;
 
-// Every next angle falls into the largest gap that those before have left.
+// Each next angle falls into the largest gap between the ones before.
 double HeadingOf(int number) { return number * std::numbers::pi * (3 - std::sqrt(5.0)); }
 
 }  // namespace
@@ -52,9 +49,7 @@ void Bot::Connect(const asio::ip::tcp::endpoint& server) {
     asio::error_code ignored;
     mSocket.set_option(asio::ip::tcp::no_delay(true), ignored);
     mIsConnected = true;
-    PacketLoginRequest request(mName.c_str(), "");
-    static_cast<VersionNumbers&>(request) = kVersion;
-    Queue(request);
+    Queue(PacketLoginRequest(mName.c_str(), "", kVersion));
     Read();
   });
 }
@@ -62,7 +57,7 @@ void Bot::Connect(const asio::ip::tcp::endpoint& server) {
 void Bot::Tick(TimePoint now) {
   if (!mIsConnected || !mLoss.empty()) return;
   if (now >= mNextPing) {
-    mNextPing = now + kPingEvery;
+    mNextPing = now + kPingInterval;
     Write(PacketInternPing(0));
   }
   if (mIsInWorld && mAreasAwaited <= 0) Walk(now);
@@ -92,25 +87,25 @@ void Bot::Read() {
 }
 
 void Bot::Take(const Packet& packet, TimePoint now) {
-  if (const auto* ping = PacketCast<PacketInternPing>(&packet)) return Write(PacketInternPong(ping->mUintTick));
-  if (const auto* deny = PacketCast<PacketLoginDeny>(&packet)) return Lose(std::string("denied: ") + deny->mStrReason);
-  if (PacketCast<PacketEnterChatAccept>(&packet) != nullptr) return Queue(PacketEnterGameRequest());
-  if (const auto* own = PacketCast<PacketCharPosition>(&packet)) return TakePosition(ToPoint(*own));
-  if (const auto* add = PacketCast<PacketAddChar>(&packet)) mOthers.insert(ToPoint(*add));
-  if (const auto* gone = PacketCast<PacketRemoveChar>(&packet)) mOthers.erase(ToPoint(*gone));
-  if (const auto* move = PacketCast<PacketMove>(&packet)) TakeMove(ToPoint(*move), move->mEnmDirection, now);
-  if (PacketCast<PacketAreaGround>(&packet) != nullptr || PacketCast<PacketAreaVersion>(&packet) != nullptr)
-    --mAreasAwaited;
+  const auto countAnswer = [this](const Packet&) { --mAreasAwaited; };
+  Dispatch(
+      packet, [&](const PacketInternPing& ping) { Write(PacketInternPong(ping.mUintTick)); },
+      [&](const PacketLoginDeny& deny) { Lose(std::string("denied: ") + deny.mStrReason); },
+      [&](const PacketEnterChatAccept&) { Queue(PacketEnterGameRequest()); },
+      [&](const PacketCharPosition& own) { EnterWorld(ToPoint(own)); },
+      [&](const PacketAddChar& added) { mOthers.insert(ToPoint(added)); },
+      [&](const PacketRemoveChar& removed) { mOthers.erase(ToPoint(removed)); },
+      [&](const PacketMove& move) { TakeMove(ToPoint(move), move.mEnmDirection, now); },
+      ForAnyOf<PacketAreaGround, PacketAreaVersion>(countAnswer));
   mBook.CountInSight(mOthers.size());
 }
 
-void Bot::TakePosition(WorldPoint point) {
+void Bot::EnterWorld(WorldPoint point) {
   mIsInWorld = true;
   mOwn = point;
   mOthers.clear();
   mAreasAwaited = kMapAreas;
-  for (int i = -kMapReach; i <= kMapReach; ++i)
-    for (int j = -kMapReach; j <= kMapReach; ++j) AskForArea(Moved(point, i * kAreaEdge, j * kAreaEdge));
+  ForMapAreas([this](WorldPoint inArea) { AskForArea(inArea); });
 }
 
 void Bot::TakeMove(WorldPoint from, Direction direction, TimePoint now) {
@@ -130,18 +125,18 @@ void Bot::TakeMove(WorldPoint from, Direction direction, TimePoint now) {
   AskForNewEdge(from);
 }
 
-void Bot::AskForArea(WorldPoint inArea) {
-  PacketAreaVersion question;
-  static_cast<AreaPosition&>(question) = ToPosition(inArea);
-  Queue(question);
-}
+void Bot::AskForArea(WorldPoint inArea) { Queue(PacketAreaVersion(AreaHeader{ToPosition(inArea), 0})); }
 
 void Bot::AskForNewEdge(WorldPoint before) {
-  for (int i = -kMapReach; i <= kMapReach; ++i) {
-    for (int j = -kMapReach; j <= kMapReach; ++j) {
-      const WorldPoint inArea = Moved(mOwn, i * kAreaEdge, j * kAreaEdge);
-      if (DistanceInAreas(before, inArea) > kMapReach) AskForArea(inArea);
-    }
+  ForMapAreas([&](WorldPoint inArea) {
+    if (DistanceInAreas(before, inArea) > kMapCenter) AskForArea(inArea);
+  });
+}
+
+template <typename Action>
+void Bot::ForMapAreas(Action&& action) const {
+  for (int i = -kMapCenter; i <= kMapCenter; ++i) {
+    for (int j = -kMapCenter; j <= kMapCenter; ++j) action(Moved(mOwn, i * kAreaEdge, j * kAreaEdge));
   }
 }
 
@@ -150,18 +145,18 @@ void Bot::Walk(TimePoint now) {
     if (mNextLine != TimePoint()) Queue(PacketChatMsg("", kLines[mRandom() % std::size(kLines)]));
     mNextLine = now + std::chrono::seconds(20 + mRandom() % 20);
   }
-  const bool isRefused = mIsAsking && now >= mAskedAt + kGiveUpAfter;
+  const bool isRefused = mIsAsking && now >= mAskedAt + kStepTimeout;
   if ((mIsAsking && !isRefused) || now < mStandsFrom) return;
-  if (isRefused) mVisits[Next(mOwn, mDirection)] += kRefusalCounts;
+  if (isRefused) mVisits[Next(mOwn, mDirection)] += kVisitsPerRefusal;
   mIsAsking = true;
-  // Until it has been sent.
-  mAskedAt = TimePoint::max() - kGiveUpAfter;
+  // No timeout until it has been sent.
+  mAskedAt = TimePoint::max() - kStepTimeout;
   mDirection = ChooseDirection();
   Queue(PacketMoveRequest(mDirection));
 }
 
 Direction Bot::ChooseDirection() {
-  if (mRandom() % kNewHeadingEvery == 0) mHeading = Random() * 2 * std::numbers::pi;
+  if (mRandom() % kStepsPerHeading == 0) mHeading = Random() * 2 * std::numbers::pi;
   double x = std::cos(mHeading), y = std::sin(mHeading);
   for (const WorldPoint& other : mOthers) {
     const auto awayX = static_cast<double>(static_cast<std::int64_t>(mOwn.x - other.x));
@@ -173,8 +168,7 @@ Direction Bot::ChooseDirection() {
   const double length = std::max(std::hypot(x, y), 1e-6);
   Direction best = Direction::None;
   double bestScore = -1e9;
-  for (std::uint32_t d = 0; d < kDirectionCount; ++d) {
-    const auto direction = static_cast<Direction>(d);
+  for (const Direction direction : kDirections) {
     const Step step = StepIn(direction);
     const auto visits = mVisits.find(Next(mOwn, direction));
     const double score = (x * step.x + y * step.y) / length / std::hypot(step.x, step.y) + Random() / 2 -
@@ -201,7 +195,7 @@ void Bot::SendNext(TimePoint now) {
 void Bot::Write(const Packet& packet) {
   std::array<std::uint8_t, kRecordBufferSize> record;
   const std::uint32_t length = PacketConverter().WriteBuffer(record.data(), packet);
-  // Some bytes, ten times a second: they fit into the system's buffer, so this does not wait.
+  // A few bytes, ten times a second, fit into the system's buffer, so this does not wait.
   asio::error_code error;
   asio::write(mSocket, asio::buffer(record.data(), length), error);
   if (error) Lose(error.message());

@@ -13,18 +13,18 @@
 
 namespace tolva {
 
-// A player without a screen, who logs in, enters the world and walks about at the pace of a real client: it pauses a
-// tenth of a second after each packet, asks for the areas around it, and takes a step when the last one has ended. It
-// roams where it has not been and keeps away from others, so that after a while the bots are spread over the land.
+// A player without a screen, who logs in, enters the world and walks at the pace of a real client: it pauses for a
+// tenth of a second after each packet, requests the areas around it, and takes a step when the last one has ended. It
+// prefers fields where it has not been and keeps away from others, so that the bots spread over the land.
 class Bot {
  public:
-  // The book must outlive the bot, and the bot all that runs on the context.
+  // The book must outlive the bot. The bot must live as long as the context runs.
   Bot(asio::io_context& context, int number, MoveBook& book);
 
   void Connect(const asio::ip::tcp::endpoint& server);
   // To be called a hundred times a second.
   void Tick(TimePoint now);
-  // The end that was meant: what comes now is no loss.
+  // Closes the connection; this does not count as a loss.
   void Stop();
 
   bool IsInWorld() const { return mIsInWorld; }
@@ -34,8 +34,11 @@ class Bot {
  private:
   void Read();
   void Take(const Packet& packet, TimePoint now);
-  void TakePosition(WorldPoint point);
+  void EnterWorld(WorldPoint point);
   void TakeMove(WorldPoint from, Direction direction, TimePoint now);
+  // Calls `action` with a point in each area of the map around the bot.
+  template <typename Action>
+  void ForMapAreas(Action&& action) const;
   void AskForArea(WorldPoint inArea);
   void AskForNewEdge(WorldPoint before);
   void Walk(TimePoint now);
@@ -60,11 +63,12 @@ class Bot {
   WorldPoint mOwn;
   std::set<WorldPoint> mOthers;
   int mAreasAwaited = 0;
-  // How often it came to each field, or could not.
+  // How often it has come to each field, and been refused there.
   std::unordered_map<WorldPoint, int, WorldPointHash> mVisits;
-  // Where it would like to go, as an angle.
+  // Where it wants to go, as an angle in radians.
   double mHeading;
   Direction mDirection = Direction::None;
+  // Whether a step has been requested and not answered.
   bool mIsAsking = false;
   TimePoint mAskedAt;
   TimePoint mStandsFrom;

@@ -19,7 +19,7 @@ void MoveBook::SeeOther(WorldPoint from, Direction direction, TimePoint now) {
 }
 
 void MoveBook::CountInSight(std::size_t count) {
-  if (mIsOpen) mMostInSight = std::max(mMostInSight, count);
+  if (mIsOpen) mMaxInSight = std::max(mMaxInSight, count);
 }
 
 std::optional<Duration> MoveBook::Find(WorldPoint from, Direction direction, TimePoint now) const {

@@ -9,8 +9,8 @@
 
 namespace tolva {
 
-// What all bots together asked for and saw. Two of them never stand on one field, so where a move begins tells whose it
-// is. Counts only from Open on.
+// The steps that all bots together have requested and seen. No two bots stand on one field, so the field where a move
+// begins identifies the mover. Records nothing before Open.
 class MoveBook {
  public:
   void Open() { mIsOpen = true; }
@@ -18,12 +18,12 @@ class MoveBook {
   void Ask(WorldPoint from, Direction direction, TimePoint now);
   // The mover's own move arrived.
   void SeeOwn(WorldPoint from, Direction direction, TimePoint now);
-  // Somebody else's move arrived. Villagers move too, and never asked.
+  // Somebody else's move arrived. Moves of villagers have no request and do not count.
   void SeeOther(WorldPoint from, Direction direction, TimePoint now);
   void CountInSight(std::size_t count);
 
   std::size_t GetAskedCount() const { return mAsked; }
-  std::size_t GetMostInSight() const { return mMostInSight; }
+  std::size_t GetMaxInSight() const { return mMaxInSight; }
   const Latencies& GetOwn() const { return mOwn; }
   const Latencies& GetOthers() const { return mOthers; }
 
@@ -34,9 +34,9 @@ class MoveBook {
 
   bool mIsOpen = false;
   std::size_t mAsked = 0;
-  std::size_t mMostInSight = 0;
+  std::size_t mMaxInSight = 0;
   Latencies mOwn, mOthers;
-  // The last time that each step was asked for.
+  // When the step in each direction was last requested.
   std::unordered_map<WorldPoint, Asks, WorldPointHash> mAsks;
 };
 

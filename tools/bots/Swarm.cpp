@@ -6,10 +6,10 @@
 namespace tolva {
 namespace {
 
-constexpr auto kTickEvery = std::chrono::milliseconds(10);
-// A server lets 64 strangers wait for their login.
-constexpr auto kNextBotAfter = std::chrono::milliseconds(30);
-constexpr auto kInWorldWithin = std::chrono::seconds(30);
+constexpr auto kTickInterval = std::chrono::milliseconds(10);
+// The server has room for 64 clients that are not logged in.
+constexpr auto kBotInterval = std::chrono::milliseconds(30);
+constexpr auto kEntryTimeout = std::chrono::seconds(30);
 
 }  // namespace
 
@@ -19,7 +19,7 @@ bool Swarm::Run() {
   const auto found = resolver.resolve(asio::ip::tcp::v4(), mOptions.host, std::to_string(mOptions.port), error);
   if (error || found.empty()) return false;
   mServer = found.begin()->endpoint();
-  mGiveUpAt = Clock::now() + kInWorldWithin;
+  mGiveUpAt = Clock::now() + kEntryTimeout;
   Tick();
   mContext.run();
   return true;
@@ -30,7 +30,7 @@ void Swarm::Tick() {
   if (static_cast<int>(mBots.size()) < mOptions.count && now >= mNextBot) {
     mBots.push_back(std::make_unique<Bot>(mContext, static_cast<int>(mBots.size()) + 1, mBook));
     mBots.back()->Connect(mServer);
-    mNextBot = now + kNextBotAfter;
+    mNextBot = now + kBotInterval;
   }
   if (mSpreadFrom == TimePoint::max() && (AreAllInWorld() || now >= mGiveUpAt)) mSpreadFrom = now;
   const bool isSpreading = now - mOptions.spread * std::chrono::seconds(1) < mSpreadFrom;
@@ -41,7 +41,7 @@ void Swarm::Tick() {
     for (const auto& bot : mBots) bot->Stop();
     return;
   }
-  mTimer.expires_after(kTickEvery);
+  mTimer.expires_after(kTickInterval);
   mTimer.async_wait([this](asio::error_code) { Tick(); });
 }
 
@@ -61,7 +61,7 @@ bool Swarm::Report() const {
   std::printf("moves asked:    %zu\n", mBook.GetAskedCount());
   std::printf("own moves seen: %zu (%s)\n", mBook.GetOwn().GetCount(), mBook.GetOwn().Describe().c_str());
   std::printf("others' moves:  %zu (%s)\n", mBook.GetOthers().GetCount(), mBook.GetOthers().Describe().c_str());
-  std::printf("most in sight:  %zu\n", mBook.GetMostInSight());
+  std::printf("most in sight:  %zu\n", mBook.GetMaxInSight());
   return dropped == 0 && outside == 0 && mBook.GetOwn().GetCount() > 0;
 }
 

@@ -14,19 +14,19 @@ struct SwarmOptions {
   std::string host = "127.0.0.1";
   std::uint16_t port = 7623;
   int count = 16;
-  // How long is measured, and how long the bots walk apart before that.
+  // How long to measure, and how long the bots walk apart before that, in seconds.
   int seconds = 30;
   int spread = 20;
 };
 
-// Many bots on one event loop, and what they went through. One clock serves them all.
+// Many bots on one event loop, and what they have measured by one clock.
 class Swarm {
  public:
   explicit Swarm(const SwarmOptions& options) : mOptions(options) {}
 
-  // Returns when the time is over; false when no address belongs to the host.
+  // Returns when the time is over; false at once when the host has no address.
   bool Run();
-  // What happened, on standard output; whether all went well.
+  // Prints the results; true when no bot was lost and some moved.
   bool Report() const;
 
  private:
@@ -40,7 +40,7 @@ class Swarm {
   MoveBook mBook;
   std::vector<std::unique_ptr<Bot>> mBots;
   TimePoint mNextBot;
-  // When all bots had come in, or were given up; never at first.
+  // When all bots were in the world, or their time for that was over.
   TimePoint mSpreadFrom = TimePoint::max();
   TimePoint mGiveUpAt;
   bool mIsMeasuring = false;
