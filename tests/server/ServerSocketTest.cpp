@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include "foundation/Text.h"
 #include "protocol/PacketList.h"
 #include "server/Server.h"
 #include "support/LoopbackPeer.h"
@@ -14,18 +13,14 @@
 namespace tolva::test {
 namespace {
 
-// A client that does as it is told, also what no client would do.
+// A client that does what the test tells it, whether or not a real one would.
 class Client : public LoopbackPeer {
  public:
   explicit Client(const Server& server) { EXPECT_TRUE(Connect(server.GetPort())); }
   bool LogIn(const char* name, const char* password = "", const char* answer = "Welcome") {
-    PacketLoginRequest request;
-    CopyText(request.mStrLogin, name);
-    CopyText(request.mStrPass, password);
-    static_cast<VersionNumbers&>(request) = kVersion;
-    return Send(Record(request)) && Sees(answer);
+    return Send(Record(PacketLoginRequest(name, password, kVersion))) && Sees(answer);
   }
-  // Reads on until that comes.
+  // Reads until these bytes have come; false when the stream ends first.
   bool Sees(const std::string& bytes) {
     std::string seen;
     for (std::string byte = Receive(1); !byte.empty(); byte = Receive(1))
@@ -37,7 +32,7 @@ class Client : public LoopbackPeer {
   bool IsServed() { return Send(Record(PacketInternPing(77))) && Sees(Record(PacketInternPong(77))); }
 };
 
-// The real server on a loopback port of its own, with a client that means well.
+// The real server on a loopback port of its own, with one honest client.
 class LoopbackServer : public ::testing::Test {
  protected:
   void SetUp() override { ASSERT_TRUE(mGood.LogIn("Good")) << mProblem; }
@@ -58,7 +53,7 @@ class LoopbackServer : public ::testing::Test {
   Client mGood{mServer};
 };
 
-TEST_F(LoopbackServer, HostileStreamsEndAloneWhileOthersChat) {
+TEST_F(LoopbackServer, HostileStreamsOnlyEndTheirOwnConnections) {
   std::vector<std::string> streams{FalseClaim(400), Record(PacketChatUsers()), ForgedRecord(999, 12),
                                    ForgedRecord(500, 13, std::string(24, 'x'))};
   for (const std::uint32_t length : {0U, 11U, 12U, 16385U, 0xFFFFFFFF}) streams.push_back(ForgedRecord(400, length));
@@ -85,7 +80,7 @@ TEST_F(LoopbackServer, HostileStreamsEndAloneWhileOthersChat) {
   }
 }
 
-TEST_F(LoopbackServer, StormOfConnectionsLeavesTheOthersInPeace) {
+TEST_F(LoopbackServer, StormOfConnectionsDoesNotDisturbTheOthers) {
   std::list<Client> storm;
   for (int i = 0; i < 300; ++i) storm.emplace_back(mServer);
   EXPECT_TRUE(storm.front().IsDropped());
@@ -94,7 +89,7 @@ TEST_F(LoopbackServer, StormOfConnectionsLeavesTheOthersInPeace) {
   EXPECT_TRUE(Client(mServer).LogIn("Later"));
 }
 
-TEST_F(LoopbackServer, FarewellArrivesThoughItsClientGoesOnSending) {
+TEST_F(LoopbackServer, FarewellArrivesThoughTheClientGoesOnSending) {
   std::string flood;
   for (int i = 0; i < 300; ++i) flood += Record(PacketChatMsg("", std::string(1000, 'x').c_str()));
   EXPECT_TRUE(mGood.Send(flood));
@@ -112,7 +107,7 @@ TEST_F(LoopbackServer, StopsWithinSecondsWhateverClientsDo) {
   EXPECT_TRUE(stranger.Sees("closing down"));
 }
 
-TEST_F(LoopbackServer, PortInUseIsAnErrorThatNamesTheWayOut) {
+TEST_F(LoopbackServer, PortInUseIsAnErrorThatSaysWhatToDo) {
   Server second({.port = mServer.GetPort()}, mLog);
   EXPECT_NE(second.Listen().find("another program does. Choose another port"), std::string::npos);
 }
@@ -126,7 +121,7 @@ TEST_F(LoopbackServer, LogShowsNoPasswordsAndLetsNothingForgeALine) {
   EXPECT_EQ(log.find("secret"), log.npos);
 }
 
-TEST(ClientThatNeverReads, LosesItsConnectionBeforeItCostsMuchMemory) {
+TEST(ClientThatNeverReads, IsDisconnectedBeforeItCostsMuchMemory) {
   struct : ConnectionListener {
     void OnPacket(Connection&, const Packet&) override {}
     void OnSending(Connection&, const Packet&) override {}
