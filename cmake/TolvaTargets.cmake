@@ -1,14 +1,16 @@
 # What all targets share: warnings, sanitizers, the libraries from Debian, and one function per kind of target.
 
-find_package(PkgConfig REQUIRED)
 find_package(CLI11 REQUIRED)
 find_package(Threads REQUIRED)
 find_package(ZLIB REQUIRED)
-pkg_check_modules(SDL REQUIRED IMPORTED_TARGET sdl)
-pkg_check_modules(SDL_IMAGE REQUIRED IMPORTED_TARGET SDL_image)
-pkg_check_modules(SDL_TTF REQUIRED IMPORTED_TARGET SDL_ttf)
-pkg_check_modules(SDL_MIXER REQUIRED IMPORTED_TARGET SDL_mixer)
-pkg_check_modules(SDL_NET REQUIRED IMPORTED_TARGET SDL_net)
+if(TOLVA_CLIENT)
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(SDL REQUIRED IMPORTED_TARGET sdl)
+  pkg_check_modules(SDL_IMAGE REQUIRED IMPORTED_TARGET SDL_image)
+  pkg_check_modules(SDL_TTF REQUIRED IMPORTED_TARGET SDL_ttf)
+  pkg_check_modules(SDL_MIXER REQUIRED IMPORTED_TARGET SDL_mixer)
+  pkg_check_modules(SDL_NET REQUIRED IMPORTED_TARGET SDL_net)
+endif()
 
 add_library(tolva_options INTERFACE)
 target_compile_options(tolva_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow)
