@@ -140,7 +140,7 @@ void ServerCore::EnterGame(Session& session, TimePoint now) {
 void ServerCore::Move(Session& session, Room& room, TimePoint now) {
   if (session.GetRoom() == &room) return;
   if (session.GetRoom() != nullptr) session.GetRoom()->Leave(session, now);
-  // First, because the lobby shows the number to whoever enters it.
+  // First, because the lobby sends the number to a session that enters it.
   mLobby.SetUsersInGame(static_cast<std::uint32_t>(mRealm.GetPlayerCount()), now);
   if (session.GetRoom() != nullptr) Log(session, &room == &mRealm ? "entered the world" : "returned to the lobby", now);
   session.SetRoom(&room);

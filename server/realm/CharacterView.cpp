@@ -56,7 +56,7 @@ bool CharacterView::Hear(const WorldCharacter& speaker, const std::string& line,
   if (!mLines.Allow(now)) return false;
   const auto entry = mEntries.find(speaker.id);
   const bool isShown = entry != mEntries.end() && entry->second.shown;
-  // A client puts the line above whoever it shows on the speaker's field, so a speaker that it does not show has none.
+  // A client shows the line above the character on the given field, and it shows this speaker on none.
   if (&speaker != &mOwn && !isShown) {
     mClient.Send(PacketChatMsg(speaker.name.c_str(), line.c_str()));
     return true;
