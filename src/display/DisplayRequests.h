@@ -4,8 +4,8 @@
 
 namespace tolva {
 
-// Requests of a screen to the display that shows it. They travel as SDL_USEREVENTs because the display must not replace a
-// screen that is handling an event. Before the display replaces a screen it serves the requests that point into it.
+// Requests of a screen to the display that shows it. They travel as SDL_USEREVENTs because the display must not replace
+// a screen that is handling an event. Before the display replaces a screen it serves the requests that point into it.
 constexpr int kRequestLoginScreen = 1;
 constexpr int kRequestDisplaySize = 2;  // data1 points to the screen's DisplaySize
 

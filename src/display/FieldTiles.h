@@ -5,7 +5,10 @@
 
 namespace tolva {
 
-// The neighbour, or null where the map ends: a walk that leaves the map goes on over nothing.
+// The picture of a tile includes the lower corner, which is the upper corner of the tile in the South.
+constexpr int kTilePictureHeight = kTileHeight + 1;
+
+// The neighbor, or null where the map ends, so that a walk can leave the map.
 inline const Field* Next(const Field* field, Direction direction) {
   return field == nullptr ? nullptr : field->GetNeighbor(direction);
 }

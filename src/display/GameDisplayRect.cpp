@@ -18,9 +18,9 @@ namespace {
 
 constexpr char kModule[] = "GameDisplayRect";
 
-// One more than fits each way, because the outermost tiles lie half outside.
-constexpr int kRows = GameDisplayRect::kHeight / kTileHeight + 1;
-constexpr int kColumns = GameDisplayRect::kWidth / kTileWidth + 1;
+// One more than fits, because the outermost tiles lie half outside.
+constexpr int kRows = GameDisplayRect::kTiles + 1;
+constexpr int kColumns = GameDisplayRect::kTiles + 1;
 
 // Grounds that differ only in these bits are variants of one.
 bool IsSameGround(const Field& a, const Field& b) { return a.GetGroundId() >> 4 == b.GetGroundId() >> 4; }

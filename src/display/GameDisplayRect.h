@@ -3,13 +3,13 @@
 #include <cstdint>
 #include <vector>
 
+#include "display/FieldTiles.h"
 #include "foundation/Info.h"
 #include "protocol/FieldPosition.h"
 #include "sdl/SurfacePtr.h"
 
 namespace tolva {
 
-class Field;
 class GameGraphics;
 class InfoHandler;
 class Repository;
@@ -19,8 +19,11 @@ class Repository;
 // Display thread only.
 class GameDisplayRect {
  public:
-  static constexpr int kWidth = 912;   // 12 tiles
-  static constexpr int kHeight = 432;  // 12 tiles
+  // Half an area is as many tiles wide and high.
+  static constexpr int kTiles = kAreaEdge / 2;
+  static constexpr int kWidth = kTiles * kTileWidth;
+  static constexpr int kHeight = kTiles * kTileHeight;
+  static_assert(kWidth == 912 && kHeight == 432);
 
   // All three stay the caller's and must outlive the rectangle. Needs a video mode. Black until the first Update.
   GameDisplayRect(GameGraphics* graphics, Repository* repository, InfoHandler* infoHandler);

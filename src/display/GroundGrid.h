@@ -28,6 +28,7 @@ class GroundGrid {
   static constexpr int kEdge = 5;  // rectangles
   static constexpr int kWidth = kEdge * GameDisplayRect::kWidth;
   static constexpr int kHeight = kEdge * GameDisplayRect::kHeight;
+  static_assert(kWidth == 2 * 2280 && kHeight == 2 * 1080);
 
   // All three stay the caller's and must outlive the grid. Needs a video mode.
   GroundGrid(GameGraphics& graphics, Repository& repository, InfoHandler& logger);

@@ -9,8 +9,8 @@ Screen::Screen(std::uint32_t id, SDL_Surface* videoSurface, void* context, Contr
     : ControlBasic(id, videoSurface, context, callback),
       mLogger(logger),
       mVideoSurface(videoSurface),
-      mArchive(std::make_unique<Archive>("Graphics", logger)),
-      mComponents(*mArchive) {}
+      mArchive("Graphics", logger),
+      mComponents(mArchive) {}
 
 Screen::~Screen() = default;
 
@@ -32,6 +32,10 @@ std::unique_ptr<Packet> Screen::GetNextPacket() {
 
 void Screen::QueuePacket(std::unique_ptr<Packet> packet) {
   if (mOutgoing.Put(packet.get())) static_cast<void>(packet.release());
+}
+
+bool Screen::IsEscape(const SDL_Event& event) {
+  return event.type == SDL_KEYDOWN && event.key.keysym.sym == SDLK_ESCAPE;
 }
 
 void Screen::BuildAroundPicture(std::span<const Component> table, std::uint32_t picture) {

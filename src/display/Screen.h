@@ -49,6 +49,9 @@ class Screen : public ControlBasic {
   // Queues the packet for the controller; deletes it when it cannot be queued.
   void QueuePacket(std::unique_ptr<Packet> packet);
 
+  // Whether the event is a press of Escape.
+  static bool IsEscape(const SDL_Event& event);
+
   // Covers the whole video surface.
   void FillWindow();
 
@@ -57,7 +60,7 @@ class Screen : public ControlBasic {
 
   InfoHandler* const mLogger;
   SDL_Surface* const mVideoSurface;
-  const std::unique_ptr<Archive> mArchive;
+  Archive mArchive;
   Mailbox mOutgoing;
   std::uint8_t mDarkness = 255;
   bool mSoundEnabled = true;

@@ -88,7 +88,7 @@ void ScreenLogin::TerminateComponents() { mComponents.FreePictures(); }
 void ScreenLogin::HandleSdlEvent(SDL_Event event) {
   Guard("ScreenLogin", "HandleSdlEvent", [&] {
     ControlBasic::HandleSdlEvent(event);
-    if (event.type == SDL_KEYDOWN && event.key.keysym.sym == SDLK_ESCAPE) QueuePacket(std::make_unique<PacketQuit>());
+    if (IsEscape(event)) QueuePacket(std::make_unique<PacketQuit>());
   });
 }
 

@@ -54,12 +54,8 @@ void ScreenStart::TerminateComponents() { mComponents.FreePictures(); }
 void ScreenStart::HandleSdlEvent(SDL_Event event) {
   Guard("ScreenStart", "HandleSdlEvent", [&] {
     ControlBasic::HandleSdlEvent(event);
-    const bool isKey = event.type == SDL_KEYDOWN;
-    if (isKey && event.key.keysym.sym == SDLK_ESCAPE) {
-      QueuePacket(std::make_unique<PacketQuit>());
-    } else if (isKey || (event.type == SDL_MOUSEBUTTONDOWN && !IsWheel(event))) {
-      AskForLogin();
-    }
+    if (IsEscape(event)) return QueuePacket(std::make_unique<PacketQuit>());
+    if (event.type == SDL_KEYDOWN || (event.type == SDL_MOUSEBUTTONDOWN && !IsWheel(event))) AskForLogin();
   });
 }
 

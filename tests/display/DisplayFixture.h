@@ -16,6 +16,7 @@
 #include "protocol/GamePackets.h"
 #include "protocol/InternPackets.h"
 #include "protocol/LoginPackets.h"
+#include "support/Golden.h"
 #include "support/TempDir.h"
 #include "support/TestArchive.h"
 #include "support/TestPng.h"
@@ -24,14 +25,14 @@ namespace tolva::test {
 
 using Entries = std::map<std::uint32_t, std::string>;
 
-// As large as the island and of one colour.
+// As large as the island and of one color.
 inline std::string MakePicture(std::uint8_t r, std::uint8_t g, std::uint8_t b) {
   return MakePng({.width = 300, .height = 60, .color = PngColor::Palette, .palette = {r, g, b}});
 }
 
 inline Entries OnlyTheFont() { return {{1, ReadFile("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf")}}; }
 
-// Every picture that the screens know, each of a colour of its own; none has the colour (0, 255, 255).
+// Every picture that the screens know, each of its own color; none has the color (0, 255, 255).
 inline Entries AllPictures() {
   Entries entries = OnlyTheFont();
   entries[kPictureWindowIcon] = entries[kPictureTitle] = MakePicture(80, 80, 200);
@@ -64,8 +65,11 @@ class SteppedDisplay : public Display {
   using Display::RunPass;
 };
 
+// A display that a test drives with events and mail, with the mailbox of a controller behind it.
 class DisplayFixture : public ::testing::Test {
  protected:
+  using Codes = std::vector<PacketCode>;
+
   DisplayFixture() { EXPECT_EQ(SDL_Init(SDL_INIT_NOPARACHUTE), 0); }
   ~DisplayFixture() override {
     mDisplay.reset();
@@ -76,12 +80,12 @@ class DisplayFixture : public ::testing::Test {
     WriteGraphics(entries);
     mDisplay.reset();
     mDisplay = std::make_unique<SteppedDisplay>(&mMailbox);
-    Deliver(new PacketInternCentralMailbox(&mController));
+    Deliver(PacketInternCentralMailbox(&mController));
   }
 
-  // Each of these runs a frame. The display owns the packet.
-  void Deliver(Packet* packet) {
-    EXPECT_TRUE(mMailbox.Put(packet));
+  // Each of these runs a frame.
+  void Deliver(const Packet& packet) {
+    EXPECT_TRUE(mMailbox.Put(packet.Clone()));
     mDisplay->RunPass();
   }
   // Letters, and the keys that "\r", "\t" and "\x1b" stand for.
@@ -117,8 +121,8 @@ class DisplayFixture : public ::testing::Test {
   }
 
   // The codes of what was sent to the controller since the last call.
-  std::vector<PacketCode> Sent() {
-    std::vector<PacketCode> codes;
+  Codes Sent() {
+    Codes codes;
     while (const auto packet = mController.Get()) codes.push_back(packet->mEnmCode);
     return codes;
   }
@@ -137,6 +141,11 @@ class DisplayFixture : public ::testing::Test {
   }
   std::string TextOf(std::initializer_list<std::uint32_t> way) { return Find<ControlLabel>(way).GetText(); }
 
+  // Whether the part of the next frame is the golden picture.
+  auto Matches(const std::string& golden, const Rect& part) {
+    mDisplay->RunPass();
+    return MatchesGolden(golden, *SDL_GetVideoSurface(), part);
+  }
   static Rgb PixelAt(int x, int y) {
     const SDL_Surface* video = SDL_GetVideoSurface();
     const auto* row = static_cast<const Uint8*>(video->pixels) + y * video->pitch;

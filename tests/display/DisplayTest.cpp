@@ -46,7 +46,7 @@ TEST_F(DisplayTest, WhatFailsSaysWhyAsksToQuitAndServesOnlyItsMailbox) {
       EXPECT_TRUE(mMailbox.Put(packet));
     }
     mDisplay->Run();
-    EXPECT_EQ(Sent(), std::vector<PacketCode>{PacketQuit::kCode});
+    EXPECT_EQ(Sent(), Codes{PacketQuit::kCode});
   }
 }
 
@@ -65,7 +65,7 @@ TEST_F(DisplayTest, WhoHasAskedToQuitSeesNoMoreOfTheMail) {
   for (int i = 0; i < 300; ++i) EXPECT_TRUE(mMailbox.Put(new PacketEnterChatAccept));
   EXPECT_TRUE(mMailbox.Put(new PacketQuit));
   mDisplay->Run();
-  EXPECT_EQ(Sent(), std::vector<PacketCode>{PacketQuit::kCode}) << "and asks once";
+  EXPECT_EQ(Sent(), Codes{PacketQuit::kCode}) << "and asks once";
 }
 
 }  // namespace

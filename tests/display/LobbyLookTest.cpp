@@ -1,7 +1,6 @@
 #include "display/DisplayFixture.h"
 #include "display/ScreenChat.h"
 #include "foundation/Ticks.h"
-#include "support/Golden.h"
 
 namespace tolva::test {
 namespace {
@@ -18,31 +17,26 @@ class LobbyLookTest : public DisplayFixture {
   }
   void Enter() {
     Start();
-    Deliver(new PacketEnterChatAccept);
-  }
-  auto Matches(const std::string& golden, const Rect& part) {
-    mDisplay->RunPass();
-    return MatchesGolden(golden, *SDL_GetVideoSurface(), part);
+    Deliver(PacketEnterChatAccept());
   }
 };
 
 TEST_F(LobbyLookTest, ShowsWhoIsThereWhatIsSaidAndTheOptions) {
-  for (const char* name : {"*** ", "Anna"}) {
-    Deliver(new PacketChatMsg(name,
-                              "The ferry leaves from the old landing stage at noon, and again when the lamps are "
-                              "lit along the water."));
+  for (const char* name : {kServerSpeaker, "Anna"}) {
+    Deliver(PacketChatMsg(name,
+                          "The ferry leaves from the old landing stage at noon, and again when the lamps are lit along "
+                          "the water."));
   }
-  auto* users = new PacketChatUsers;
-  users->mUintCount = 9;
-  for (int i = 0; i < 9; ++i) CopyText(users->mStrUsers[i], std::string(1, static_cast<char>('A' + i)).c_str());
+  PacketChatUsers users;
+  for (const char* name : {"A", "B", "C", "D", "E", "F", "G", "H", "I"}) users.Add(name);
   Deliver(users);
-  Deliver(new PacketInternPong(42));
-  // Its own changes with every release.
+  Deliver(PacketInternPong(42));
+  // The real one changes with every release.
   Find<ControlLabel>({Id::kVersionsWindow, Id::kClientVersionLabel}).SetText("1.2.3");
   Type("say it");
   EXPECT_TRUE(Matches("lobby", {0, 0, 800, 600}));
   ClickOn({Id::kButtonBar, Id::kOptionsButton});
-  Deliver(new PacketInternConnectionLost);
+  Deliver(PacketInternConnectionLost());
   EXPECT_TRUE(Matches("lobby-options", {250, 195, 300, 210}));
   EXPECT_TRUE(Matches("lobby-buttons", {550, 40, 250, 60})) << "the way into the game is gone";
 }

@@ -14,8 +14,8 @@ class ScreenChatTest : public DisplayFixture {
   void SetUp() override { EnterChat(); }
   void EnterChat() {
     Start();
-    Deliver(new PacketEnterChatAccept);
-    EXPECT_EQ(Sent(), std::vector<PacketCode>{PacketServerInfo::kCode});
+    Deliver(PacketEnterChatAccept());
+    EXPECT_EQ(Sent(), Codes{PacketServerInfo::kCode});
   }
   void OpenOptions() { ClickOn({Id::kButtonBar, Id::kOptionsButton}); }
   void ClickToggle(Id toggle) { ClickOn({Id::kOptionsWindow, toggle}); }
@@ -35,32 +35,32 @@ TEST_F(ScreenChatTest, WhatIsTypedGoesToTheInputLineWhateverWasClicked) {
 }
 
 TEST_F(ScreenChatTest, TextsAndCountsMadeToHarmDoNone) {
-  Deliver(new PacketChatMsg("*** ", "welcome"));
-  Deliver(new PacketChatMsg("***", "a player"));
+  Deliver(PacketChatMsg(kServerSpeaker, "welcome"));
+  Deliver(PacketChatMsg("***", "a player"));
   EXPECT_STREQ(dynamic_cast<ControlLabel&>(*ChatBox().GetSubControl(1000)).GetText(), "[Server]");
   EXPECT_STREQ(dynamic_cast<ControlLabel&>(*ChatBox().GetSubControl(1002)).GetText(), "[***]");
   std::string all;
   for (int character = 1; character < 256; ++character) all += static_cast<char>(character);
   for (const std::string& text : {all, std::string("%s%n%999999d"), std::string(2000, 'W'), std::string(2000, '\x01'),
                                   std::string("\x80"), std::string("\t\n\r"), std::string()}) {
-    Deliver(new PacketChatMsg(text.c_str(), text.c_str()));
-    auto* users = new PacketChatUsers;
-    users->mUintCount = 65535;
-    CopyText(users->mStrUsers[0], text.c_str());
+    Deliver(PacketChatMsg(text.c_str(), text.c_str()));
+    PacketChatUsers users;
+    users.Add(text.c_str());
+    users.mUintCount = 65535;
     Deliver(users);
     EXPECT_EQ(Find<ControlListBox>({Id::kChatUsersWindow, Id::kChatUsersList}).GetEntryCount(), 32);
   }
-  Deliver(new PacketChatMsg("Anna", "still here"));
+  Deliver(PacketChatMsg("Anna", "still here"));
   EXPECT_EQ(ReadFile("log.clf").find("At tick"), std::string::npos) << "an error was reported";
   EXPECT_GT(ChatBox().GetEntryCount(), 9);
 }
 
 TEST_F(ScreenChatTest, ALostConnectionStaysLostAndClosesTheWayIntoTheGame) {
-  Deliver(new PacketInternPong(4294967295u));
+  Deliver(PacketInternPong(4294967295u));
   ClickOn({Id::kButtonBar, Id::kEnterGameButton});
-  EXPECT_EQ(Sent(), std::vector<PacketCode>{PacketEnterGameRequest::kCode});
-  Deliver(new PacketEnterGameAccept);
-  Deliver(new PacketInternConnectionLost);
+  EXPECT_EQ(Sent(), Codes{PacketEnterGameRequest::kCode});
+  Deliver(PacketEnterGameAccept());
+  Deliver(PacketInternConnectionLost());
   EXPECT_EQ(TextOf({Id::kStatusWindow, Id::kConnectionLabel}), "Disconnected");
   EXPECT_EQ(TextOf({Id::kStatusWindow, Id::kPingValueLabel}), "0");
   ClickOn({Id::kButtonBar, Id::kEnterGameButton});
@@ -69,14 +69,12 @@ TEST_F(ScreenChatTest, ALostConnectionStaysLostAndClosesTheWayIntoTheGame) {
 
 TEST_F(ScreenChatTest, TheIslandDarkensFromPictureToPicture) {
   EXPECT_EQ(PixelAt(400, 70), (Rgb{0, 0, 0})) << "dark until the server says otherwise";
-  const std::pair<int, Rgb> cases[] = {
+  const std::pair<Uint8, Rgb> cases[] = {
       {0, {255, 0, 0}}, {50, {128, 127, 0}}, {150, {0, 128, 127}}, {200, {0, 0, 255}}, {201, {0, 0, 0}}};
   for (const auto& [darkness, expected] : cases) {
-    auto* packet = new PacketDarkness;
-    packet->mByDarkness = static_cast<std::uint8_t>(darkness);
-    Deliver(packet);
+    Deliver(PacketDarkness(darkness));
     const Rgb color = PixelAt(400, 70);
-    // 565 keeps 5 or 6 bits of a colour.
+    // 565 keeps 5 or 6 bits of a color.
     EXPECT_NEAR(color.r, expected.r, 12) << darkness;
     EXPECT_NEAR(color.g, expected.g, 12) << darkness;
     EXPECT_NEAR(color.b, expected.b, 12) << darkness;
@@ -92,7 +90,11 @@ TEST_F(ScreenChatTest, OptionsAreKeptForTheNextStartAndMusicIsSwitchedAtOnce) {
   EXPECT_EQ(ReadFile("client.ini"), chosen);
   // A new lobby before and after the next start.
   for (const bool hasStarted : {false, true}) {
-    hasStarted ? EnterChat() : Deliver(new PacketEnterChatAccept);
+    if (hasStarted) {
+      EnterChat();
+    } else {
+      Deliver(PacketEnterChatAccept());
+    }
     for (const Id toggle : {Id::kSmallToggle, Id::kMediumToggle}) EXPECT_FALSE(IsOn(toggle));
     for (const Id toggle : {Id::kLargeToggle, Id::kFullScreenToggle, Id::kMusicToggle}) EXPECT_TRUE(IsOn(toggle));
     OpenOptions();
@@ -104,9 +106,9 @@ TEST_F(ScreenChatTest, OptionsAreKeptForTheNextStartAndMusicIsSwitchedAtOnce) {
     Sent();
   }
   ClickToggle(Id::kMusicToggle);
-  Deliver(new PacketEnterChatAccept);
+  Deliver(PacketEnterChatAccept());
   EXPECT_FALSE(IsOn(Id::kMusicToggle));
-  EXPECT_EQ(Sent(), (std::vector<PacketCode>{PacketMusicStop::kCode, PacketServerInfo::kCode}));
+  EXPECT_EQ(Sent(), (Codes{PacketMusicStop::kCode, PacketServerInfo::kCode}));
   OpenOptions();
   ClickToggle(Id::kMusicToggle);
   EXPECT_EQ(NextSent<PacketMusicPlay>().mUintMusicId, 1);
@@ -115,7 +117,7 @@ TEST_F(ScreenChatTest, OptionsAreKeptForTheNextStartAndMusicIsSwitchedAtOnce) {
 // As when an error cuts the batch of events in which the player chose.
 TEST_F(ScreenChatTest, AChoiceOutlivesTheScreenItWasMadeOn) {
   Find<ControlButton>({Id::kOptionsWindow, Id::kMediumToggle}).HandleSdlEvent({SDL_MOUSEBUTTONDOWN});
-  Deliver(new PacketEnterChatAccept);
+  Deliver(PacketEnterChatAccept());
   EXPECT_EQ(ReadFile("client.ini"), "[DISPLAY]\nWidth=1024\nHeight=768\nFullscreen=0\n");
   EXPECT_TRUE(IsOn(Id::kMediumToggle));
 }

@@ -14,7 +14,7 @@ class ScreensTest : public DisplayFixture, public ::testing::WithParamInterface<
  protected:
   void GoToScreen() {
     if (GetParam() == Which::Login) Type(" ");
-    if (GetParam() == Which::Chat) Deliver(new PacketEnterChatAccept);
+    if (GetParam() == Which::Chat) Deliver(PacketEnterChatAccept());
     Sent();
   }
 };
@@ -111,13 +111,11 @@ TEST_F(ScreenLoginTest, NameAndPasswordReachTheServerAsTyped) {
 
 TEST_F(ScreenLoginTest, FailuresAreShownFromTheirBeginningAndLeadBackToTheName) {
   Type("\t");
-  Deliver(new PacketInternConnectionLost);
+  Deliver(PacketInternConnectionLost());
   EXPECT_EQ(Status(), "Could not establish connection");
   Type("a\t");
   for (const std::string& reason : {std::string("100% %s %n wrong"), std::string(255, 'W')}) {
-    auto* deny = new PacketLoginDeny;
-    CopyText(deny->mStrReason, reason.c_str());
-    Deliver(deny);
+    Deliver(PacketLoginDeny(reason.c_str()));
     EXPECT_EQ(Status(), "Login denied: " + reason);
     EXPECT_GE(Find<ControlLabel>({Id::kStatusLabel}).GetTextX(), 0);
   }

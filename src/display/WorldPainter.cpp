@@ -1,0 +1,148 @@
+#include "display/WorldPainter.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "display/FieldTiles.h"
+#include "display/GroundGrid.h"
+#include "display/MessageHistory.h"
+#include "display/PictureIds.h"
+#include "foundation/Guard.h"
+#include "foundation/Ticks.h"
+#include "media/GameGraphics.h"
+#include "protocol/WorldEdges.h"
+#include "sdl/Copy.h"
+#include "world/Repository.h"
+
+namespace tolva {
+namespace {
+
+constexpr char kModule[] = "ScreenGame";
+
+// A character's picture in the sheet, and the height of the pictures of things. Both are as wide as a tile and end
+// where the tile's picture ends; the rises are what they reach above it.
+constexpr int kSpriteWidth = kTileWidth;
+constexpr int kSpriteHeight = 114;
+constexpr int kVoluHeight = 228;
+constexpr int kSpriteRise = kSpriteHeight - kTilePictureHeight;
+constexpr int kVoluRise = kVoluHeight - kTilePictureHeight;
+static_assert(kSpriteRise == 77 && kVoluRise == 191);
+
+// The ground rectangle in the middle of the grid begins with field (0, kAreaEdge / 2) of the center area. From the
+// middle of field (0, 0) of that area it is this far to the middle of the rectangle.
+constexpr int kToMiddleX = GameDisplayRect::kWidth / 2 + kTileWidth / 2 * (kAreaEdge / 2 - 1);
+constexpr int kToMiddleY = GameDisplayRect::kHeight / 2 - kTileHeight / 2 * (kAreaEdge / 2);
+static_assert(kToMiddleX == 874 && kToMiddleY == 0);
+
+// How many more rows and columns are drawn than fit into the window: pictures reach beyond their fields.
+constexpr int kExtraColumns = 4;
+constexpr int kExtraRows = 7;
+// So many rows more in the North: a thing that a step South brings into the window is already drawn while it is above.
+constexpr int kRowsAbove = 2;
+
+constexpr std::uint32_t kMessageMs = 10000;
+constexpr int kLabelWidth = 800;
+constexpr int kLabelHeight = 20;
+
+std::int16_t Narrow(int value) {
+  using Limits = std::numeric_limits<std::int16_t>;
+  return static_cast<std::int16_t>(std::clamp<int>(value, Limits::min(), Limits::max()));
+}
+
+const Field* Walk(const Field* field, Direction direction, int steps) {
+  for (int step = 0; step < steps; ++step) field = Next(field, direction);
+  return field;
+}
+
+}  // namespace
+
+WorldPainter::WorldPainter(SDL_Surface& window, GameGraphics& graphics, Repository& repository, InfoHandler& logger)
+    : mWindow(window), mGraphics(graphics), mRepository(repository), mLogger(logger) {}
+
+Step WorldPainter::GetFieldsFromCenter(const Field& field) const {
+  const Step areas = mRepository.GetMap().GetStepsFromCenter(*field.GetArea());
+  return {field.GetFx() + kAreaEdge * areas.x, field.GetFy() + kAreaEdge * areas.y};
+}
+
+std::int32_t WorldPainter::GetBlitOffsetX() const {
+  return Guard(kModule, "GetBlitOffsetX", [&] {
+    const ClientCharacter& player = mRepository.GetPlayer();
+    if (player.GetField() == nullptr) return 0;
+    const Step place = GetFieldsFromCenter(*player.GetField());
+    return kToMiddleX - kTileWidth / 2 * (place.x + place.y) - player.GetOffsetX();
+  });
+}
+
+std::int32_t WorldPainter::GetBlitOffsetY() const {
+  return Guard(kModule, "GetBlitOffsetY", [&] {
+    const ClientCharacter& player = mRepository.GetPlayer();
+    if (player.GetField() == nullptr) return 0;
+    const Step place = GetFieldsFromCenter(*player.GetField());
+    return kToMiddleY - kTileHeight / 2 * (place.x - place.y) - player.GetOffsetY();
+  });
+}
+
+void WorldPainter::BlitObjects() {
+  Guard(kModule, "BlitObjects", [&] {
+    const ClientCharacter& player = mRepository.GetPlayer();
+    if (player.GetField() == nullptr) return;
+    const int rows = mWindow.h / kTilePictureHeight;
+    const int stepsWest = (mWindow.w / kTileWidth + 2) / 2;
+    const int stepsNorth = (rows + 2) / 2 + kRowsAbove;
+    const int left = mWindow.w / 2 - kTileWidth / 2 - player.GetOffsetX() - kTileWidth * stepsWest;
+    const int top = mWindow.h / 2 - kTileHeight / 2 - player.GetOffsetY() - kTileHeight * stepsNorth;
+
+    Labels labels;
+    const Field* first = Walk(Walk(player.GetField(), Direction::West, stepsWest), Direction::North, stepsNorth);
+    for (int row = 0; row < rows + kExtraRows + kRowsAbove; ++row) {
+      BlitRow(first, left, top + kTileHeight * row, labels);
+      first = Next(first, Direction::South);
+    }
+    // Last, so that nothing hides what is said.
+    for (const auto& label : labels) label->Blit(&mWindow);
+  });
+}
+
+void WorldPainter::BlitRow(const Field* first, int x, int y, Labels& labels) {
+  const Field* upper = first;
+  const Field* lower = Next(first, Direction::SouthWest);
+  for (int column = 0; column < mWindow.w / kTileWidth + kExtraColumns; ++column) {
+    BlitField(upper, x, y, labels);
+    BlitField(lower, x - kTileWidth / 2, y + kTileHeight / 2, labels);
+    x += kTileWidth;
+    upper = Next(upper, Direction::East);
+    lower = Next(lower, Direction::East);
+  }
+}
+
+void WorldPainter::BlitField(const Field* field, int x, int y, Labels& labels) {
+  if (field == nullptr) return;
+  if (field->GetVoluId() != 0) CopyWhole(mGraphics.FindGraphic(field->GetVoluId()), &mWindow, x, y - kVoluRise);
+  if (ClientCharacter* character = ClientCharacter::On(*field)) BlitCharacter(*character, x, y, labels);
+}
+
+void WorldPainter::BlitCharacter(ClientCharacter& character, int x, int y, Labels& labels) {
+  // The player's own has moved already, with the view.
+  if (&character != &mRepository.GetPlayer()) character.Animate();
+  const int left = x + character.GetOffsetX();
+  const int top = y + character.GetOffsetY() - kSpriteRise;
+  const int direction = static_cast<int>(character.GetDirection());
+  const Rect part{kSpriteWidth * character.GetFrame(), kSpriteHeight * direction, kSpriteWidth, kSpriteHeight};
+  CopyPart(mGraphics.FindGraphic(kPictureCharacters), part, &mWindow, left, top);
+
+  if (character.GetChatMessage()[0] == '\0') return;
+  if (GetTicks() - character.GetMessageTick() > kMessageMs) return character.SetChatMessage("");
+  // Of a character above the window only the name would show, at the upper edge.
+  if (top + kSpriteHeight <= 0) return;
+  AddLabel(character.GetChatMessage(), kWhite, left, top, labels);
+  AddLabel(character.GetName(), kNameColor, left, top + kSpriteHeight, labels);
+}
+
+void WorldPainter::AddLabel(const char* text, Rgb color, int spriteX, int y, Labels& labels) {
+  auto label =
+      std::make_unique<TextBox>(0, Narrow(y), kLabelWidth, kLabelHeight, color.r, color.g, color.b, text, &mLogger);
+  label->SetX(Narrow(spriteX - (label->GetTextWidth() - kSpriteWidth) / 2));
+  labels.push_back(std::move(label));
+}
+
+}  // namespace tolva
