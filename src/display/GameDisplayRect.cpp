@@ -22,15 +22,17 @@ constexpr char kModule[] = "GameDisplayRect";
 constexpr int kRows = GameDisplayRect::kTiles + 1;
 constexpr int kColumns = GameDisplayRect::kTiles + 1;
 
-// Grounds that differ only in these bits are variants of one.
-bool IsSameGround(const Field& a, const Field& b) { return a.GetGroundId() >> 4 == b.GetGroundId() >> 4; }
+// Ids that differ only in the lowest bits are variants of one ground.
+constexpr int kVariantBits = 4;
+bool IsSameGround(const Field& a, const Field& b) {
+  return a.GetGroundId() >> kVariantBits == b.GetGroundId() >> kVariantBits;
+}
 
-// Which areas the walk from the field (fx, fy) of an area enters, with the neighbours that it blends with: their steps
-// from that area.
+// The areas that a picture shows whose start field is (fx, fy), including those that it only blends with. In areas from
+// the start field's.
 std::vector<Step> FindSourcePlaces(int fx, int fy) {
-  constexpr int kEdge = kAreaEdge;
   constexpr Step kTouched[] = {{0, 0}, {0, 1}, {1, 0}, {0, -1}, {-1, 0}};
-  const auto areaOf = [](int field) { return (field + kEdge) / kEdge - 1; };
+  const auto areaOf = [](int field) { return (field + kAreaEdge) / kAreaEdge - 1; };
   std::vector<Step> places;
   for (int row = 0; row < kRows; ++row) {
     for (int column = 0; column < kColumns; ++column) {
@@ -45,7 +47,7 @@ std::vector<Step> FindSourcePlaces(int fx, int fy) {
   return places;
 }
 
-// A missing picture leaves what was there.
+// Without a picture nothing changes.
 void LayOver(SDL_Surface* picture, SDL_Surface* target, int x, int y) {
   if (picture != nullptr) CheckSdl(CopyWhole(picture, target, x, y), kModule, "RebuildGroundSurface");
 }
@@ -74,7 +76,7 @@ void GameDisplayRect::SetStartField(std::uint8_t r, std::uint8_t c, std::uint8_t
 
 void GameDisplayRect::Update() {
   Guard(kModule, "Update", [&] {
-    // An error on the way leaves a picture of nothing in particular.
+    // So that a picture left half drawn by an error does not count as current.
     mShown.clear();
     RebuildGroundSurface();
     NoteShown();
@@ -92,14 +94,13 @@ void GameDisplayRect::NoteShown() {
   for (const Step& place : mSourcePlaces) mShown.push_back(FindSource(place));
 }
 
-// The state alone tells one ground from another; the position is compared because it is what makes the picture this
-// place's and no other's.
+// Areas that have no ground yet share state 0; the position tells them apart.
 bool GameDisplayRect::Source::operator==(const Source& other) const {
   return exists == other.exists && groundState == other.groundState && IsSameArea(position, other.position);
 }
 
 GameDisplayRect::Source GameDisplayRect::FindSource(Step fromStart) const {
-  // Beyond the edge the numbers wrap to ones that the map does not have either.
+  // Below 0 the number wraps around to one that the map does not have either.
   const Area* area = mRepository->GetMap().GetAreaAt(static_cast<std::uint8_t>(mStartR + fromStart.x),
                                                      static_cast<std::uint8_t>(mStartC + fromStart.y));
   return area == nullptr ? Source{} : Source{true, area->GetPosition(), area->GetGroundState()};
@@ -122,7 +123,7 @@ void GameDisplayRect::RebuildGroundSurface() {
   });
 }
 
-// Fields lie in two rows that interlock: `first` and its way East, and half a tile lower those to their SouthWest.
+// Two interlocking rows of fields: `first` and those to the East, and half a tile lower those to the SouthWest of each.
 void GameDisplayRect::PaintRow(const Field* first, SDL_Surface* tile, int y) {
   const Field* upper = first;
   const Field* lower = Next(first, Direction::SouthWest);

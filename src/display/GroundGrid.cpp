@@ -12,9 +12,10 @@ namespace {
 constexpr char kModule[] = "ScreenGame";
 
 constexpr int kMiddle = GroundGrid::kEdge / 2;
-constexpr int kHalfArea = static_cast<int>(kAreaEdge) / 2;
+constexpr int kHalfArea = kAreaEdge / 2;
 
-// For each direction in which the ground moves: where in the grid a rectangle's new place gets its content from.
+// For each direction in which the ground moves: from how far, in columns and rows, a place of the grid gets its new
+// rectangle.
 struct GridStep {
   int columns;
   int rows;
@@ -55,8 +56,8 @@ void GroundGrid::InitDisplayRects(int i, int j, int r, int c, int fx, int fy) {
   Guard(kModule, "InitDisplayRects", [&] {
     const auto byte = [](int number) { return static_cast<std::uint8_t>(number); };
     RectAt(mRects, i, j)->SetStartField(byte(r), byte(c), byte(fx), byte(fy));
-    // A rectangle is half an area to the south-east and half an area to the north-east wide, so half of the steps cross
-    // an edge of the area, in x or in y.
+    // From rectangle to rectangle it is half an area, to the south-east or north-east, and so half the steps lead into
+    // another area, in x or in y.
     const bool isFirstHalf = fx == 0;
     const struct {
       int i, j, r, c;
@@ -81,7 +82,7 @@ void GroundGrid::InvalidateAllDisplayRects() {
 void GroundGrid::UpdateAllDisplayRects() {
   Guard(kModule, "UpdateAllDisplayRects", [&] {
     mHasGround = true;
-    // Nothing of the last centre's is left that could move along.
+    // Nothing is left to be moved when the map follows the player.
     mLastCenter = mRepository.GetMap().GetCenterArea()->GetPosition();
     ForEachPlace([&](int i, int j) { RectAt(mRects, i, j)->Update(); });
   });
@@ -95,10 +96,10 @@ void GroundGrid::CheckAreaChange() {
     if (IsSameArea(center, mLastCenter)) return;
     for (const Step step : kSteps) {
       if (!IsSameArea(center, NextArea(mLastCenter, step))) continue;
-      // The player went one step; the ground goes the other way.
+      // The ground moves in the opposite direction.
       return UpdateDisplayRectsAfterMove(DirectionOf({-step.x, -step.y}));
     }
-    // Nothing that is shown lies near enough to move along.
+    // Too far for anything to be kept.
     mLastCenter = center;
   });
 }
@@ -107,26 +108,13 @@ void GroundGrid::UpdateDisplayRectsAfterMove(Direction direction) {
   Guard(kModule, "UpdateDisplayRectsAfterMove", [&] {
     mLastCenter = mRepository.GetMap().GetCenterArea()->GetPosition();
     InvalidateAllDisplayRects();
-    switch (direction) {
-      case Direction::North:
-        return ShiftDisplayRectsToNorth();
-      case Direction::NorthEast:
-        return ShiftDisplayRectsToNorthEast();
-      case Direction::East:
-        return ShiftDisplayRectsToEast();
-      case Direction::SouthEast:
-        return ShiftDisplayRectsToSouthEast();
-      case Direction::South:
-        return ShiftDisplayRectsToSouth();
-      case Direction::SouthWest:
-        return ShiftDisplayRectsToSouthWest();
-      case Direction::West:
-        return ShiftDisplayRectsToWest();
-      case Direction::NorthWest:
-        return ShiftDisplayRectsToNorthWest();
-      case Direction::None:
-        return InitAllDisplayRects();
-    }
+    if (!IsDirection(direction)) return InitAllDisplayRects();
+    static constexpr void (GroundGrid::*kShifts[kDirectionCount])() = {
+        &GroundGrid::ShiftDisplayRectsToNorth, &GroundGrid::ShiftDisplayRectsToNorthEast,
+        &GroundGrid::ShiftDisplayRectsToEast,  &GroundGrid::ShiftDisplayRectsToSouthEast,
+        &GroundGrid::ShiftDisplayRectsToSouth, &GroundGrid::ShiftDisplayRectsToSouthWest,
+        &GroundGrid::ShiftDisplayRectsToWest,  &GroundGrid::ShiftDisplayRectsToNorthWest};
+    (this->*kShifts[static_cast<std::uint32_t>(direction)])();
   });
 }
 
@@ -154,12 +142,12 @@ void GroundGrid::ShiftDisplayRectsToNorthWest() {
   ShiftDisplayRects("ShiftDisplayRectsToNorthWest", Direction::NorthWest);
 }
 
-// What is kept moves with its picture; what comes in has none yet.
+// The rectangles that stay in the grid keep their pictures; the new ones are drawn by the next frame that shows them.
 void GroundGrid::ShiftDisplayRects(const char* method, Direction direction) {
   Guard(kModule, method, [&] {
     const GridStep step = kGridSteps[static_cast<std::uint32_t>(direction)];
     const auto comesIn = [&](int i, int j) { return !IsInGrid(i + step.columns, j + step.rows); };
-    // Making rectangles can fail and comes before the first one is moved, so the grid is never left with holes.
+    // Before any rectangle is moved: making them can fail, and the grid must not be left with holes.
     Rects shifted;
     ForEachPlace([&](int i, int j) {
       if (comesIn(i, j)) RectAt(shifted, i, j) = MakeRect();
@@ -175,7 +163,7 @@ void GroundGrid::ShiftDisplayRects(const char* method, Direction direction) {
 // ---- Frames ----
 
 void GroundGrid::Blit(SDL_Surface& window, int left, int top) {
-  // An error may have cut a shift short.
+  // After an error in the middle of a shift.
   if (!RectAt(mRects, kMiddle, kMiddle)->IsStartFieldSet()) InitAllDisplayRects();
   const bool isCovered = left <= 0 && top <= 0 && left + kWidth >= window.w && top + kHeight >= window.h;
   if (!isCovered) SDL_FillRect(&window, nullptr, SDL_MapRGB(window.format, 0, 0, 0));

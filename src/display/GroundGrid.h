@@ -17,9 +17,8 @@ class InfoHandler;
 class Repository;
 
 // The ground around the player: 5 by 5 rectangles, [i][j] with columns i from left to right and rows j from top to
-// bottom. What they show is a function of the map and the light: whatever has happened to either, the next Blit draws
-// every rectangle anew that lies in the window and is not current. Moving the pictures along with the map only saves
-// drawing.
+// bottom. Each Blit redraws the rectangles in the window that do not show the map and the light as they are now. Moving
+// finished pictures along with the map only saves drawing.
 //
 // All operations read the map: whoever calls them holds the repository's lock. Display thread only. Errors name the
 // game screen, of which this is a part.
@@ -33,20 +32,22 @@ class GroundGrid {
   // All three stay the caller's and must outlive the grid. Needs a video mode.
   GroundGrid(GameGraphics& graphics, Repository& repository, InfoHandler& logger);
 
-  // Gives rectangle [i][j], and from there all that have none, the start field that follows from its place.
-  // (fx, fy) is (0, 12) or (12, 0): the rectangles' corners lie in the middle of the areas' edges.
+  // Gives rectangle [i][j] the start field (fx, fy) of area [r][c], then the rectangles around it that have none, and
+  // so on, the start fields that follow. (fx, fy) is (0, 12) or (12, 0): the corners lie in the middle of the areas'
+  // edges.
   void InitDisplayRects(int i, int j, int r, int c, int fx, int fy);
-  // Draws all ground, for the place where the map is now.
+  // Draws all ground from the map.
   void UpdateAllDisplayRects();
+  // Clears all start fields.
   void InvalidateAllDisplayRects();
-  // Whether there is ground to show: UpdateAllDisplayRects has been called.
+  // Whether UpdateAllDisplayRects has been called.
   bool HasGround() const { return mHasGround; }
 
-  // The centre of the map for which the pictures have been laid out.
+  // Sets the center area of the map that the grid has been laid out for.
   void SetLastCenter(const AreaPosition& center) { mLastCenter = center; }
-  // Follows the map when it is not where it was.
+  // Follows the map to its new center, if it has one.
   void CheckAreaChange();
-  // `direction` is where the ground moves: the old centre lies there, as seen from the new one.
+  // Moves the ground in the direction in which the old center lies, as seen from the new one. None lays it out afresh.
   void UpdateDisplayRectsAfterMove(Direction direction);
   void ShiftDisplayRectsToNorth();
   void ShiftDisplayRectsToNorthEast();
@@ -57,7 +58,7 @@ class GroundGrid {
   void ShiftDisplayRectsToWest();
   void ShiftDisplayRectsToNorthWest();
 
-  // Draws the ground onto `window` so that the grid's top left corner lies at (left, top). Black where the grid ends.
+  // Draws the ground with the grid's top left corner at (left, top) of the window. Black beyond the grid.
   void Blit(SDL_Surface& window, int left, int top);
 
  private:

@@ -6,7 +6,7 @@
 namespace tolva {
 namespace {
 
-constexpr std::uint32_t kPatienceMs = 1000;
+constexpr std::uint32_t kMaxAnswerMs = 1000;
 
 struct MoveKey {
   SDLKey key;
@@ -38,11 +38,11 @@ bool MoveKeys::Admit(const SDL_Event& event, std::uint32_t now, bool isWorldHidd
   const std::uint32_t bit = 1U << (row - kMoveKeys);
   const bool isRepeat = event.type == SDL_KEYDOWN && (mHeld & bit) != 0;
   mHeld = event.type == SDL_KEYDOWN ? mHeld | bit : mHeld & ~bit;
-  return !isRepeat || (!isWorldHidden && (!mRequestWaits || now - mRequestTick >= kPatienceMs));
+  return !isRepeat || (!isWorldHidden && (!mIsRequestOpen || now - mRequestTick >= kMaxAnswerMs));
 }
 
 void MoveKeys::NoteRequest(std::uint32_t now) {
-  mRequestWaits = true;
+  mIsRequestOpen = true;
   mRequestTick = now;
 }
 

@@ -8,26 +8,26 @@
 
 namespace tolva {
 
-// The keys that ask for a step, and how often a held one may ask. What SDL repeats for a held key passes only when no
-// request is without answer: a second answer would come in the middle of the first one's slide, and the player would
-// leap. Times are those of GetTicks.
+// The keys that ask for a step, and the rate limiter for those that are held. The repeats of a held key wait while a
+// request is unanswered: a second answer would come in the middle of the slide that the first one starts, and the
+// player would leap. Times are those of GetTicks.
 class MoveKeys {
  public:
-  // None for a key that does not move.
+  // None for a key that is no move key.
   static Direction DirectionOf(SDLKey key);
 
-  // False for a repeat that must wait; all of them wait while the progress of a synchronisation hides the world. To be
-  // shown every event: it learns from them which keys are held.
+  // False for a repeat that must wait, as all repeats must while the world is hidden. Call it with every event: it
+  // learns from them which keys are held.
   bool Admit(const SDL_Event& event, std::uint32_t now, bool isWorldHidden);
-  // A request for a step has been made.
+  // Call it when a step is requested.
   void NoteRequest(std::uint32_t now);
-  // The player's character moves, so the request has been granted. Of a refusal nobody hears: after a second without a
-  // move it counts as refused.
-  void NoteMove() { mRequestWaits = false; }
+  // Call it while the player's character moves: the request has been granted. A refusal is not announced, so a request
+  // counts as refused after a second without a move.
+  void NoteMove() { mIsRequestOpen = false; }
 
  private:
   std::uint32_t mHeld = 0;  // a bit for each move key
-  bool mRequestWaits = false;
+  bool mIsRequestOpen = false;
   std::uint32_t mRequestTick = 0;
 };
 

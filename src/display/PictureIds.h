@@ -4,16 +4,16 @@
 
 namespace tolva {
 
-// The entries of the archive "Graphics" that the screens use, by meaning. Ground and volu pictures bear ids that the
-// server sends and have no names here.
+// The entries of the archive "Graphics" that the screens use. The pictures of ground and of things have no names here:
+// the server sends their ids.
 using PictureId = std::uint32_t;
 
 constexpr PictureId kNoPicture = 0;
 
 constexpr PictureId kPictureWindowIcon = 5001;
-constexpr PictureId kPicturePointer = 5050;  // its top left corner is the point it shows
+constexpr PictureId kPicturePointer = 5050;  // its top left corner is the hot spot
 
-// Buttons with two looks: released above pressed.
+// Buttons with two looks: the released one above the pressed one.
 constexpr PictureId kPictureHistoryBack = 5300;
 constexpr PictureId kPictureHistoryForward = 5301;
 constexpr PictureId kPictureHistoryEnlarge = 5302;

@@ -20,8 +20,6 @@ void Screen::HandlePacket(Packet* packet) {
   Guard("Screen", "HandlePacket", [&] { delete packet; });
 }
 
-void Screen::SetFps(std::uint32_t fps) { mFps = fps; }
-
 void Screen::SetDarkness(std::uint8_t darkness) { mDarkness = darkness; }
 
 void Screen::SetSoundEnabled(bool enabled) { mSoundEnabled = enabled; }

@@ -15,30 +15,29 @@
 
 namespace tolva {
 
-// The base of the screens that the display shows one at a time: the root of a tree of controls that covers the whole
-// window, with a queue of packets for the controller. A screen is complete and can be drawn once it is constructed.
-// Display thread only.
+// The base of the screens, of which the display shows one at a time: the root of a tree of controls that covers the
+// window, with a queue of packets for the controller. A constructed screen can be drawn. Display thread only.
 class Screen : public ControlBasic {
  public:
   // `videoSurface` and `logger` stay the caller's and must outlive the screen.
   Screen(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback, InfoHandler* logger);
   ~Screen() override;
 
-  // Keys and pointer events of a screen that does without the routing to controls; returns what to queue for the
-  // controller, which the caller owns, or null.
+  // Handles an event in a screen without controls. Returns the packet that it makes for the controller, which the
+  // caller owns, or null.
   virtual Packet* HandleEvent(SDL_Event event);
-  // Takes the packet over and deletes it, whatever it does with it.
+  // Handles the packet, which must not be null, and deletes it.
   virtual void HandlePacket(Packet* packet);
-  // Frames of the last second.
-  virtual void SetFps(std::uint32_t fps);
-  // Places the components for the size of the video surface.
+  // Takes the number of frames in the last second, for a screen that shows it.
+  virtual void SetFps(std::uint32_t /*fps*/) {}
+  // Places the components for the present size of the video surface.
   virtual void Resize() {}
-  // 0 is full daylight.
+  // From 0, full daylight, to 255, black.
   virtual void SetDarkness(std::uint8_t darkness);
-  // Whether music is wanted.
+  // Whether the player wants music.
   virtual void SetSoundEnabled(bool enabled);
   bool IsSoundEnabled() const { return mSoundEnabled; }
-  // Each screen's own constructor and destructor call their own versions.
+  // The constructor and the destructor of each screen call that screen's versions.
   virtual void InitializeComponents() {}
   virtual void TerminateComponents() {}
 
@@ -46,7 +45,7 @@ class Screen : public ControlBasic {
   std::unique_ptr<Packet> GetNextPacket();
 
  protected:
-  // Queues the packet for the controller; deletes it when it cannot be queued.
+  // Queues the packet for the controller, or deletes it if it cannot be queued.
   void QueuePacket(std::unique_ptr<Packet> packet);
 
   // Whether the event is a press of Escape.
@@ -55,7 +54,8 @@ class Screen : public ControlBasic {
   // Covers the whole video surface.
   void FillWindow();
 
-  // Builds and places the components on black. A click on the component `picture` is a click on the screen.
+  // Builds and places the components on a black window. Clicks on the component `picture` count as clicks on the
+  // screen.
   void BuildAroundPicture(std::span<const Component> table, std::uint32_t picture);
 
   InfoHandler* const mLogger;
@@ -64,7 +64,6 @@ class Screen : public ControlBasic {
   Mailbox mOutgoing;
   std::uint8_t mDarkness = 255;
   bool mSoundEnabled = true;
-  std::uint32_t mFps = 0;
   ScreenComponents mComponents;
 };
 

@@ -86,7 +86,7 @@ void ScreenChat::Resize() {
 void ScreenChat::HandleSdlEvent(SDL_Event event) {
   GuardControl("ScreenStart", "HandleSdlEvent", [&] {
     if (mSizeRequestWaits) AskForDisplaySize();
-    // What is typed goes to the input line, whatever was clicked last.
+    // Typed text goes to the input line, whatever was clicked last.
     if (event.type == SDL_KEYDOWN) mComponents.Get<ControlTextBox>(kChatInputBox).SetActive(true);
     ControlBasic::HandleSdlEvent(event);
   });
@@ -117,7 +117,7 @@ void ScreenChat::SendChatLine() {
 
 void ScreenChat::HandleButtonEvents(const ControlEvent& event) {
   GuardControl("ScreenChat", "HandleButtonEvents", [&] {
-    // A button that went away while it was held gets its release all the same.
+    // A button that was hidden while it was held still reports its release.
     if (event.code != ControlButton::kEventReleased || !event.sender->IsVisible()) return;
     switch (event.sender->GetId()) {
       case kQuitButton:
@@ -133,7 +133,8 @@ void ScreenChat::HandleButtonEvents(const ControlEvent& event) {
 void ScreenChat::ShowOptions() {
   auto& window = mComponents.Get<ControlWindow>(kOptionsWindow);
   if (window.IsVisible()) return;
-  window.SetPosition((GetWidth() - window.GetWidth()) / 2, (GetHeight() - window.GetHeight()) / 2);
+  const Rect place = CenterIn({GetWidth(), GetHeight()}, {window.GetWidth(), window.GetHeight()});
+  window.SetPosition(place.x, place.y);
   window.SetVisible(true);
 }
 
@@ -229,10 +230,7 @@ void ScreenChat::ShowUsersInGame(const PacketUserInGame& users) {
 }
 
 void ScreenChat::SetFps(std::uint32_t fps) {
-  Guard("ScreenChat", "SetFps", [&] {
-    Screen::SetFps(fps);
-    SetText(kFrameRateValueLabel, FormattedText("%u", fps));
-  });
+  Guard("ScreenChat", "SetFps", [&] { SetText(kFrameRateValueLabel, FormattedText("%u", fps)); });
 }
 
 void ScreenChat::SetDarkness(std::uint8_t darkness) {
@@ -249,7 +247,6 @@ void ScreenChat::SetSoundEnabled(bool enabled) {
   });
 }
 
-// The pictures turn into one another over 100 steps of darkness each; beyond the last there is only black.
 void ScreenChat::UpdateIslandPicture() {
   GuardControl("ScreenChat", "UpdateIslandPicture", [&] {
     if (mIslandSurface != nullptr) PaintIsland(*mIslandSurface);
@@ -257,18 +254,21 @@ void ScreenChat::UpdateIslandPicture() {
   });
 }
 
+// Each picture fades into the next while the darkness grows by kStageDepth. Beyond the last one there is only black.
 void ScreenChat::PaintIsland(SDL_Surface& island) {
   static constexpr PictureId kStages[] = {kPictureIslandDay, kPictureIslandDusk, kPictureIslandNight};
+  constexpr int kStageDepth = 100;
+  constexpr int kMaxShown = kStageDepth * (static_cast<int>(std::size(kStages)) - 1);
   Fill(island, kBlack);
-  if (mDarkness > 200) return;
-  const int stage = mDarkness / 100;
-  const int step = mDarkness % 100;
+  if (mDarkness > kMaxShown) return;
+  const int stage = mDarkness / kStageDepth;
+  const int step = mDarkness % kStageDepth;
   if (SDL_Surface* now = mComponents.GetPicture(kStages[stage])) CopyWhole(now, &island, 0, 0);
   SDL_Surface* next = step == 0 ? nullptr : mComponents.GetPicture(kStages[stage + 1]);
   if (next == nullptr) return;
   const SurfacePtr veil = CopyForDisplay(*next);
   if (veil == nullptr) return;
-  SDL_SetAlpha(veil.get(), SDL_SRCALPHA | SDL_RLEACCEL, static_cast<std::uint8_t>(step * 255 / 100));
+  SDL_SetAlpha(veil.get(), SDL_SRCALPHA | SDL_RLEACCEL, static_cast<std::uint8_t>(step * 255 / kStageDepth));
   CopyWhole(veil.get(), &island, 0, 0);
 }
 

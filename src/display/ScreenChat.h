@@ -11,8 +11,8 @@
 
 namespace tolva {
 
-// The lobby: chat, lists of users, versions, state of the connection, an island that shows the server's darkness, and a
-// window of options. Draws straight onto the video surface: its components cover all of it.
+// The lobby: chat, lists of users, versions, state of the connection, an island as dark as the world, and a window of
+// options. Its components cover the whole window and are drawn straight onto the video surface.
 class ScreenChat final : public Screen {
  public:
   enum ComponentId : std::uint32_t {
@@ -60,7 +60,7 @@ class ScreenChat final : public Screen {
     kFullScreenToggle = 41
   };
 
-  // `chosenSize` is what the player has chosen for the next start, if anything; else the options show the present mode.
+  // The options show `chosenSize`, the player's choice for the next start, or without one the present mode.
   ScreenChat(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback, InfoHandler* logger,
              std::optional<DisplaySize> chosenSize = std::nullopt);
   ~ScreenChat() override;
@@ -85,8 +85,7 @@ class ScreenChat final : public Screen {
   void ShowOptions();
   void ToggleMusic();
   void ChooseResolution(std::uint32_t toggle);
-  // Asks the display to store the wanted size. A request that finds the event queue full is made again with the next
-  // event.
+  // Asks the display to save the wanted size. When the event queue is full the next event asks again.
   void AskForDisplaySize();
   void ShowLostConnection();
   void ShowChatLine(const PacketChatMsg& message);

@@ -10,8 +10,8 @@ using Kind = ComponentKind;
 using Around = Surroundings;
 using PlaceRule = Rect (*)(const Around&);
 
-// From top to bottom: the server's message, a strip of three parts, then chat at the left and a column of windows at
-// the right, and the input line. Each rule takes what the others leave, so that every pixel belongs to somebody.
+// From top to bottom: the server's message; a strip of three parts; the chat, with a column of windows to its right;
+// the input line. Each rule starts where its neighbor's ends, so that every pixel is covered.
 constexpr int kMessageHeight = 40;
 constexpr int kIslandWidth = 300;
 constexpr int kStripHeight = 60;
@@ -50,11 +50,7 @@ constexpr Rect PlaceGameUsers(const Around& around) {
   return {ColumnX(around), y, kColumnWidth, InputY(around) - y};
 }
 constexpr Rect PlaceChat(const Around& around) { return {0, kMainTop, ColumnX(around), InputY(around) - kMainTop}; }
-constexpr Rect PlaceOptions(const Around& around) {
-  return {(around.holder.width - 300) / 2, (around.holder.height - 210) / 2, 300, 210};
-}
-
-// Inside a window, over the lower edge of its caption bar.
+// Inside a window, covering the lower edge of its caption bar.
 constexpr Rect PlaceContent(const Around& around) { return {0, 18, around.holder.width, around.holder.height - 18}; }
 constexpr Rect PlaceInputBox(const Around& around) { return {5, 20, around.holder.width - 10, 23}; }
 
@@ -144,7 +140,7 @@ constexpr Component InputBox() {
 }
 
 constexpr Component OptionsWindow() {
-  Component row = Window(Id::kOptionsWindow, " Options", PlaceOptions, kPicturePanel);
+  Component row = Window(Id::kOptionsWindow, " Options", CenteredPlace<300, 210>, kPicturePanel);
   row.kind = Kind::FreeWindow;
   row.hidden = true;
   return row;
@@ -201,7 +197,7 @@ constexpr Component kTable[] = {
     Heading(Id::kSoundHeading, "Sound", FixedPlace<160, 30, 140, 20>),
     Toggle(Id::kMusicToggle, FixedPlace<160, 70, 16, 16>),
     Label(Id::kMusicLabel, Id::kOptionsWindow, "Play music", FixedPlace<186, 70, 114, 20>, kWhite),
-    // Nearly as wide as the window, or the text would be cut.
+    // Nearly as wide as the window, because the text is.
     Label(Id::kRestartNote, Id::kOptionsWindow, "(Change of resolution requires restart of client)",
           FixedPlace<2, 179, 296, 16>, kCream, ControlLabel::kMiddleCenter),
 };

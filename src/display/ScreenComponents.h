@@ -19,26 +19,26 @@ class ControlButton;
 class ControlTextBox;
 class ControlWindow;
 
-// Builds a screen's controls from its table, places them, finds them again by id, and owns the pictures they show. The
-// controls themselves belong to the screen's control tree.
+// Builds a screen's controls from its table, places them, finds them by id, and owns the pictures that they show. The
+// controls themselves belong to the screen.
 class ScreenComponents {
  public:
   explicit ScreenComponents(Archive& archive) : mArchive(archive) {}
 
-  // Creates the table's controls inside `screen`, which gets their reports. The table must outlive this object.
+  // Creates the table's controls in `screen`, which gets their events. The table must outlive this object.
   void Build(ControlBasic& screen, std::span<const Component> table);
-  // Places every component for the screen's present size.
+  // Places every component for the present size of the screen.
   void PlaceAll();
 
-  // The component of this id, which must be a T of the table.
+  // The component with this id, which must be in the table and a T.
   template <typename T>
   T& Get(std::uint32_t id) const {
     return dynamic_cast<T&>(*mControls.at(id));
   }
 
-  // The picture, loaded when first asked for; null when the archive cannot give it.
+  // The picture, which is loaded on the first call; null when the archive cannot give it.
   SDL_Surface* GetPicture(PictureId id);
-  // The picture's size, 0 by 0 without it.
+  // The size of the picture; 0 by 0 when the archive cannot give it.
   Size GetPictureSize(PictureId id);
   // Frees all pictures; the controls must not be drawn afterwards.
   void FreePictures() { mPictures.clear(); }

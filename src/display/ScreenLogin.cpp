@@ -12,10 +12,6 @@ namespace {
 
 constexpr int kNameLength = 16;
 
-constexpr Rect PlaceWindow(const Surroundings& around) {
-  return {around.holder.width / 2 - 125, around.holder.height / 2 - 75, 250, 150};
-}
-
 constexpr Rect PlaceStatus(const Surroundings& around) {
   return {0, around.holder.height - 40, around.holder.width, 20};
 }
@@ -35,7 +31,7 @@ constexpr Component kTable[] = {
     {.id = ScreenLogin::kLoginWindow,
      .kind = Kind::Window,
      .text = " Login",
-     .place = PlaceWindow,
+     .place = CenteredPlace<250, 150>,
      .framed = true,
      .picture = kPicturePanel},
     {.id = ScreenLogin::kNameLabel,
@@ -138,7 +134,7 @@ void ScreenLogin::ShowFailure(const char* text) {
   FocusOn(kNameBox);
 }
 
-// Centred, a text wider than the window would lose its beginning, which says the most.
+// A centered text that is too wide loses its beginning, which matters most.
 void ScreenLogin::ShowStatus(const char* text) {
   auto& label = mComponents.Get<ControlLabel>(kStatusLabel);
   label.SetText(text);

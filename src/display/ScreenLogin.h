@@ -6,8 +6,8 @@
 
 namespace tolva {
 
-// Asks for name and password and sends them as a login request; refusals and lost connections appear in a line at the
-// bottom. The display replaces it when the server lets the player into the chat.
+// Asks for name and password and sends them as a login request. Refusals and lost connections appear in a line at the
+// bottom. The display replaces this screen when the server lets the player into the lobby.
 class ScreenLogin final : public Screen {
  public:
   enum ComponentId : std::uint32_t {

@@ -1,7 +1,5 @@
 #include "display/ScreenStart.h"
 
-#include <cstdio>
-
 #include "controls/ControlLabel.h"
 #include "controls/MouseWheel.h"
 #include "display/DisplayRequests.h"
@@ -12,7 +10,7 @@
 namespace tolva {
 namespace {
 
-// The line stands in a strip that begins where the centred picture ends.
+// In a strip that begins below the centered picture.
 constexpr Rect PlaceVersionLabel(const Surroundings& around) {
   const int below = around.holder.height - (around.holder.height - around.picture.height) / 2;
   return {0, below, around.holder.width, 20};
@@ -59,8 +57,7 @@ void ScreenStart::HandleSdlEvent(SDL_Event event) {
   });
 }
 
-// Several keys can come in before the display replaces this screen; a second request would then replace the login
-// screen and what was typed there.
+// Once only: with a second request the display would replace the login screen, and what was typed there would be lost.
 void ScreenStart::AskForLogin() {
   if (!mAskedForLogin) mAskedForLogin = PushDisplayRequest(kRequestLoginScreen);
 }

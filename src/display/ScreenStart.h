@@ -4,8 +4,8 @@
 
 namespace tolva {
 
-// The first screen: the title picture and the version. Any key or mouse button leads on to the login screen, Escape
-// quits.
+// The first screen: the title picture and the version. Escape quits; every other key and every mouse button leads to
+// the login screen.
 class ScreenStart final : public Screen {
  public:
   static constexpr std::uint32_t kVersionLabel = 0;
