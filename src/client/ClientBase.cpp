@@ -93,14 +93,14 @@ void ClientBase::GiveToServer(std::unique_ptr<Packet> packet) {
 
 void ClientBase::SendRequest() {
   Guard("ClientBase", "SendRequest", [&] {
-    auto request = mRequests.TakeDue(GetTicks(), mServerMailbox.GetCount() == 0);
+    auto request = mRequests.TakeDue(GetTicks(), mServerMailbox.GetCount());
     if (request != nullptr) GiveToServer(std::move(request));
   });
 }
 
 void ClientBase::SendMusicOrder() {
   Guard("ClientBase", "SendMusicOrder", [&] {
-    if (auto order = mMusic.Take(mSoundMailbox.GetCount() == 0)) Send(&mSoundMailbox, std::move(order));
+    if (auto order = mMusic.Take(mSoundMailbox.GetCount())) Send(&mSoundMailbox, std::move(order));
   });
 }
 

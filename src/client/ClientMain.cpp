@@ -17,8 +17,8 @@ namespace tolva {
 
 namespace {
 
-// Nobody destroys these: behind the controller the socket control's thread goes on until the process ends. They are
-// kept where a leak checker finds them.
+// Never destroyed, because the socket control's thread, which the controller owns, runs until the process ends. Kept
+// here so that leak checkers find them.
 ClientBase* sController = nullptr;
 Display* sDisplay = nullptr;
 
@@ -39,13 +39,13 @@ int RunClient(InfoHandler& infoHandler, Mailbox& controllerMailbox, Mailbox& dis
   sController = new ClientBase(&controllerMailbox);
   if (!sController->HasStarted()) {
     std::fputs("Tolva could not start all of its threads. More is in log.clf in this directory.\n", stderr);
-    // Those that were started go on and need their mailboxes, as after any other failure.
+    // The threads that did start run on and need their mailboxes, as after any other failure.
     throw new Error("Main", "main", "A thread could not be started");
   }
   sDisplay = new Display(&displayMailbox);
   Announce(controllerMailbox, displayMailbox);
-  // The X library calls exit() when the X server goes away. Registered last, this runs first, and nothing is cleaned up
-  // under the threads.
+  // The X library calls exit() when it loses the X server. This handler is registered last and so runs first: nothing
+  // is cleaned up while threads still run.
   std::atexit([] { _exit(EXIT_FAILURE); });
   sDisplay->Run();
   sController->WaitThread(nullptr);
@@ -67,7 +67,7 @@ int ClientMain(int, char*[]) {
   const bool hasEnded =
       Report(errHandler, "Main", "main", [&] { result = RunClient(infoHandler, *controllerMailbox, *displayMailbox); });
   if (!hasEnded) {
-    // The threads still read and fill their mailboxes.
+    // The threads that run on still use their mailboxes.
     static Mailbox* sInUse[] = {controllerMailbox.release(), displayMailbox.release()};
     static_cast<void>(sInUse);
   }

@@ -3,6 +3,7 @@
 #include <utility>
 
 namespace tolva {
+
 void MusicOrders::Order(const PacketMusicPlay& play) {
   mIsMusicWanted = true;
   mNewest.reset(play.Clone());
@@ -17,6 +18,8 @@ void MusicOrders::EnterLobby() {
   if (mIsMusicWanted) mNewest = std::make_unique<PacketMusicPlay>(kLobbyMusic);
 }
 
-std::unique_ptr<Packet> MusicOrders::Take(bool isMailboxEmpty) { return isMailboxEmpty ? std::move(mNewest) : nullptr; }
+std::unique_ptr<Packet> MusicOrders::Take(std::uint32_t waitingCount) {
+  return waitingCount == 0 ? std::move(mNewest) : nullptr;
+}
 
 }  // namespace tolva

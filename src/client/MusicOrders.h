@@ -1,25 +1,27 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "protocol/MusicPackets.h"
 
 namespace tolva {
 
-// What the sound manager is told next. It takes one order in 100 ms, and a player can change his mind faster: only the
-// newest order waits. The lobby plays its music unless the player has turned music off. For the controller's thread.
+// The next order to the sound manager, which takes one in 100 ms. A player can press the button faster, so a new order
+// replaces one that still waits. The lobby plays its music unless the player has turned music off. For the controller's
+// thread.
 class MusicOrders {
  public:
-  // The player's own order, which also says whether he wants music from now on.
+  // Takes the player's own order, which also says whether the lobby plays music from now on.
   void Order(const PacketMusicPlay& play);
   void Order(const PacketMusicStop& stop);
-  // The player enters the lobby.
+  // Call it when the player enters the lobby.
   void EnterLobby();
   void Clear() { mNewest.reset(); }
 
-  // The order to hand over, which is then forgotten, or null. `isMailboxEmpty` says whether the sound manager has taken
-  // the one before.
-  std::unique_ptr<Packet> Take(bool isMailboxEmpty);
+  // Takes the order that waits, or null. Also null while the sound manager has not taken the last one from its mailbox,
+  // which holds `waitingCount` packets.
+  std::unique_ptr<Packet> Take(std::uint32_t waitingCount);
 
  private:
   std::unique_ptr<Packet> mNewest;

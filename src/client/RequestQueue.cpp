@@ -7,26 +7,25 @@
 namespace tolva {
 namespace {
 
-constexpr std::size_t kCapacity = 256;
+constexpr std::size_t kMaxRequests = 256;
 
-// How long nothing must have come after the pause behind a packet, and how long the next request waits for silence at
-// most.
+// For how long nothing must have come from the server, and the longest wait for that after the last request.
 constexpr std::uint32_t kSilenceMs = 15;
-constexpr std::uint32_t kPatienceMs = 250;
+constexpr std::uint32_t kMaxWaitMs = 250;
 
 }  // namespace
 
 void RequestQueue::Add(Kind kind, Make make) {
   mWaiting.push_back({kind, std::move(make)});
-  if (mWaiting.size() > kCapacity) mWaiting.pop_front();
+  if (mWaiting.size() > kMaxRequests) mWaiting.pop_front();
 }
 
 void RequestQueue::Discard(Kind kind) {
   std::erase_if(mWaiting, [&](const Request& request) { return request.kind == kind; });
 }
 
-std::unique_ptr<Packet> RequestQueue::TakeDue(std::uint32_t now, bool isMailboxEmpty) {
-  if (!isMailboxEmpty) {
+std::unique_ptr<Packet> RequestQueue::TakeDue(std::uint32_t now, std::uint32_t unsentCount) {
+  if (unsentCount > 0) {
     mBusyTick = now;
     return nullptr;
   }
@@ -42,7 +41,7 @@ std::unique_ptr<Packet> RequestQueue::TakeDue(std::uint32_t now, bool isMailboxE
 }
 
 bool RequestQueue::IsDue(std::uint32_t now) const {
-  if (now - mRequestTick >= kPatienceMs) return true;
+  if (now - mRequestTick >= kMaxWaitMs) return true;
   return now - mBusyTick >= TcpConnection::kSendPauseMs + kSilenceMs && now - mReceivedTick >= kSilenceMs;
 }
 

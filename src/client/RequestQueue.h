@@ -9,34 +9,35 @@
 
 namespace tolva {
 
-// What the controller has to ask the server, kept until nothing that the player does or waits for can get behind it.
+// The controller's own requests to the server, which wait here so that they delay nothing that the player does or waits
+// for.
 //
-// The network thread pauses for 100 ms after each packet that it sends, and reads nothing meanwhile. 49 requests that
-// it is given at once hold up the player's next step, and a quit, for five seconds; and since each is answered by two
-// packets, of which the thread then reads only one between two pauses, the answer to a step waits behind those to the
-// requests. So the next request goes when the thread has nothing to send, its last pause is over and nothing has come
-// since for a while. A world that never falls silent delays it at most a quarter of a second.
+// After each packet that the network thread sends it pauses for 100 ms and reads nothing. 49 requests sent at once
+// would hold up the player's next step, or a quit, for five seconds. And as the server answers each request with two
+// packets, of which the thread reads only one between two pauses, the answer to a step would wait behind those to the
+// requests. So the next request is due when the thread has nothing to send, its last pause is over and nothing has come
+// from the server for a while; at the latest a quarter of a second after the last request.
 //
 // For the controller's thread. Times are those of GetTicks.
 class RequestQueue {
  public:
   enum class Kind { Area, ServerVersion };
-  // Makes the request when it is due; null when there is nothing to ask any more.
+  // Makes a request when it is due. Null when there is nothing to ask any more.
   using Make = std::function<std::unique_ptr<Packet>()>;
 
-  // Behind those that wait already. Of more than 256 the oldest is dropped.
+  // Appends a request. Drops the oldest of more than 256.
   void Add(Kind kind, Make make);
   // Drops all requests of the kind.
   void Discard(Kind kind);
   void Clear() { mWaiting.clear(); }
 
-  // The server instance has been given a packet.
+  // Call it when the server instance gets a packet to send.
   void NoteSent(std::uint32_t now) { mBusyTick = now; }
-  // Something has come from the server, or waits to be read.
+  // Call it when something has come from the server, or waits to be read.
   void NoteReceived(std::uint32_t now) { mReceivedTick = now; }
-  // The next request, if it is due, else null. To be asked in each pass, with whether the server instance's mailbox is
-  // empty.
-  std::unique_ptr<Packet> TakeDue(std::uint32_t now, bool isMailboxEmpty);
+  // Takes the next request if it is due, else null. Call it in each pass, with the number of packets in the server
+  // instance's mailbox.
+  std::unique_ptr<Packet> TakeDue(std::uint32_t now, std::uint32_t unsentCount);
 
  private:
   struct Request {
@@ -47,7 +48,7 @@ class RequestQueue {
   bool IsDue(std::uint32_t now) const;
 
   std::deque<Request> mWaiting;
-  std::uint32_t mBusyTick = 0;  // when there was something in the server instance's mailbox last
+  std::uint32_t mBusyTick = 0;  // when the server instance last had something to send
   std::uint32_t mReceivedTick = 0;
   std::uint32_t mRequestTick = 0;
 };

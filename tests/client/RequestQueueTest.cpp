@@ -7,26 +7,26 @@
 #include "client/RequestQueue.h"
 #include "protocol/InternPackets.h"
 
-namespace tolva {
+namespace tolva::test {
 namespace {
 
 using Kind = RequestQueue::Kind;
 
 struct RequestQueueTest : testing::Test {
+  using Numbers = std::vector<std::uint32_t>;
+
   void Add(std::uint32_t number, Kind kind = Kind::Area) {
     queue.Add(kind, [number] { return std::make_unique<PacketInternPing>(number); });
   }
   // The numbers of the requests that are due in the milliseconds up to `end`.
-  std::vector<std::uint32_t> Due(std::uint32_t end, bool isMailboxEmpty = true) {
-    std::vector<std::uint32_t> numbers;
+  Numbers Due(std::uint32_t end, std::uint32_t unsentCount = 0) {
+    Numbers numbers;
     for (; now < end; ++now) {
-      const auto request = queue.TakeDue(now, isMailboxEmpty);
+      const auto request = queue.TakeDue(now, unsentCount);
       if (const auto* ping = PacketCast<PacketInternPing>(request.get())) numbers.push_back(ping->mUintTick);
     }
     return numbers;
   }
-  using Numbers = std::vector<std::uint32_t>;
-
   RequestQueue queue;
   std::uint32_t now = 10'000;
 };
@@ -35,19 +35,19 @@ TEST_F(RequestQueueTest, WaitsForTheEndOfThePauseAndForSilence) {
   for (std::uint32_t number = 1; number < 9; ++number) Add(number);
   EXPECT_EQ(Due(10'001), Numbers{1});
   queue.NoteSent(10'000);
-  EXPECT_EQ(Due(10'115), Numbers{}) << "the thread pauses and reads nothing";
+  EXPECT_EQ(Due(10'115), Numbers{}) << "the network thread pauses and reads nothing";
   EXPECT_EQ(Due(10'116), Numbers{2});
-  EXPECT_EQ(Due(10'200, false), Numbers{}) << "something waits to be sent; taken at 10,199";
+  EXPECT_EQ(Due(10'200, 1), Numbers{}) << "something waits to be sent; taken at 10,199";
   queue.NoteReceived(10'310);
   EXPECT_EQ(Due(10'325), Numbers{});
   EXPECT_EQ(Due(10'326), Numbers{3});
   for (; now < 10'575; ++now) {
     queue.NoteReceived(now);
     queue.NoteSent(now);
-    EXPECT_EQ(queue.TakeDue(now, true), nullptr);
+    EXPECT_EQ(queue.TakeDue(now, 0), nullptr);
   }
-  EXPECT_EQ(Due(10'576), Numbers{4}) << "a quarter of a second after the last one it goes all the same";
-  EXPECT_EQ(Due(11'000, false), Numbers{}) << "but never two at once";
+  EXPECT_EQ(Due(10'576), Numbers{4}) << "silence or not, a quarter of a second after the last one";
+  EXPECT_EQ(Due(11'000, 1), Numbers{}) << "but never two at once";
 }
 
 TEST_F(RequestQueueTest, KeepsTheNewest256InTheirOrderUntilTheyAreDropped) {
@@ -63,17 +63,17 @@ TEST_F(RequestQueueTest, KeepsTheNewest256InTheirOrderUntilTheyAreDropped) {
   queue.Discard(Kind::Area);
   queue.Add(Kind::Area, [] { return nullptr; });
   Add(4);
-  EXPECT_EQ(Due(200'600), (Numbers{2, 4})) << "nothing left to ask does not cost a turn";
+  EXPECT_EQ(Due(200'600), (Numbers{2, 4})) << "a request that came to nothing costs no time";
   Add(5);
   queue.Clear();
   EXPECT_EQ(Due(201'000), Numbers{});
 }
 
-TEST(MusicOrdersTest, TheNewestOrderWaitsAndTheLobbyHeedsThePlayersOwn) {
+TEST(MusicOrdersTest, TheNewestOrderWaitsAndTheLobbyObeysThePlayer) {
   constexpr PacketCode kPlay = PacketMusicPlay::kCode, kStop = PacketMusicStop::kCode;
   MusicOrders orders;
-  const auto taken = [&](bool isMailboxEmpty = true) {
-    const auto packet = orders.Take(isMailboxEmpty);
+  const auto taken = [&](std::uint32_t waitingCount = 0) {
+    const auto packet = orders.Take(waitingCount);
     return packet == nullptr ? 0 : packet->mEnmCode;
   };
   orders.EnterLobby();
@@ -81,7 +81,7 @@ TEST(MusicOrdersTest, TheNewestOrderWaitsAndTheLobbyHeedsThePlayersOwn) {
   EXPECT_EQ(taken(), 0u);
   orders.Order(PacketMusicPlay(1));
   orders.Order(PacketMusicStop());
-  EXPECT_EQ(taken(false), 0u);
+  EXPECT_EQ(taken(1), 0u);
   EXPECT_EQ(taken(), kStop);
   orders.EnterLobby();
   EXPECT_EQ(taken(), 0u) << "the player has turned it off";
@@ -93,4 +93,4 @@ TEST(MusicOrdersTest, TheNewestOrderWaitsAndTheLobbyHeedsThePlayersOwn) {
 }
 
 }  // namespace
-}  // namespace tolva
+}  // namespace tolva::test
