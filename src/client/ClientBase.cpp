@@ -177,8 +177,7 @@ void ClientBase::PassOn(std::unique_ptr<Packet> packet, Target target) {
 void ClientBase::StampVersion(PacketLoginRequest& request) { static_cast<VersionNumbers&>(request) = kVersion; }
 
 void ClientBase::AskForServerVersion(const PacketServerInfo& question) {
-  const std::shared_ptr<const Packet> kept(question.Clone());
-  mRequests.Add(RequestQueue::Kind::ServerVersion, [kept] { return std::unique_ptr<Packet>(kept->Clone()); });
+  mRequests.Add(RequestQueue::Kind::ServerVersion, [question] { return std::make_unique<PacketServerInfo>(question); });
 }
 
 // Nobody will answer what is still to be asked.

@@ -1,138 +1,88 @@
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
-#include <vector>
 
-#include <gtest/gtest.h>
-
-#include "client/ClientBase.h"
-#include "foundation/ByteOrder.h"
-#include "foundation/Ticks.h"
-#include "protocol/PacketList.h"
-#include "support/Correspondent.h"
-#include "support/LoopbackPeer.h"
-#include "support/Records.h"
-#include "support/TempDir.h"
-#include "support/TestArchive.h"
+#include "client/ControllerFixture.h"
 
 namespace tolva::test {
 namespace {
 
 constexpr PacketCode kPing = PacketInternPing::kCode;
 constexpr PacketCode kQuit = PacketQuit::kCode;
-constexpr PacketCode kRepository = PacketInternRepository::kCode;
 
-// The codes of all packet classes but those left out.
 template <typename... Packets>
-Codes CodesWithout(const Codes& leftOut, TypeList<Packets...>) {
-  Codes codes = {Packets::kCode...};
+Codes CodesOfAll(TypeList<Packets...>) {
+  return CodesOf<Packets...>();
+}
+Codes AllCodesBut(const Codes& leftOut) {
+  Codes codes = CodesOfAll(AllPackets{});
   std::erase_if(codes, [&](PacketCode code) { return std::ranges::count(leftOut, code) > 0; });
   return codes;
 }
 
 bool LogHas(const std::string& text) { return ReadFile("log.clf").find(text) != std::string::npos; }
 
-// The controller between a server at the other end of a socket and a display of which there is only the mailbox.
-class ClientBaseTest : public ::testing::Test {
+class ClientBaseTest : public ControllerFixture {
  protected:
-  ClientBaseTest() {
-    WriteFile("client.ini", "[NETWORK]\nHost=127.0.0.1\nPort=" + std::to_string(mServer.GetPort()) + "\n");
-    WriteArchive("Sounds", 1, ReadFile(TOLVA_TEST_MUSIC));
-    mClient = std::make_unique<ClientBase>(mDisplay.GetTheirs());
-  }
-  ~ClientBaseTest() override { Quit(); }
-
-  void Announce() {
-    mDisplay.GiveAsStranger(PacketInternCentralMailbox(mDisplay.GetOwn()));
-    EXPECT_EQ(mDisplay.Next(1), Codes{kRepository});
-  }
-  void Connect() {
-    Announce();
-    mDisplay.Give(PacketLoginRequest());
-    EXPECT_TRUE(mServer.Accept());
-    EXPECT_EQ(ServerGets(1), Codes{PacketLoginRequest::kCode});
-  }
-  void FromServer(const Packet& packet) { EXPECT_TRUE(mServer.Send(Record(packet))); }
-  // The codes of the next so many records at the server, without those to skip: pings come when they are due.
+  // The codes of the next records at the server. Skips pings, which come whenever they are due.
   Codes ServerGets(std::size_t count, PacketCode skipped = kPing) {
     Codes codes;
-    while (codes.size() < count) {
-      mRecord = mServer.Receive(kHeaderSize);
-      if (mRecord.size() < kHeaderSize) break;
-      const auto* header = reinterpret_cast<const std::uint8_t*>(mRecord.data());
-      const PacketCode code = LoadBig32(header + 4);
-      mRecord += mServer.Receive(LoadBig32(header + 8) - kHeaderSize);
-      if (code != skipped) codes.push_back(code);
+    while (codes.size() < count && ReceiveRecord()) {
+      if (GetRecordCode() != skipped) codes.push_back(GetRecordCode());
     }
     return codes;
   }
   static bool PlaysTheTune() {
     return WaitUntil([] { return ReadFile("Sound.tmp") == ReadFile(TOLVA_TEST_MUSIC); });
   }
-  void Quit() {
-    mDisplay.Give(PacketQuit());
-    mClient->WaitThread(nullptr);
-  }
-  void ExpectOrderlyEnd() {
-    EXPECT_EQ(mDisplay.Next(1), Codes{kQuit});
-    const std::string log = ReadFile("log.clf");
-    const auto sound = log.find("004 ClientBase            Thread SoundManager returned\n");
-    EXPECT_LT(log.find("004 ClientBase            Thread ServerInstance returned\n"), sound);
-    EXPECT_NE(sound, std::string::npos);
-  }
-
-  const TempDir mDir;
-  LoopbackPeer mServer;
-  Correspondent mDisplay;
-  std::unique_ptr<ClientBase> mClient;
-  std::string mRecord;  // the last one at the server
 };
 
 TEST_F(ClientBaseTest, ServerGetsWhatTheDisplayAsksAndNothingElse) {
   Connect();
   PacketLoginRequest stamped;
-  stamped.mUintVersionMinor = 6;
-  stamped.mUintVersionBugfix = 23;
+  static_cast<VersionNumbers&>(stamped) = {0, 6, 23};
   EXPECT_EQ(mRecord, Record(stamped));
 
-  for (const PacketCode code : CodesWithout({}, AllPackets{})) {
+  for (const PacketCode code : AllCodesBut({})) {
     Packet claim;
     claim.mEnmCode = code;
     mDisplay.Give(claim);
   }
-  for (const PacketCode code : CodesWithout({kQuit, PacketLoginRequest::kCode}, AllPackets{})) {
-    mDisplay.Give(CreatePacket(code));
-  }
+  for (const PacketCode code : AllCodesBut({kQuit, PacketLoginRequest::kCode})) mDisplay.Give(CreatePacket(code));
   mDisplay.Give(PacketChatMsg());
-  EXPECT_EQ(ServerGets(6), (Codes{400, 402, 800, 850, 400, 600})) << "the question for the version can wait";
-  mDisplay.Give(PacketMusicPlay(1));
+  EXPECT_EQ(ServerGets(6), (CodesOf<PacketChatMsg, PacketEnterChatRequest, PacketEnterGameRequest, PacketMoveRequest,
+                                    PacketChatMsg, PacketServerInfo>()))
+      << "the question for the version can wait";
+  mDisplay.Give(PacketMusicPlay(kLobbyMusic));
   EXPECT_TRUE(PlaysTheTune());
 }
 
 TEST_F(ClientBaseTest, DisplayGetsWhatItCanUseFromTheServer) {
   Connect();
-  for (const PacketCode code : CodesWithout({}, AllPackets{})) mServer.Send(FalseClaim(code));
+  for (const PacketCode code : AllCodesBut({})) mServer.Send(FalseClaim(code));
   // A placement sets off requests to the server; the world's tests look at it.
-  const Codes left = {kQuit, PacketCharPosition::kCode};
-  for (const PacketCode code : CodesWithout(left, AllPackets{})) FromServer(*CreatePacket(code));
+  for (const PacketCode code : AllCodesBut({kQuit, PacketCharPosition::kCode})) FromServer(*CreatePacket(code));
   FromServer(PacketQuit());
   EXPECT_EQ(mDisplay.Next(18),
-            (Codes{5, 9, 202, 400, 401, 403, 406, 600, 700, 701, 800, 801, 820, 851, 871, 872, 900, kQuit}));
+            (CodesOf<PacketInternConnectionLost, PacketInternPong, PacketLoginDeny, PacketChatMsg, PacketChatUsers,
+                     PacketEnterChatAccept, PacketUserInGame, PacketServerInfo, PacketAreaGround, PacketAreaVolu,
+                     PacketEnterGameRequest, PacketEnterGameAccept, PacketGameChatMsg, PacketMove, PacketAddChar,
+                     PacketRemoveChar, PacketDarkness, PacketQuit>()));
 }
 
 TEST_F(ClientBaseTest, LobbyAndWorldChangeTheStateAndTheLobbyPlaysItsMusic) {
   Connect();
   FromServer(PacketEnterChatAccept());
-  EXPECT_EQ(mDisplay.Next(1), Codes{PacketEnterChatAccept::kCode});
+  EXPECT_EQ(mDisplay.Next(1), CodesOf<PacketEnterChatAccept>());
   EXPECT_TRUE(LogHas("004 ClientBase            Changed state to eClientStateInChat\n"));
   EXPECT_TRUE(PlaysTheTune());
   FromServer(PacketEnterGameAccept());
-  EXPECT_EQ(mDisplay.Next(1), Codes{PacketEnterGameAccept::kCode});
+  EXPECT_EQ(mDisplay.Next(1), CodesOf<PacketEnterGameAccept>());
   EXPECT_TRUE(LogHas("Changed state to eClientStateInGame\n"));
 }
 
 TEST_F(ClientBaseTest, OnlyAnAnnouncedDisplayIsObeyed) {
-  mDisplay.GiveAsStranger(PacketQuit());                         // from nobody, as the announcement will be
+  mDisplay.GiveAsStranger(PacketQuit());                         // has no source, as the announcement will have none
   mDisplay.GiveAsStranger(PacketInternCentralMailbox(nullptr));  // announces nobody
   mDisplay.GiveAsStranger(PacketQuit());
   mDisplay.Give(PacketQuit());
@@ -160,39 +110,42 @@ TEST_F(ClientBaseTest, PingsWhenMoreThan2500MillisecondsHavePassed) {
   Connect();
   sNow = GetTicks() + 10'000;
   SetTickSource([] { return sNow.load(); });
-  EXPECT_EQ(ServerGets(1, kQuit), Codes{kPing}) << "the clock was set on";
+  EXPECT_EQ(ServerGets(1, kQuit), Codes{kPing}) << "the clock was set forward";
   sNow += 2500;
   for (int i = 0; i < 2; ++i) {
     mDisplay.Give(PacketChatMsg());
-    EXPECT_EQ(ServerGets(1, kQuit), Codes{PacketChatMsg::kCode}) << "not yet";
+    EXPECT_EQ(ServerGets(1, kQuit), CodesOf<PacketChatMsg>()) << "not yet";
   }
   ++sNow;
   EXPECT_EQ(ServerGets(1, kQuit), Codes{kPing});
-  SetTickSource(nullptr);
 }
 
-TEST_F(ClientBaseTest, QuitOfTheServerEndsTheThreadsInOrder) {
+TEST_F(ClientBaseTest, QuitOfTheServerSendsWhatWasSaidAndEndsTheMusic) {
   Connect();
   FromServer(PacketEnterChatAccept());
   EXPECT_TRUE(PlaysTheTune());
-  EXPECT_EQ(mDisplay.Next(1), Codes{PacketEnterChatAccept::kCode});
+  EXPECT_EQ(mDisplay.Next(1), CodesOf<PacketEnterChatAccept>());
   for (int i = 0; i < 3; ++i) mDisplay.Give(PacketChatMsg());
   const Uint32 start = GetTicks();
   FromServer(PacketQuit());
   EXPECT_EQ(mDisplay.Next(1), Codes{kQuit});
-  EXPECT_GE(GetTicks() - start, 200u) << "what was said before is sent, with its pauses";
-  EXPECT_FALSE(std::filesystem::exists("Sound.tmp")) << "the music has ended";
+  EXPECT_GE(GetTicks() - start, 200u) << "the lines are sent with their pauses";
+  EXPECT_FALSE(std::filesystem::exists("Sound.tmp"));
   mClient->WaitThread(nullptr);
   const std::string log = ReadFile("log.clf");
   const auto left = log.find("Changed state to eClientStateInChat");
   EXPECT_NE(log.find("Changed state to eClientStateNotConnected", left), std::string::npos);
 }
 
-TEST_F(ClientBaseTest, QuitOfTheDisplayDoesNotWaitForAServerThatNeverAnswers) {
+TEST_F(ClientBaseTest, QuitOfTheDisplayEndsTheThreadsInOrderAlsoWithAServerThatNeverAnswers) {
   Announce();
   mDisplay.Give(PacketLoginRequest());
   Quit();
-  ExpectOrderlyEnd();
+  EXPECT_EQ(mDisplay.Next(1), Codes{kQuit});
+  const std::string log = ReadFile("log.clf");
+  const auto sound = log.find("004 ClientBase            Thread SoundManager returned\n");
+  EXPECT_LT(log.find("004 ClientBase            Thread ServerInstance returned\n"), sound);
+  EXPECT_NE(sound, std::string::npos);
 }
 
 }  // namespace
