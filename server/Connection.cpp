@@ -48,11 +48,11 @@ void Connection::CheckDeadline(TimePoint now) {
 }
 
 void Connection::Read() {
-  const auto room = mCutter.Room();
+  const auto room = mDecoder.Room();
   mSocket.async_read_some(asio::buffer(room.data(), room.size()),
                           [self = shared_from_this()](asio::error_code error, std::size_t count) {
                             if (error) return self->Close(error == asio::error::eof ? "hung up" : error.message());
-                            self->mCutter.Commit(count);
+                            self->mDecoder.Commit(count);
                             self->DeliverPackets();
                             if (self->mState != State::Closed) self->Read();
                           });
@@ -60,15 +60,15 @@ void Connection::Read() {
 
 void Connection::DeliverPackets() {
   while (mState == State::Open) {
-    const RecordCutter::Result result = mCutter.Next();
-    if (result.outcome == RecordCutter::Outcome::Incomplete) return;
-    if (result.outcome == RecordCutter::Outcome::Broken) return Close("dropped: sent what is no record");
+    const RecordDecoder::Result result = mDecoder.Next();
+    if (result.outcome == RecordDecoder::Outcome::Incomplete) return;
+    if (result.outcome == RecordDecoder::Outcome::Broken) return Close("dropped: sent what is no record");
     Dispatch(*result.packet, [this](const PacketInternPing& ping) { Send(PacketInternPong(ping.mUintTick)); });
     mListener.OnPacket(*this, *result.packet);
   }
   // A client that is being closed may go on sending. The system would reset a connection closed with unread data, and
   // the farewell would be lost, so it is read and discarded.
-  mCutter.Clear();
+  mDecoder.Clear();
 }
 
 void Connection::Write() {

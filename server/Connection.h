@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "protocol/RecordCutter.h"
+#include "protocol/RecordDecoder.h"
 #include "server/ClientLink.h"
 #include "server/common/ServerTime.h"
 
@@ -25,7 +25,7 @@ class ConnectionListener {
   virtual void OnClosed(Connection& connection, const std::string& why) = 0;
 };
 
-// A client's socket: cuts what arrives into packets, queues what is to be sent, answers pings. Lives as long as an
+// A client's socket: decodes what arrives into packets, queues what is to be sent, answers pings. Lives as long as an
 // operation on its socket is in flight; used on the event loop's thread.
 class Connection final : public ClientLink, public std::enable_shared_from_this<Connection> {
  public:
@@ -63,7 +63,7 @@ class Connection final : public ClientLink, public std::enable_shared_from_this<
   ConnectionListener& mListener;
   State mState = State::Open;
   TimePoint mDeadline = TimePoint::max();
-  RecordCutter mCutter;
+  RecordDecoder mDecoder;
   PacketConverter mConverter;
   std::vector<std::uint8_t> mQueued;
   std::vector<std::uint8_t> mInFlight;

@@ -124,15 +124,15 @@ void SocketControl::RemoveSocket() {
   if (!IsActive()) return;
   SDLNet_TCP_DelSocket(mSocketSet.get(), mSocket.get());
   mSocket.reset();
-  mCutter.Clear();
-  mMoreToCut = false;
+  mDecoder.Clear();
+  mMoreToDecode = false;
   mSendFailed = false;
 }
 
 void SocketControl::CheckSocket() {
   Guard("SocketControl", "CheckSocket", [&] {
     if (!IsActive() || IsCentralMailboxFull()) return;
-    if (!mMoreToCut) {
+    if (!mMoreToDecode) {
       const int ready = SDLNet_CheckSockets(mSocketSet.get(), 0);
       if (ready < 0 || (ready == 0 && mSendFailed)) return ReportLoss();
       if (ready == 0) return;
@@ -172,22 +172,22 @@ void SocketControl::HandleSocketAsClient() {
 
 int SocketControl::Recieve(PacketBatch& packets) {
   return Guard("SocketControl", "Recieve", [&] {
-    if (!mMoreToCut) {
-      const auto room = mCutter.Room();
+    if (!mMoreToDecode) {
+      const auto room = mDecoder.Room();
       const int count = SDLNet_TCP_Recv(mSocket.get(), room.data(), static_cast<int>(room.size()));
       if (count <= 0) return -1;
-      mCutter.Commit(static_cast<std::size_t>(count));
+      mDecoder.Commit(static_cast<std::size_t>(count));
     }
-    mMoreToCut = true;
+    mMoreToDecode = true;
     int stored = 0;
     while (stored < kMaxBatch) {
-      auto [outcome, packet] = mCutter.Next();
-      if (outcome == RecordCutter::Outcome::Incomplete) {
-        mMoreToCut = false;
+      auto [outcome, packet] = mDecoder.Next();
+      if (outcome == RecordDecoder::Outcome::Incomplete) {
+        mMoreToDecode = false;
         return stored;
       }
       // After good records, deliver these first: the next call finds the break again.
-      if (outcome == RecordCutter::Outcome::Broken) return stored > 0 ? stored : -1;
+      if (outcome == RecordDecoder::Outcome::Broken) return stored > 0 ? stored : -1;
       packets[stored++] = std::move(packet);
     }
     return stored;

@@ -8,7 +8,7 @@
 
 #include "protocol/InternPackets.h"
 #include "protocol/PacketConverter.h"
-#include "protocol/RecordCutter.h"
+#include "protocol/RecordDecoder.h"
 #include "threads/ManagerThread.h"
 
 namespace tolva {
@@ -68,7 +68,7 @@ class SocketControl final : public ManagerThread {
   // Whether all bytes of the record were sent.
   bool Send(const Packet& packet);
   // Stores packets from the start of `packets`, in the order of the stream, and returns their number; -1 when the
-  // stream has ended or is broken. Reads the socket only when the cutter has no whole record left.
+  // stream has ended or is broken. Reads the socket only when the decoder has no whole record left.
   int Recieve(PacketBatch& packets);
 
   bool IsCentralMailboxFull() const;
@@ -81,10 +81,10 @@ class SocketControl final : public ManagerThread {
   IPaddress mPeerAddress = {};
   Socket mSocket;
   Role mRole = Role::Client;
-  bool mMoreToCut = false;   // the cutter may hold more whole records than the last batch could take
-  bool mSendFailed = false;  // the peer is gone; the loss is reported when everything it sent has been delivered
+  bool mMoreToDecode = false;  // the decoder may hold more whole records than the last batch could take
+  bool mSendFailed = false;    // the peer is gone; the loss is reported when everything it sent has been delivered
   PacketConverter mConverter;
-  RecordCutter mCutter;
+  RecordDecoder mDecoder;
   std::array<std::uint8_t, kRecordBufferSize> mSendBuffer = {};
 };
 

@@ -4,18 +4,18 @@
 #include <cstdlib>
 
 #include "protocol/PacketPrinter.h"
-#include "protocol/RecordCutter.h"
+#include "protocol/RecordDecoder.h"
 #include "support/Records.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tolva;
   static PacketPrinter printer;
-  RecordCutter cutter;
-  const auto room = cutter.Room();
+  RecordDecoder decoder;
+  const auto room = decoder.Room();
   const std::size_t taken = std::min(size, room.size());
   std::copy_n(data, taken, room.begin());
-  cutter.Commit(taken);
-  for (auto result = cutter.Next(); result.outcome == RecordCutter::Outcome::Cut; result = cutter.Next()) {
+  decoder.Commit(taken);
+  for (auto result = decoder.Next(); result.outcome == RecordDecoder::Outcome::Decoded; result = decoder.Next()) {
     printer.Print(*result.packet);
     const std::unique_ptr<Packet> clone(result.packet->Clone());
     if (!IsGenuine(*clone)) continue;

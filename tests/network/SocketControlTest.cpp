@@ -193,7 +193,7 @@ TEST(SocketControl, AsAServerListensAndHandsItsCallersOn) {
   }
 }
 
-// Sending to a peer that has gone fails while its last records still wait to be cut, and must not raise SIGPIPE.
+// Sending to a peer that has gone fails while its last records still wait to be decoded, and must not raise SIGPIPE.
 TEST(SocketControl, ReadsNoMoreOfAFloodThanItsOwnerTakesAndDeliversAllOfItBeforeTheLoss) {
   constexpr std::uint32_t kCount = 2000;
   LoopbackPeer peer;

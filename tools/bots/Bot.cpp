@@ -71,15 +71,15 @@ void Bot::Stop() {
 }
 
 void Bot::Read() {
-  const auto room = mCutter.Room();
+  const auto room = mDecoder.Room();
   mSocket.async_read_some(asio::buffer(room.data(), room.size()), [this](asio::error_code error, std::size_t count) {
     if (error) return Lose(error.message());
-    mCutter.Commit(count);
+    mDecoder.Commit(count);
     const TimePoint now = Clock::now();
     for (;;) {
-      const RecordCutter::Result result = mCutter.Next();
-      if (result.outcome == RecordCutter::Outcome::Broken) return Lose("was sent what is no record");
-      if (result.outcome == RecordCutter::Outcome::Incomplete) break;
+      const RecordDecoder::Result result = mDecoder.Next();
+      if (result.outcome == RecordDecoder::Outcome::Broken) return Lose("was sent what is no record");
+      if (result.outcome == RecordDecoder::Outcome::Incomplete) break;
       Take(*result.packet, now);
     }
     if (mLoss.empty()) Read();

@@ -8,7 +8,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "protocol/RecordCutter.h"
+#include "protocol/RecordDecoder.h"
 #include "tools/bots/MoveBook.h"
 
 namespace tolva {
@@ -53,7 +53,7 @@ class Bot {
   const std::string mName;
   MoveBook& mBook;
   std::minstd_rand mRandom;
-  RecordCutter mCutter;
+  RecordDecoder mDecoder;
   std::deque<std::unique_ptr<Packet>> mQueued;
   bool mIsConnected = false;
   bool mIsInWorld = false;

@@ -13,16 +13,16 @@ namespace tolva {
 // Collects the bytes of a stream and decodes them into packets. Distinguishes a record of which more bytes may come
 // from bytes that can never become one, so that a hostile or broken stream ends the connection instead of stalling it.
 // Holds one buffer, whatever the peer sends.
-class RecordCutter {
+class RecordDecoder {
  public:
   enum class Outcome {
-    Cut,         // here is a packet
+    Decoded,     // here is a packet
     Incomplete,  // more bytes are needed
     Broken       // the stream cannot go on: wrong magic, impossible length or damaged record
   };
   struct Result {
     Outcome outcome;
-    std::unique_ptr<Packet> packet;  // set only with Cut
+    std::unique_ptr<Packet> packet;  // set only with Decoded
   };
 
   // Where to put the next bytes received; Commit then says how many they are. Never empty after Next returned

@@ -1,4 +1,4 @@
-#include "protocol/RecordCutter.h"
+#include "protocol/RecordDecoder.h"
 
 #include <algorithm>
 #include <cstring>
@@ -8,7 +8,7 @@
 
 namespace tolva {
 
-std::span<std::uint8_t> RecordCutter::Room() {
+std::span<std::uint8_t> RecordDecoder::Room() {
   if (mBegin > 0) {
     std::memmove(mBytes.data(), mBytes.data() + mBegin, GetHeldCount());
     mEnd -= mBegin;
@@ -17,9 +17,9 @@ std::span<std::uint8_t> RecordCutter::Room() {
   return std::span(mBytes).subspan(mEnd);
 }
 
-void RecordCutter::Commit(std::size_t count) { mEnd += std::min(count, mBytes.size() - mEnd); }
+void RecordDecoder::Commit(std::size_t count) { mEnd += std::min(count, mBytes.size() - mEnd); }
 
-RecordCutter::Result RecordCutter::Next() {
+RecordDecoder::Result RecordDecoder::Next() {
   if (!CanBecomeRecord()) return {Outcome::Broken, nullptr};
   const std::uint8_t* bytes = mBytes.data() + mBegin;
   const auto held = static_cast<std::uint32_t>(GetHeldCount());
@@ -29,10 +29,10 @@ RecordCutter::Result RecordCutter::Next() {
   std::unique_ptr<Packet> packet = mConverter.ReadBuffer(bytes, held, consumed);
   if (consumed == 0) return {Outcome::Broken, nullptr};
   mBegin += consumed;
-  return {Outcome::Cut, std::move(packet)};
+  return {Outcome::Decoded, std::move(packet)};
 }
 
-bool RecordCutter::CanBecomeRecord() const {
+bool RecordDecoder::CanBecomeRecord() const {
   std::uint8_t magic[4];
   StoreBig32(magic, kProtocolMagic);
   const std::uint8_t* bytes = mBytes.data() + mBegin;
