@@ -4,8 +4,8 @@
 
 namespace tolva {
 
-// Writes records to the log file `log.clf` in the working directory. Every thread object owns one; all append to the
-// same file. The first one that a process constructs empties the file, so it holds the last run only.
+// Writes records to `log.clf` in the working directory. Each thread object has its own writer, and all of them append
+// to that one file. The first one that a process constructs empties the file, so it holds the last run only.
 class InfoHandler {
  public:
   InfoHandler();

@@ -9,7 +9,7 @@ namespace tolva {
 
 class Archive;
 
-// The pictures that the game view draws, by graphic id. Loads a picture when it is first requested and keeps it until
+// A store of the game view's pictures, by graphic id. Loads a picture when it is first requested and keeps it until
 // the store is emptied. Pictures are already darkened to the world's darkness, so it costs nothing per frame. Needs a
 // video mode. Display thread only.
 class GameGraphics {

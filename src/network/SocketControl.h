@@ -17,10 +17,10 @@ namespace tolva {
 // be many, because one read can deliver hundreds and nothing that the player does waits behind them.
 constexpr std::uint32_t kSocketHighWater = 512;
 
-// The thread that owns one TCP socket. Its mailbox brings commands and packets to send. Received packets and failures
-// go to its central mailbox, that of the first sender, who is its owner. As a client it connects, or adopts an accepted
-// socket; as a server it listens and reports accepted sockets. Other threads use only the two mailboxes, so calls that
-// block (resolving, connecting, sending) block nobody else.
+// Runs one TCP socket on a thread of its own. Its mailbox brings commands and packets to send. Received packets and
+// failures go to its central mailbox, that of the first sender, who is its owner. As a client it connects, or adopts an
+// accepted socket; as a server it listens and reports accepted sockets. Other threads use only the two mailboxes, so
+// calls that block (resolving, connecting, sending) block nobody else.
 //
 // A failed connect or listen and a lost connection are reported as PacketInternConnectionLost. The socket control is
 // then idle and drops packets to send until its owner tells it to connect again.

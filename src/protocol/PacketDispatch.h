@@ -9,14 +9,14 @@
 
 namespace tolva {
 
-// A handler of several packet classes that it does not tell apart.
+// A handler that treats packets of several classes alike.
 template <typename Body, typename... Packets>
 struct AnyOfHandler {
   using Classes = TypeList<Packets...>;
   Body body;
 };
 
-// Makes one: `body` takes a packet of any of the classes as a Packet.
+// Makes such a handler. `body` takes a packet of any of these classes as a Packet.
 template <typename... Packets, typename Body>
 AnyOfHandler<Body, Packets...> ForAnyOf(Body body) {
   return {std::move(body)};

@@ -10,9 +10,9 @@
 
 namespace tolva {
 
-// Collects the bytes of a stream and decodes them into packets. Distinguishes a record of which more bytes may come
-// from bytes that can never become one, so that a hostile or broken stream ends the connection instead of stalling it.
-// Holds one buffer, whatever the peer sends.
+// Collects the bytes of a stream and decodes them into packets. Distinguishes an incomplete record from bytes that can
+// never become one, so that a hostile or broken stream ends the connection instead of stalling it. Uses one buffer of a
+// fixed size, whatever the peer sends.
 class RecordDecoder {
  public:
   enum class Outcome {

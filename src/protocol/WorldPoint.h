@@ -25,7 +25,7 @@ struct WorldPoint {
   friend constexpr auto operator<=>(const WorldPoint&, const WorldPoint&) = default;
 };
 
-// Brings a coordinate, at most one world's edge out of range, back into it: behind the last field comes the first.
+// Wraps a coordinate that is out of range by at most one edge of the world: after the last field comes the first.
 constexpr std::int64_t WrapCoordinate(std::int64_t coordinate) {
   if (coordinate < 0) return coordinate + kWorldEdge;
   return coordinate < kWorldEdge ? coordinate : coordinate - kWorldEdge;
@@ -42,7 +42,7 @@ constexpr WorldPoint Next(WorldPoint point, Direction direction) {
   return Moved(point, step.x, step.y);
 }
 
-// The area's field (0, 0). Area numbers out of range, as the wire can bring them, give a point out of range.
+// The area's field (0, 0). Area numbers from the wire can be out of range, and the point then is, too.
 constexpr WorldPoint FirstFieldOf(const AreaPosition& area) {
   return {std::int64_t{area.mUintRx} * kRegionFields + area.mByAx * kAreaEdge,
           std::int64_t{area.mUintRy} * kRegionFields + area.mByAy * kAreaEdge};

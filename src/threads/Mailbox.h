@@ -14,7 +14,8 @@ namespace tolva {
 // few others.
 constexpr std::uint32_t kMailboxHighWater = 64;
 
-// A first-in, first-out queue of packets, which it owns. Any thread may put packets in; one thread takes them out.
+// Queues packets for one thread, which takes them out in the order in which any threads put them in. Owns what it
+// holds.
 class Mailbox {
  public:
   Mailbox() = default;
