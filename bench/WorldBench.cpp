@@ -24,7 +24,7 @@ void ShiftMap(benchmark::State& state) {
 }
 BENCHMARK(ShiftMap)->Arg(1)->Arg(0);
 
-// 2 steps from the centre is on the map, 9 is not.
+// 2 steps from the center is on the map, 9 is not.
 void FindArea(benchmark::State& state) {
   ClientMap map;
   map.SetMapCoordinatesByCenter(kPlace);
