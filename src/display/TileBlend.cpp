@@ -6,6 +6,8 @@
 #include <initializer_list>
 #include <type_traits>
 
+#include "world/TileSize.h"
+
 namespace tolva::tile_blend {
 namespace {
 
@@ -13,27 +15,28 @@ struct Line {
   int x1, y1, x2, y2;
 };
 
-// An edge is blended in pairs of lines. The first pair lies on the edge, each further pair 2 pixels in x and 1 in y
-// more inwards.
+// The corners of a tile's diamond.
+constexpr int kMiddleX = kTileWidth / 2;
+constexpr int kMiddleY = kTileHeight / 2;
+constexpr int kRight = kTileWidth - 1;
+constexpr int kBottom = kTileHeight;
+
+// An edge is blended in pairs of lines. The first pair is the edge and its copy 2 pixels further in x; each further
+// pair lies 2 pixels in x and 1 in y more inward.
 struct Edge {
   Direction direction;
-  Line first;
-  Line second;
+  Line line;
   int inwardX;
   int inwardY;
   int firstStep;  // by how many steps the tile's share starts above half
 };
 
-constexpr Edge kEdges[] = {{Direction::NorthEast, {38, 0, 75, 18}, {36, 0, 73, 18}, -2, 1, 1},
-                           {Direction::SouthEast, {75, 18, 38, 36}, {73, 18, 36, 36}, -2, -1, 0},
-                           {Direction::SouthWest, {0, 18, 37, 36}, {2, 18, 39, 36}, 2, -1, 0},
-                           {Direction::NorthWest, {0, 18, 37, 0}, {2, 18, 39, 0}, 2, 1, 1}};
+constexpr Edge kEdges[] = {{Direction::NorthEast, {kMiddleX, 0, kRight, kMiddleY}, -2, 1, 1},
+                           {Direction::SouthEast, {kRight, kMiddleY, kMiddleX, kBottom}, -2, -1, 0},
+                           {Direction::SouthWest, {0, kMiddleY, kMiddleX - 1, kBottom}, 2, -1, 0},
+                           {Direction::NorthWest, {0, kMiddleY, kMiddleX - 1, 0}, 2, 1, 1}};
 
-Line Inwards(const Line& line, const Edge& edge, int steps) {
-  const int x = edge.inwardX * steps;
-  const int y = edge.inwardY * steps;
-  return {line.x1 + x, line.y1 + y, line.x2 + x, line.y2 + y};
-}
+Line MoveBy(const Line& line, int x, int y) { return {line.x1 + x, line.y1 + y, line.x2 + x, line.y2 + y}; }
 
 constexpr int kHalf = 127;  // the tile's share at the edge, of 256
 
@@ -117,33 +120,33 @@ class PaletteMixer {
   const SDL_PixelFormat& mPicture;
 };
 
-template <int kBytes>
+template <int Bytes>
 Uint32 Load(const Uint8* from) {
-  if constexpr (kBytes == 3) {
+  if constexpr (Bytes == 3) {
     return SDL_BYTEORDER == SDL_LIL_ENDIAN ? from[0] | from[1] << 8 | from[2] << 16
                                            : from[2] | from[1] << 8 | from[0] << 16;
   } else {
-    std::conditional_t<kBytes == 1, Uint8, std::conditional_t<kBytes == 2, Uint16, Uint32>> pixel;
-    std::memcpy(&pixel, from, kBytes);
+    std::conditional_t<Bytes == 1, Uint8, std::conditional_t<Bytes == 2, Uint16, Uint32>> pixel;
+    std::memcpy(&pixel, from, Bytes);
     return pixel;
   }
 }
 
-template <int kBytes>
+template <int Bytes>
 void Store(Uint8* to, Uint32 pixel) {
-  if constexpr (kBytes == 3) {
+  if constexpr (Bytes == 3) {
     constexpr bool kLittle = SDL_BYTEORDER == SDL_LIL_ENDIAN;
     to[kLittle ? 0 : 2] = static_cast<Uint8>(pixel);
     to[1] = static_cast<Uint8>(pixel >> 8);
     to[kLittle ? 2 : 0] = static_cast<Uint8>(pixel >> 16);
   } else {
     const auto narrow =
-        static_cast<std::conditional_t<kBytes == 1, Uint8, std::conditional_t<kBytes == 2, Uint16, Uint32>>>(pixel);
-    std::memcpy(to, &narrow, kBytes);
+        static_cast<std::conditional_t<Bytes == 1, Uint8, std::conditional_t<Bytes == 2, Uint16, Uint32>>>(pixel);
+    std::memcpy(to, &narrow, Bytes);
   }
 }
 
-template <int kBytes, typename Mixer>
+template <int Bytes, typename Mixer>
 void BlendLine(SDL_Surface& tile, const SDL_Surface& picture, const Mixer& mixer, const Line& line, std::uint8_t own) {
   const int xStep = line.x1 <= line.x2 ? 1 : -1;
   const int yStep = line.y1 <= line.y2 ? 1 : -1;
@@ -155,10 +158,10 @@ void BlendLine(SDL_Surface& tile, const SDL_Surface& picture, const Mixer& mixer
   int y = line.y1;
   for (int i = 0, x = line.x1; i < length; ++i, x += xStep) {
     if (isAllInside || isInside(x, y)) {
-      const std::ptrdiff_t at = std::ptrdiff_t{y} * tile.pitch + std::ptrdiff_t{x} * kBytes;
+      const std::ptrdiff_t at = std::ptrdiff_t{y} * tile.pitch + std::ptrdiff_t{x} * Bytes;
       Uint8* to = static_cast<Uint8*>(tile.pixels) + at;
       const Uint8* from = static_cast<const Uint8*>(picture.pixels) + at;
-      Store<kBytes>(to, mixer(Load<kBytes>(to), Load<kBytes>(from), own));
+      Store<Bytes>(to, mixer(Load<Bytes>(to), Load<Bytes>(from), own));
     }
     // After drawing the pixel, or the line would miss its end.
     error += rise;
@@ -169,15 +172,17 @@ void BlendLine(SDL_Surface& tile, const SDL_Surface& picture, const Mixer& mixer
   }
 }
 
-template <int kBytes, typename Mixer>
+template <int Bytes, typename Mixer>
 void BlendLines(SDL_Surface& tile, const SDL_Surface& picture, const Edge& edge, std::uint8_t width) {
   const Mixer mixer(*tile.format, *picture.format);
   const int step = kHalf / width;
   // Wraps at 8 bits.
   auto own = static_cast<std::uint8_t>(kHalf + edge.firstStep * step);
   for (int i = 0; i < width / 2; ++i) {
-    for (const Line& line : {edge.first, edge.second}) {
-      BlendLine<kBytes>(tile, picture, mixer, Inwards(line, edge, i), own);
+    // The line of the edge, then its copy further in.
+    for (const int copy : {0, 1}) {
+      const Line line = MoveBy(edge.line, edge.inwardX * (i + copy), edge.inwardY * i);
+      BlendLine<Bytes>(tile, picture, mixer, line, own);
       own = static_cast<std::uint8_t>(own + step);
     }
   }
