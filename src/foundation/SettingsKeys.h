@@ -2,7 +2,8 @@
 
 namespace tolva {
 
-// The sections and keys of client.ini, the client's settings. README.md says which values they take.
+// The sections and keys of client.ini, the client's settings. README.md says which values they take,
+// docs/protocol.md who reads them.
 
 constexpr char kSettingsFile[] = "client.ini";
 
