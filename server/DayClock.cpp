@@ -9,7 +9,7 @@ constexpr double kDuskBegins = 0.25;
 constexpr double kDawnBegins = 0.65;
 constexpr double kTwilightLength = 0.15;
 
-// How much of the twilight that began at `begin` has passed: 0 before it, 1 after it.
+// The part of the twilight beginning at `begin` that has passed: 0 before it, 1 after it.
 double GetElapsed(double partOfDay, double begin) {
   return std::clamp((partOfDay - begin) / kTwilightLength, 0.0, 1.0);
 }

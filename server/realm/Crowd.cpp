@@ -31,7 +31,7 @@ bool Crowd::Step(WorldCharacter& character, Direction direction, TimePoint now) 
 }
 
 bool Crowd::Say(WorldCharacter& speaker, const std::string& line, TimePoint now) {
-  // A speaker who could not read his own line would not be heard by those beside him either.
+  // When lines come too fast for the speaker to read, they do for those nearby, too.
   if (speaker.view != nullptr && !speaker.view->Hear(speaker, line, now)) return false;
   for (const WorldCharacter* listener : mIndex.FindNear(speaker.point, kSight))
     if (listener != &speaker && listener->view != nullptr) listener->view->Hear(speaker, line, now);

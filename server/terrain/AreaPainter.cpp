@@ -27,12 +27,13 @@ constexpr std::array<Ground, 6> kPlain = {Ground::Deep,  Ground::Shallow, Ground
 constexpr Step kCorners[] = {{0, 1}, {1, 1}, {1, 0}, {0, 0}};
 constexpr int kAllCorners = 15;
 
-constexpr double kRoadWidth = 1;  // half of it, in fields; nothing grows there
-// Half of a path's width. Less than the distance to the nearest corner would leave gaps in the path.
-constexpr double kPathWidth = 0.75;
+// In fields. Nothing grows on a road.
+constexpr double kRoadHalfWidth = 1;
+// Less than the distance to the nearest corner would leave gaps in a path.
+constexpr double kPathHalfWidth = 0.75;
 constexpr std::uint8_t kMaxSmoothness = 15;
 constexpr double kFlowerChance = 0.06;
-// Grass has this many plain variants; those with flowers follow.
+// The variants of grass without flowers, which come first.
 constexpr std::uint32_t kPlainGrassVariants = 2;
 
 template <typename IsUpper>
@@ -175,7 +176,7 @@ bool Painting::IsPaved(int x, int y) const {
     isTaken |= planned->inHouse || !IsPassable(planned->thing);
     isPavedByPlan |= tolva::IsPaved(planned->surface);
   }
-  if (!isPavedByPlan && (isTaken || mLevels.GetRoadDistance(x, y) > kPathWidth)) return false;
+  if (!isPavedByPlan && (isTaken || mLevels.GetRoadDistance(x, y) > kPathHalfWidth)) return false;
   return HoldsAround(x, y, [&](int cx, int cy) { return mLevels.GetLevel(cx, cy) == Level::Grass; });
 }
 
@@ -193,7 +194,7 @@ Painting::Tile Painting::MakeTile(int x, int y) const {
     const Level level = mLevels.GetLevel(x + corner.x, y + corner.y);
     low = std::min(low, level);
     high = std::max(high, level);
-    tile.onRoad |= mLevels.GetRoadDistance(x + corner.x, y + corner.y) < kRoadWidth;
+    tile.onRoad |= mLevels.GetRoadDistance(x + corner.x, y + corner.y) < kRoadHalfWidth;
   }
   tile.upper = high;
   if (low != high) {

@@ -27,7 +27,7 @@ constexpr double kReach = 20;
 
 constexpr double kHomeRadius = 60;
 constexpr double kHomeCapeRadius = 23;
-// Gives the summit of the arrival island a foot.
+// The land around the summit of the arrival island.
 constexpr PlanOffset kNorthCape = {-34, 40};
 constexpr PlanOffset kHomeCapes[] = {kGlade, kNorthCape, kFarHamlet, kHayMeadow, kFarm};
 // The bay of the arrival village's harbor.

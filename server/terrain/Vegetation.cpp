@@ -9,7 +9,7 @@ namespace {
 // Heights of noises are about -1 to 1, chances 0 to 1, distances in fields.
 
 constexpr double kWoodBegins = 0.24;
-constexpr double kWoodRim = 0.15;  // from there up
+constexpr double kWoodRim = 0.15;  // the rim ends this much higher
 // Woods thin out this near the coast, by this much in each field.
 constexpr double kCoastalStrip = 10;
 constexpr double kCoastalThinning = 0.06;
@@ -45,14 +45,14 @@ constexpr double kMushroomThickets = -0.35;
 constexpr double kBushThickets = 0.3;
 constexpr double kTuftThickets = 0.1;
 constexpr double kStoneThickets = -0.8;
-// Above it boulders, close together from the second on; below it mountain trees.
+// Above the first stand boulders, dense above the second; below the first, mountain trees.
 constexpr double kBoulderThickets = -0.05;
 constexpr double kDenseBoulderThickets = 0.25;
 constexpr double kSnowThingChance = 0.3;
 
 using enum Thing;
 
-// A thing that a chance below `below` picks, unless one before it in its table does.
+// A row of a table: a chance below `below`, and not below an earlier row's, picks the thing. Other chances pick none.
 struct Bound {
   double below;
   Thing thing;
@@ -117,7 +117,7 @@ constexpr Trees kTrees[] = {
       {{AutumnTree, 70}, {GreatOak, 30}}}},
 };
 
-// One of the shares, each as likely as its weight.
+// One of the shares, drawn by weight.
 Thing Draw(std::span<const Share> shares, double chance) {
   int total = 0;
   for (const Share& share : shares) total += share.weight;
