@@ -16,6 +16,8 @@
 #include "protocol/GamePackets.h"
 #include "protocol/InternPackets.h"
 #include "protocol/LoginPackets.h"
+#include "support/Correspondent.h"
+#include "support/Events.h"
 #include "support/Golden.h"
 #include "support/TempDir.h"
 #include "support/TestArchive.h"
@@ -68,8 +70,6 @@ class SteppedDisplay : public Display {
 // A display that a test drives with events and mail, with the mailbox of a controller behind it.
 class DisplayFixture : public ::testing::Test {
  protected:
-  using Codes = std::vector<PacketCode>;
-
   DisplayFixture() { EXPECT_EQ(SDL_Init(SDL_INIT_NOPARACHUTE), 0); }
   ~DisplayFixture() override {
     mDisplay.reset();
@@ -83,29 +83,21 @@ class DisplayFixture : public ::testing::Test {
     Deliver(PacketInternCentralMailbox(&mController));
   }
 
+  void Put(const Packet& packet) { EXPECT_TRUE(mMailbox.Put(packet.Clone())); }
+  static void Push(SDL_Event event) { EXPECT_EQ(SDL_PushEvent(&event), 0); }
+
   // Each of these runs a frame.
   void Deliver(const Packet& packet) {
-    EXPECT_TRUE(mMailbox.Put(packet.Clone()));
+    Put(packet);
     mDisplay->RunPass();
   }
   // Letters, and the keys that "\r", "\t" and "\x1b" stand for.
   void Type(const std::string& keys) {
-    for (const char key : keys) {
-      SDL_Event event{SDL_KEYDOWN};
-      event.key.keysym.sym = static_cast<SDLKey>(key);
-      event.key.keysym.unicode = static_cast<Uint8>(key);
-      EXPECT_EQ(SDL_PushEvent(&event), 0);
-    }
+    for (const char key : keys) Push(KeyEvent({0, static_cast<SDLKey>(key), KMOD_NONE, static_cast<Uint8>(key)}));
     mDisplay->RunPass();
   }
-  void Click(int x, int y, Uint8 button = SDL_BUTTON_LEFT) {
-    for (const Uint8 type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) {
-      SDL_Event event{type};
-      event.button.x = static_cast<Uint16>(x);
-      event.button.y = static_cast<Uint16>(y);
-      event.button.button = button;
-      EXPECT_EQ(SDL_PushEvent(&event), 0);
-    }
+  void Click(int x, int y, int button = SDL_BUTTON_LEFT) {
+    for (const Uint8 type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) Push(MouseEvent(type, x, y, button));
     mDisplay->RunPass();
   }
   void ClickOn(std::initializer_list<std::uint32_t> way) {

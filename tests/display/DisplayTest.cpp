@@ -9,21 +9,26 @@ namespace {
 using DisplayTest = DisplayFixture;
 
 TEST_F(DisplayTest, OnlyKnownModesAreTakenFromTheSettings) {
-  const std::pair<const char*, int> cases[] = {
-      {"", 800},
-      {"[DISPLAY]\nWidth=1280\nHeight=1024\nFullscreen=2\n", 1280},
-      {"[DISPLAY]\nWidth=1024\nHeight=600\n", 800},
-      {"[DISPLAY]\nWidth=-1\nHeight=99999999999999999999\n", 800},
+  const struct {
+    const char* what;
+    const char* settings;
+    int width;
+  } cases[] = {
+      {"no settings", "", 800},
+      {"a known size", "[DISPLAY]\nWidth=1280\nHeight=1024\n", 1280},
+      {"the height of another size", "[DISPLAY]\nWidth=1024\nHeight=600\n", 800},
+      {"numbers out of range", "[DISPLAY]\nWidth=-1\nHeight=99999999999999999999\n", 800},
+      {"full screen neither 0 nor 1", "[DISPLAY]\nFullscreen=2\n", 800},
   };
-  for (const auto& [content, width] : cases) {
-    WriteFile("client.ini", content);
+  for (const auto& each : cases) {
+    WriteFile("client.ini", each.settings);
     Start();
-    EXPECT_EQ(SDL_GetVideoSurface()->w, width) << content;
-    EXPECT_EQ(SDL_GetVideoSurface()->flags & SDL_FULLSCREEN, 0u) << content;
+    EXPECT_EQ(SDL_GetVideoSurface()->w, each.width) << each.what;
+    EXPECT_EQ(SDL_GetVideoSurface()->flags & SDL_FULLSCREEN, 0u) << each.what;
   }
 }
 
-TEST_F(DisplayTest, WhatFailsSaysWhyAsksToQuitAndServesOnlyItsMailbox) {
+TEST_F(DisplayTest, AFailedStartSaysWhyAndAsksToQuit) {
   const struct {
     void (*prepare)();
     const char* hint;
@@ -41,31 +46,29 @@ TEST_F(DisplayTest, WhatFailsSaysWhyAsksToQuitAndServesOnlyItsMailbox) {
     EXPECT_NE(said.find(failure.hint), std::string::npos) << said;
     EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
 
-    for (Packet* packet : std::initializer_list<Packet*>{new PacketInternCentralMailbox(&mController),
-                                                         new PacketEnterChatAccept, new PacketQuit}) {
-      EXPECT_TRUE(mMailbox.Put(packet));
-    }
+    Put(PacketInternCentralMailbox(&mController));
+    Put(PacketEnterChatAccept());
+    Put(PacketQuit());
     mDisplay->Run();
     EXPECT_EQ(Sent(), Codes{PacketQuit::kCode});
   }
 }
 
-TEST_F(DisplayTest, WhoHasAskedToQuitSeesNoMoreOfTheMail) {
+TEST_F(DisplayTest, AfterThePlayerAsksToQuitMailIsDroppedUntilTheAnswer) {
   Start();
   const Screen* before = mDisplay->GetScreen();
-  SDL_Event close{SDL_QUIT};
-  EXPECT_EQ(SDL_PushEvent(&close), 0);
+  Push({SDL_QUIT});
   mDisplay->RunPass();
   for (int round = 0; round < 2; ++round) {
-    for (int i = 0; i < 300; ++i) EXPECT_TRUE(mMailbox.Put(new PacketEnterChatAccept));
+    for (int i = 0; i < 300; ++i) Put(PacketEnterChatAccept());
     mDisplay->RunPass();
     EXPECT_EQ(mMailbox.GetCount(), 0u);
     EXPECT_EQ(mDisplay->GetScreen(), before);
   }
-  for (int i = 0; i < 300; ++i) EXPECT_TRUE(mMailbox.Put(new PacketEnterChatAccept));
-  EXPECT_TRUE(mMailbox.Put(new PacketQuit));
+  for (int i = 0; i < 300; ++i) Put(PacketEnterChatAccept());
+  Put(PacketQuit());
   mDisplay->Run();
-  EXPECT_EQ(Sent(), Codes{PacketQuit::kCode}) << "and asks once";
+  EXPECT_EQ(Sent(), Codes{PacketQuit::kCode}) << "it asks once";
 }
 
 }  // namespace

@@ -64,9 +64,9 @@ class GameFixture : public DisplayFixture {
     screen.HandlePacket(new PacketInternStatus(kMapAreas, kMapAreas));
   }
   void Press(SDLKey key, Uint8 type = SDL_KEYDOWN) {
-    SDL_Event event{type};
-    event.key.keysym.sym = key;
-    EXPECT_EQ(SDL_PushEvent(&event), 0);
+    SDL_Event event = KeyEvent(Key(key));
+    event.type = type;
+    Push(event);
     mDisplay->RunPass();
   }
   void EndSlide() {

@@ -118,13 +118,13 @@ TEST_F(ScreenGameTest, TheHistoryGrowsShrinksAndScrolls) {
   }
   for (const auto& [button, golden] :
        {std::pair{SDL_BUTTON_WHEELUP, "history-line"}, {SDL_BUTTON_WHEELDOWN, "history0"}}) {
-    Click(300, 550, Uint8(button));
+    Click(300, 550, button);
     EXPECT_TRUE(Matches(golden, panels[0])) << "the one line goes from message to message";
   }
   Click(790, 554);
   Say(3, 13);
   // Buttons and notches; the last two notches are not over the panel. Eight rows back a message is cut at the top.
-  const std::pair<int, Uint8> turns[] = {
+  const std::pair<int, int> turns[] = {
       {520, SDL_BUTTON_LEFT},    {520, SDL_BUTTON_LEFT},      {520, SDL_BUTTON_LEFT},    {520, SDL_BUTTON_WHEELUP},
       {498, SDL_BUTTON_WHEELUP}, {562, SDL_BUTTON_WHEELDOWN}, {520, SDL_BUTTON_WHEELUP}, {538, SDL_BUTTON_LEFT},
       {496, SDL_BUTTON_WHEELUP}, {564, SDL_BUTTON_WHEELUP}};
@@ -152,7 +152,7 @@ TEST_F(ScreenGameTest, CanBeDrawnWhileTheWorldChanges) {
       const PacketGameChatMsg speech(place, "", text.c_str());
       mWorld.sync.AddChar(PacketAddChar(place));
       mWorld.sync.ShowChatMessage(speech);
-      mMailbox.Put(speech.Clone());
+      Put(speech);
       mWorld.sync.MoveChar({{area, kStart.mByFx, Uint8(count++ % kAreaEdge)}, Direction::NorthEast});
     }
   });

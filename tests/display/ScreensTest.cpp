@@ -32,7 +32,7 @@ TEST_P(ScreensTest, EveryPixelIsCoveredAtEverySizeWithAndWithoutPictures) {
       for (int pixel = 0; pixel < video->w * video->h; ++pixel) {
         uncovered += PixelAt(pixel % video->w, pixel / video->w) == Rgb{0, 255, 255};
       }
-      EXPECT_EQ(uncovered, 0) << size;
+      EXPECT_EQ(uncovered, 0) << size << ", " << entries.size() << " archive entries";
     }
   }
 }
@@ -41,20 +41,16 @@ TEST_P(ScreensTest, TheWheelIsNoButton) {
   Start();
   GoToScreen();
   if (GetParam() == Which::Chat) ClickOn({ScreenChat::kButtonBar, ScreenChat::kOptionsButton});
-  // Not by address: a new screen may get the old one's.
+  // Its class, because a new screen can get the address of the old one.
   const auto getKind = [&] {
     const Screen& screen = *mDisplay->GetScreen();
     return std::type_index(typeid(screen));
   };
   const std::type_index before = getKind();
   for (int place = 0; place < 80 * 60; ++place) {
-    SDL_Event event{SDL_MOUSEBUTTONDOWN};
-    event.button.x = static_cast<Uint16>(place % 80 * 10 + 5);
-    event.button.y = static_cast<Uint16>(place / 80 * 10 + 5);
-    for (const Uint8 button : {SDL_BUTTON_WHEELUP, SDL_BUTTON_WHEELDOWN}) {
-      event.button.button = button;
+    for (const int button : {SDL_BUTTON_WHEELUP, SDL_BUTTON_WHEELDOWN}) {
       for (const Uint8 type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) {
-        event.type = type;
+        const SDL_Event event = MouseEvent(type, place % 80 * 10 + 5, place / 80 * 10 + 5, button);
         mDisplay->GetScreen()->HandleSdlEvent(event);
       }
     }
@@ -65,23 +61,27 @@ TEST_P(ScreensTest, TheWheelIsNoButton) {
   EXPECT_FALSE(std::filesystem::exists("client.ini"));
 }
 
-// The code is all that a stranger chooses freely; nobody may take it for the class.
+// A peer can write any code into a plain packet.
 TEST_P(ScreensTest, FalseClaimsChangeNothing) {
   Start();
   GoToScreen();
   const Screen* before = mDisplay->GetScreen();
   for (PacketCode code = 0; code < 1100; ++code) {
-    auto* packet = new Packet;
-    packet->mEnmCode = code;
-    ASSERT_TRUE(mMailbox.Put(packet));
+    Packet packet;
+    packet.mEnmCode = code;
+    Put(packet);
   }
-  // Run would end with the first quit that is believed.
+  // Not with Run, which a believed quit would end.
   while (mMailbox.GetCount() > 0) mDisplay->HandleMyMailbox();
   EXPECT_EQ(mDisplay->GetScreen(), before);
   EXPECT_TRUE(Sent().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(StartLoginChat, ScreensTest, ::testing::Values(Which::Start, Which::Login, Which::Chat));
+std::string NameOf(const ::testing::TestParamInfo<Which>& tested) {
+  static constexpr const char* kNames[] = {"Start", "Login", "Chat"};
+  return kNames[static_cast<std::size_t>(tested.param)];
+}
+INSTANTIATE_TEST_SUITE_P(All, ScreensTest, ::testing::Values(Which::Start, Which::Login, Which::Chat), NameOf);
 
 class ScreenLoginTest : public DisplayFixture {
  protected:
