@@ -14,6 +14,7 @@ class VideoTest : public ::testing::Test {
     EXPECT_EQ(SDL_Init(SDL_INIT_VIDEO | SDL_INIT_NOPARACHUTE), 0);
     mVideo = SDL_SetVideoMode(800, 600, 16, SDL_SWSURFACE);
     EXPECT_NE(mVideo, nullptr);
+    SDL_FillRect(mVideo, nullptr, 0);  // the compatibility library leaves it as the last window was
   }
   ~VideoTest() override { SDL_Quit(); }
 
