@@ -22,6 +22,13 @@ struct GridStep {
 };
 constexpr GridStep kGridSteps[kDirectionCount] = {{0, 2}, {-1, 1}, {-2, 0}, {-1, -1}, {0, -2}, {1, -1}, {2, 0}, {1, 1}};
 
+using Shift = void (GroundGrid::*)();
+constexpr Shift kShifts[kDirectionCount] = {
+    &GroundGrid::ShiftDisplayRectsToNorth, &GroundGrid::ShiftDisplayRectsToNorthEast,
+    &GroundGrid::ShiftDisplayRectsToEast,  &GroundGrid::ShiftDisplayRectsToSouthEast,
+    &GroundGrid::ShiftDisplayRectsToSouth, &GroundGrid::ShiftDisplayRectsToSouthWest,
+    &GroundGrid::ShiftDisplayRectsToWest,  &GroundGrid::ShiftDisplayRectsToNorthWest};
+
 bool IsInGrid(int i, int j) { return i >= 0 && i < GroundGrid::kEdge && j >= 0 && j < GroundGrid::kEdge; }
 
 template <typename Grid>
@@ -109,12 +116,8 @@ void GroundGrid::UpdateDisplayRectsAfterMove(Direction direction) {
     mLastCenter = mRepository.GetMap().GetCenterArea()->GetPosition();
     InvalidateAllDisplayRects();
     if (!IsDirection(direction)) return InitAllDisplayRects();
-    static constexpr void (GroundGrid::*kShifts[kDirectionCount])() = {
-        &GroundGrid::ShiftDisplayRectsToNorth, &GroundGrid::ShiftDisplayRectsToNorthEast,
-        &GroundGrid::ShiftDisplayRectsToEast,  &GroundGrid::ShiftDisplayRectsToSouthEast,
-        &GroundGrid::ShiftDisplayRectsToSouth, &GroundGrid::ShiftDisplayRectsToSouthWest,
-        &GroundGrid::ShiftDisplayRectsToWest,  &GroundGrid::ShiftDisplayRectsToNorthWest};
-    (this->*kShifts[static_cast<std::uint32_t>(direction)])();
+    const Shift shift = kShifts[static_cast<std::uint32_t>(direction)];
+    (this->*shift)();
   });
 }
 
