@@ -1,11 +1,11 @@
 #include <algorithm>
 #include <cstdlib>
-#include <memory>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 
-#include "display/GameDisplayRect.h"
+#include "display/FieldTiles.h"
+#include "display/GroundGrid.h"
 #include "foundation/InfoHandler.h"
 #include "media/Archive.h"
 #include "media/GameGraphics.h"
@@ -19,15 +19,19 @@ namespace {
 
 constexpr int kGrounds = 8;
 
-// The tile pictures, in grounds that all differ, and the default one.
+// Writes the pictures of so many different grounds and of the default one.
 void WriteTiles() {
   std::vector<test::TestRecord> records;
   std::string data;
   for (std::uint32_t i = 0; i <= kGrounds; ++i) {
-    test::TestPicture tile{.width = 76, .height = 37, .color = PngColor::Palette, .seeThrough = {0}};
+    test::TestPicture tile{
+        .width = kTileWidth, .height = kTilePictureHeight, .color = PngColor::Palette, .seeThrough = {0}};
     tile.palette = {255, 0, 255, static_cast<std::uint8_t>(30 * i), 128, 64};
-    for (int y = 0; y < 37; ++y) {
-      for (int x = 0; x < 76; ++x) tile.samples.push_back(2 * std::abs(y - 18) <= std::min(x, 75 - x) ? 1 : 0);
+    for (int y = 0; y < kTilePictureHeight; ++y) {
+      for (int x = 0; x < kTileWidth; ++x) {
+        const int fromEdge = std::min(x, kTileWidth - 1 - x);
+        tile.samples.push_back(2 * std::abs(y - kTileHeight / 2) <= fromEdge ? 1 : 0);
+      }
     }
     const std::string png = MakePng(tile);
     const std::uint32_t id = i == kGrounds ? kDefaultGroundId : 0x1000 + 16 * i;
@@ -38,35 +42,24 @@ void WriteTiles() {
   test::WriteFile("Graphics.cca", data);
 }
 
-// All that the game screen shows of the ground: 25 rectangles around the middle of the map.
+// All the ground around the middle of a map.
 class Ground {
  public:
   Ground(int grounds, std::uint8_t smoothness) {
     WriteTiles();
-    for (std::uint8_t i = 0; i < kMapEdge * kMapEdge; ++i) {
+    for (std::uint8_t i = 0; i < kMapAreas; ++i) {
       for (Field& field : mRepository.GetMap().GetAreaAt(i / kMapEdge, i % kMapEdge)->GetFields()) {
         const int ground = (field.GetFx() + 3 * field.GetFy()) % grounds;
         field.SetGroundId(static_cast<std::uint32_t>(0x1000 + 16 * ground));
         field.SetSmoothness(smoothness);
       }
     }
-    for (int i = 0; i < 25; ++i) {
-      const int x = 24 + 12 * (i / 5 + i % 5), y = 84 + 12 * (i / 5 - i % 5);
-      mRects.push_back(std::make_unique<GameDisplayRect>(&mGraphics, &mRepository, &mLog));
-      mRects.back()->SetStartField(static_cast<std::uint8_t>(x / 24), static_cast<std::uint8_t>(y / 24),
-                                   static_cast<std::uint8_t>(x % 24), static_cast<std::uint8_t>(y % 24));
-      mRects.back()->Update();
-    }
+    mGrid.UpdateAllDisplayRects();
   }
 
-  void Update() {
-    for (const auto& rect : mRects) rect->Update();
-  }
-  void Blit(SDL_Surface* target) {
-    for (int i = 0; i < 25; ++i) {
-      mRects[static_cast<std::size_t>(i)]->Blit(target, static_cast<std::int16_t>(912 * (i / 5) - 1900),
-                                                static_cast<std::int16_t>(432 * (i % 5) - 800));
-    }
+  void Update() { mGrid.UpdateAllDisplayRects(); }
+  void Blit(SDL_Surface& window) {
+    mGrid.Blit(window, (window.w - GroundGrid::kWidth) / 2, (window.h - GroundGrid::kHeight) / 2);
   }
   GameGraphics& GetGraphics() { return mGraphics; }
 
@@ -76,7 +69,7 @@ class Ground {
   Archive mArchive{"Graphics", &mLog};
   Repository mRepository;
   GameGraphics mGraphics{&mArchive};
-  std::vector<std::unique_ptr<GameDisplayRect>> mRects;
+  GroundGrid mGrid{mGraphics, mRepository, mLog};
 };
 
 SDL_Surface* StartVideo() {
@@ -85,7 +78,7 @@ SDL_Surface* StartVideo() {
   return SDL_SetVideoMode(800, 600, 16, SDL_SWSURFACE);
 }
 
-// Grounds and smoothness: one ground everywhere, eight with hard edges, eight with the widest transitions on each edge.
+// The numbers of grounds and the smoothness: one ground, eight with hard edges, eight with the widest transitions.
 void RebuildGround(benchmark::State& state) {
   StartVideo();
   Ground ground(static_cast<int>(state.range(0)), static_cast<std::uint8_t>(state.range(1)));
@@ -96,7 +89,7 @@ BENCHMARK(RebuildGround)->Args({1, 0})->Args({kGrounds, 0})->Args({kGrounds, 15}
 void BlitGround(benchmark::State& state) {
   SDL_Surface* video = StartVideo();
   Ground ground(1, 0);
-  for (auto _ : state) ground.Blit(video);
+  for (auto _ : state) ground.Blit(*video);
 }
 BENCHMARK(BlitGround);
 

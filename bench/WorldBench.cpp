@@ -16,21 +16,20 @@ void PlaceMap(benchmark::State& state) {
 }
 BENCHMARK(PlaceMap);
 
-// 1 is a single shift, 0 a double one.
+// North-east takes one shift, north two.
 void ShiftMap(benchmark::State& state) {
   ClientMap map;
   map.SetMapCoordinatesByCenter(kPlace);
   for (auto _ : state) map.ShiftAreas(static_cast<Direction>(state.range(0)));
 }
-BENCHMARK(ShiftMap)->Arg(1)->Arg(0);
+BENCHMARK(ShiftMap)->Arg(static_cast<int>(Direction::NorthEast))->Arg(static_cast<int>(Direction::North));
 
-// 2 steps from the center is on the map, 9 is not.
+// The argument is the distance from the center in areas: 2 is on the map, 9 is not.
 void FindArea(benchmark::State& state) {
   ClientMap map;
   map.SetMapCoordinatesByCenter(kPlace);
   AreaPosition position = kPlace;
-  position.mByAx = static_cast<std::uint8_t>((position.mByAx + state.range(0)) % 8);
-  position.mUintRx += static_cast<std::uint32_t>(4 + state.range(0)) / 8;
+  for (int step = 0; step < state.range(0); ++step) position = NextArea(position, {1, 0});
   for (auto _ : state) benchmark::DoNotOptimize(map.GetArea(position));
 }
 BENCHMARK(FindArea)->Arg(2)->Arg(9);
@@ -50,7 +49,7 @@ void LoadArea(benchmark::State& state) {
 }
 BENCHMARK(LoadArea);
 
-// A placement as the server orders it: every area from the cache, then its version to the server.
+// A placement by the server: loads every area from the cache and makes the request with its version.
 void SynchronizeMap(benchmark::State& state) {
   const test::TempDir directory;
   std::filesystem::create_directory("area");
@@ -58,10 +57,9 @@ void SynchronizeMap(benchmark::State& state) {
   Repository repository;
   const auto drop = [](std::unique_ptr<Packet>) {};
   WorldSynchronizer synchronizer(repository, "area/", {[](auto make) { make(); }, [] {}, drop}, log);
-  PacketCharPosition packet;
-  static_cast<FieldPosition&>(packet) = kPlace;
+  const PacketCharPosition packet(kPlace);
   if (!synchronizer.SynchronizeMap(packet)) state.SkipWithError("refused");
-  for (std::uint8_t i = 0; i < kMapEdge * kMapEdge; ++i) {
+  for (std::uint8_t i = 0; i < kMapAreas; ++i) {
     repository.GetMap().GetAreaAt(i / kMapEdge, i % kMapEdge)->Save("area/");
   }
   for (auto _ : state) benchmark::DoNotOptimize(synchronizer.SynchronizeMap(packet));
