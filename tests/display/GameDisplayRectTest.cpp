@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "DisplayFixture.h"
+#include "display/DisplayFixture.h"
 #include "display/GameDisplayRect.h"
 #include "foundation/InfoHandler.h"
 #include "media/GameGraphics.h"
@@ -34,8 +34,9 @@ struct GameDisplayRectTest : VideoTest {
     entries[kSea + 1] = entries[kDefaultGroundId] = MakeStripedTile({0, 128, 128});
     WriteGraphics(entries);
   }
-  Field& Lay(int k, std::uint32_t ground, std::uint8_t smoothness, Uint8 r = 3, Uint8 c = 3) {
-    Field& field = *mRepository.GetMap().GetAreaAt(r, c)->GetField(static_cast<Uint8>(k / 24), k % 24);
+  // Field `k` of an area, counted as its file stores them.
+  Field& Lay(int k, std::uint32_t ground, std::uint8_t smoothness, Uint8 r = kMapCenter, Uint8 c = kMapCenter) {
+    Field& field = *mRepository.GetMap().GetAreaAt(r, c)->GetField(static_cast<Uint8>(k / kAreaEdge), k % kAreaEdge);
     field.SetGroundId(ground);
     field.SetSmoothness(smoothness);
     return field;
@@ -49,7 +50,7 @@ struct GameDisplayRectTest : VideoTest {
 };
 
 TEST_F(GameDisplayRectTest, LaysTheGroundSoftlyTogether) {
-  for (int i = 0; i < 576; ++i) Lay(i, kGrass, 0);
+  for (int i = 0; i < kAreaFields; ++i) Lay(i, kGrass, 0);
   Lay(59, kSand, 15);
   Lay(107, kSea, 0);  // not smooth: hard edges
   Lay(83, kSea + 1, 15);
@@ -58,7 +59,7 @@ TEST_F(GameDisplayRectTest, LaysTheGroundSoftlyTogether) {
     mGraphics.SetDarkness(darkness);
     mRect.Update();
     mRect.Blit(mVideo, 20, 10);
-    SDL_BlitSurface(mGraphics.GetGraphic(kSand), nullptr, mVideo, nullptr);  // as what stands on the ground is drawn
+    SDL_BlitSurface(mGraphics.GetGraphic(kSand), nullptr, mVideo, nullptr);  // drawn like a thing on the ground
     EXPECT_TRUE(MatchesGolden(name, *mVideo, {20, 0, 200, 110}));
   }
 }
@@ -76,9 +77,10 @@ TEST_F(GameDisplayRectTest, KnowsWhatItsPictureComesFrom) {
     mRect.Update();
     std::string before = drawn();
     int stale = 0;
-    for (int i = 0; i < 49; ++i) {
+    for (int i = 0; i < kMapAreas; ++i) {
       EXPECT_TRUE(mRect.IsCurrent());
-      for (int k = 0; k < 576; ++k) Lay(k, fx == 12 ? kSand : kSea, 15, Uint8(i / 7), Uint8(i % 7));
+      for (int k = 0; k < kAreaFields; ++k)
+        Lay(k, fx == 12 ? kSand : kSea, 15, Uint8(i / kMapEdge), Uint8(i % kMapEdge));
       const bool isCurrent = mRect.IsCurrent();
       mRect.Update();
       EXPECT_TRUE(!isCurrent || drawn() == before) << "area " << i;
@@ -92,8 +94,11 @@ TEST_F(GameDisplayRectTest, KnowsWhatItsPictureComesFrom) {
 }
 
 TEST_F(GameDisplayRectTest, BlendsLineByLineAtEveryDepth) {
-  const int edges[][4] = {{50, 6, 1, 158}, {50, 30, -1, 127}, {25, 30, -1, 127}, {25, 6, 1, 158}};  // x, y, way in, own
-  for (int i = 0; i < 576; ++i) Lay(i, kSea, 5);
+  const int edges[][4] = {{50, 6, 1, 158},
+                          {50, 30, -1, 127},
+                          {25, 30, -1, 127},
+                          {25, 6, 1, 158}};  // x, first y, inwards, the tile's own share
+  for (int i = 0; i < kAreaFields; ++i) Lay(i, kSea, 5);
   const Field& field = Lay(125, kSand, 4);
   for (const int bits : {8, 16, 24, 32}) {
     ASSERT_NE(SDL_SetVideoMode(800, 600, bits, SDL_SWSURFACE), nullptr);
@@ -111,22 +116,36 @@ TEST_F(GameDisplayRectTest, BlendsLineByLineAtEveryDepth) {
   }
 }
 
-TEST_F(GameDisplayRectTest, SurvivesAnyGroundAndTheEndOfTheMapWithoutFillingTheLog) {
+TEST_F(GameDisplayRectTest, DrawsWhatItCanOfAnyGroundAndOfTheMapsEnd) {
   const std::uint32_t grounds[] = {0, kStub, kGrass, kSheet, kNone, kSand, 0xFFFFFFFF};
-  for (int i = 0; i < 576; ++i) Lay(i, grounds[i % 7], 15, 0, 6);
-  for (const auto& [r, c, fx] : {std::tuple<Uint8, Uint8, Uint8>{7, 0, 0}, {0, 7, 0}, {0, 6, 24}, {0, 6, 0}}) {
+  for (int i = 0; i < kAreaFields; ++i) Lay(i, grounds[i % 7], 15, 0, 6);
+  const struct {
+    const char* what;
+    Uint8 r, c, fx;
+    bool isOnMap;
+  } starts[] = {{"no such row of areas", 7, 0, 0, false},
+                {"no such column of areas", 0, 7, 0, false},
+                {"no such field", 0, 6, kAreaEdge, false},
+                {"a corner of the map", 0, 6, 0, true}};
+  for (const auto& start : starts) {
     mRect.Update();
-    mRect.SetStartField(r, c, fx, 23);
+    mRect.SetStartField(start.r, start.c, start.fx, 23);
     mRect.Update();
     mRect.Blit(mVideo, 0, 0);
-    EXPECT_EQ(PixelAt(mVideo, 20, 220) != 0, r + c + fx == 6);  // only the last one is on the map
-    EXPECT_EQ(PixelAt(mVideo, 700, 20), 0);
+    EXPECT_EQ(PixelAt(mVideo, 20, 220) != 0, start.isOnMap) << start.what;
+    EXPECT_EQ(PixelAt(mVideo, 700, 20), 0) << start.what << ": this is beyond the map";
   }
   EXPECT_NE(ReadFile("log.clf").find("Startfield not set (GameDisplayRect - RebuildGroundSurface)"), std::string::npos);
   EXPECT_NE(ReadFile("log.clf").find("Startfield is NULL (GameDisplayRect - RebuildGroundSurface)"), std::string::npos);
+}
+
+TEST_F(GameDisplayRectTest, LooksOnceForEachUnknownPictureAndNotForTooMany) {
+  for (int i = 0; i < kAreaFields; ++i) Lay(i, i % 2 == 0 ? kNone : kSand, 15);
+  mRect.SetStartField(kMapCenter, kMapCenter, 0, 12);
+  mRect.Update();
   WriteFile("log.clf", "");
   for (int i = 0; i < 5; ++i) mRect.Update();
-  EXPECT_EQ(ReadFile("log.clf"), "") << "each unknown id is asked for once";
+  EXPECT_EQ(ReadFile("log.clf"), "") << "each unknown id is looked for once";
   GameGraphics next(&mArchive);
   EXPECT_EQ(next.FindGraphic(kNone), nullptr);
   EXPECT_EQ(ReadFile("log.clf"), "") << "also on the next visit";
@@ -134,10 +153,10 @@ TEST_F(GameDisplayRectTest, SurvivesAnyGroundAndTheEndOfTheMapWithoutFillingTheL
   const std::string tile = MakeStripedTile({8, 8, 8});
   WriteGraphics({{kNone, tile}, {kSand, tile}, {kSea, tile}});
   EXPECT_EQ(next.FindGraphic(kNone), nullptr);
-  EXPECT_EQ(next.FindGraphic(kSea), nullptr) << "too many unknown ids: nobody asks for more";
-  EXPECT_NE(next.FindGraphic(kSand), nullptr) << "but for what was there before";
-  EXPECT_NE(next.GetGraphic(kNone), nullptr) << "but the store itself does";
-  EXPECT_NE(mGraphics.FindGraphic(kSand), nullptr) << "and what has been loaded stays";
+  EXPECT_EQ(next.FindGraphic(kSea), nullptr) << "after too many unknown ids";
+  EXPECT_NE(next.FindGraphic(kSand), nullptr) << "it was there before";
+  EXPECT_NE(next.GetGraphic(kNone), nullptr) << "the store itself always looks";
+  EXPECT_NE(mGraphics.FindGraphic(kSand), nullptr) << "what has been loaded stays";
   EXPECT_LE(std::ranges::count(ReadFile("log.clf"), '\n'), 10'001);
 }
 
