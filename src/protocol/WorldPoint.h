@@ -44,8 +44,10 @@ constexpr WorldPoint Next(WorldPoint point, Direction direction) {
 
 // The area's field (0, 0). Area numbers from the wire can be out of range, and the point then is, too.
 constexpr WorldPoint FirstFieldOf(const AreaPosition& area) {
-  return {std::int64_t{area.mUintRx} * kRegionFields + area.mByAx * kAreaEdge,
-          std::int64_t{area.mUintRy} * kRegionFields + area.mByAy * kAreaEdge};
+  const auto first = [](std::uint32_t region, std::uint8_t inRegion) {
+    return (std::int64_t{region} * kRegionEdge + inRegion) * kAreaEdge;
+  };
+  return {first(area.mUintRx, area.mByAx), first(area.mUintRy, area.mByAy)};
 }
 
 // The point of a position whose numbers are in range (IsInRange).
