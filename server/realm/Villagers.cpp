@@ -92,7 +92,7 @@ void Villagers::TakeStep(Villager& villager, TimePoint now) {
     return;
   }
   auto directions = kDirections;
-  std::ranges::rotate(directions, std::ranges::find(directions, PickDirection()));
+  std::rotate(directions.begin(), std::ranges::find(directions, PickDirection()), directions.end());
   for (const Direction direction : directions) {
     villager.direction = direction;
     if (TryStep(villager, direction, now)) return;

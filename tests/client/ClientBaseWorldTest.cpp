@@ -28,7 +28,7 @@ class ClientBaseWorldTest : public ControllerFixture {
   }
 
   const PacketAreaVersion mFirstRequest{{{0xFFFFFFFF, 0xFFFFFFFF, 5, 5, 0}, 0}};
-  const PacketEnterChatRequest mEscape;
+  const PacketEnterChatRequest mEscape{};
   const PacketChatMsg mLine{"", "One more thing"};
 };
 
