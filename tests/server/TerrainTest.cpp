@@ -6,10 +6,8 @@
 #include "server/terrain/World.h"
 #include "support/SyncWorld.h"
 
-namespace tolva {
+namespace tolva::test {
 namespace {
-
-FieldPosition PositionOf(const Field& field) { return {field.GetArea()->GetPosition(), field.GetFx(), field.GetFy()}; }
 
 // The ground in a corner of the field, by the corner's bit; soft grounds count as grass and pavements as one. None for
 // an id without a picture.
@@ -30,16 +28,13 @@ bool IsPiece(const Field& field) { return field.GetGroundId() >= static_cast<std
 
 void ExpectToFit(const Field& field, const Field& beside, Direction direction) {
   constexpr std::uint32_t kNorth = 1, kEast = 2, kSouth = 4, kWest = 8;
-  struct Corners {
-    std::uint32_t own, others;
-  };
-  // The corners at the two ends of the common edge.
+  // The corners of both fields at the two ends of their common edge.
   const bool isNorthEast = direction == Direction::NorthEast;
-  const Corners first = isNorthEast ? Corners{kNorth, kWest} : Corners{kEast, kNorth};
-  const Corners second = isNorthEast ? Corners{kEast, kSouth} : Corners{kSouth, kWest};
-  EXPECT_TRUE(CornerOf(field, first.own).has_value()) << "no such ground: " << field.GetGroundId();
-  EXPECT_EQ(CornerOf(field, first.own), CornerOf(beside, first.others));
-  EXPECT_EQ(CornerOf(field, second.own), CornerOf(beside, second.others));
+  constexpr std::uint32_t kEnds[2][2][2] = {{{kEast, kNorth}, {kSouth, kWest}}, {{kNorth, kWest}, {kEast, kSouth}}};
+  for (const auto& [own, others] : kEnds[isNorthEast]) {
+    EXPECT_TRUE(CornerOf(field, own).has_value()) << "no such ground: " << field.GetGroundId();
+    EXPECT_EQ(CornerOf(field, own), CornerOf(beside, others));
+  }
   if (IsPiece(field) || IsPiece(beside)) {
     EXPECT_EQ(field.GetSmoothness() + beside.GetSmoothness(), 0) << "a transition is blended";
   }
@@ -50,11 +45,11 @@ void ExpectToFit(const Field& field, const Field& beside, Direction direction) {
 }
 
 // A client whose map is filled with the world's answers. Expects that everything fits over the borders of the areas.
-struct Traveler : test::SyncWorld {
+struct Traveler : SyncWorld {
   Traveler(std::uint64_t seed, const FieldPosition& start) : world(seed) {
     EXPECT_TRUE(Place(start));
     Answer();
-    for (const Field* field : GetFields()) {
+    for (const Field* field : FieldsOf(map)) {
       for (const Direction direction : {Direction::NorthEast, Direction::SouthEast}) {
         if (const Field* beside = field->GetNeighbor(direction)) ExpectToFit(*field, *beside, direction);
       }
@@ -75,13 +70,6 @@ struct Traveler : test::SyncWorld {
     PacketAreaVolu volu(AreaHeader{request, area->version});
     volu.mUintVolu = area->volu;
     sync.UpdateAreaVolu(volu);
-  }
-  std::vector<const Field*> GetFields() const {
-    std::vector<const Field*> fields;
-    for (std::uint8_t i = 0; i < kMapAreas; ++i) {
-      for (const Field& field : map.GetAreaAt(i / kMapEdge, i % kMapEdge)->GetFields()) fields.push_back(&field);
-    }
-    return fields;
   }
   World world;
 };
@@ -114,16 +102,9 @@ TEST(TerrainTest, PlayersCanWalkFromTheSquareToEveryPlaceOfTheIsland) {
   }
 }
 
-// Everything that a player sees on a field and around it.
-std::vector<std::int64_t> LooksAround(const Field* field) {
-  std::vector<std::int64_t> looks;
-  for (const Direction direction : kDirections) {
-    const Field* neighbor = field->GetNeighbor(direction);
-    const Field& seen = neighbor != nullptr ? *neighbor : *field;
-    const WorldPoint point = ToPoint(PositionOf(seen));
-    looks.insert(looks.end(), {point.x, point.y, seen.GetGroundId(), seen.GetSmoothness(), seen.GetVoluId()});
-  }
-  return looks;
+// Everything that a player sees on a field, and where it is.
+auto LookOf(const Field* field) {
+  return std::tuple(ToPoint(PositionOf(*field)), field->GetGroundId(), field->GetSmoothness(), field->GetVoluId());
 }
 
 TEST(TerrainTest, MapsAreTheSameWhateverWayThePlayerCame) {
@@ -134,8 +115,8 @@ TEST(TerrainTest, MapsAreTheSameWhateverWayThePlayerCame) {
     walker.Answer();
   }
   const Traveler fresh(1, PositionOf(*walker.player.GetField()));
-  EXPECT_TRUE(std::ranges::equal(walker.GetFields(), fresh.GetFields(), {}, LooksAround, LooksAround));
+  EXPECT_TRUE(std::ranges::equal(FieldsOf(walker.map), FieldsOf(fresh.map), {}, LookOf, LookOf));
 }
 
 }  // namespace
-}  // namespace tolva
+}  // namespace tolva::test

@@ -11,6 +11,18 @@
 
 namespace tolva::test {
 
+inline FieldPosition PositionOf(const Field& field) {
+  return {field.GetArea()->GetPosition(), field.GetFx(), field.GetFy()};
+}
+
+inline std::vector<const Field*> FieldsOf(const ClientMap& map) {
+  std::vector<const Field*> fields;
+  for (std::uint8_t i = 0; i < kMapAreas; ++i) {
+    for (const Field& field : map.GetAreaAt(i / kMapEdge, i % kMapEdge)->GetFields()) fields.push_back(&field);
+  }
+  return fields;
+}
+
 // A client's world and its synchronizer, in a working directory of its own. Has no cache until a test creates the
 // directory "area". Keeps what is sent.
 struct SyncWorld {

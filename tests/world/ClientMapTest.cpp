@@ -1,26 +1,17 @@
 #include <gtest/gtest.h>
 
 #include "protocol/WorldPoint.h"
-#include "world/ClientMap.h"
+#include "support/SyncWorld.h"
 
 namespace tolva::test {
 namespace {
-
-constexpr int kMapFields = kMapEdge * kAreaEdge;
 
 // Null outside the map.
 Area* AreaAt(const ClientMap& map, int r, int c) {
   return r < 0 || c < 0 ? nullptr : map.GetAreaAt(static_cast<std::uint8_t>(r), static_cast<std::uint8_t>(c));
 }
 
-Field* FieldAt(const ClientMap& map, int x, int y) {
-  Area* area = x < 0 || y < 0 ? nullptr : AreaAt(map, x / kAreaEdge, y / kAreaEdge);
-  return area == nullptr
-             ? nullptr
-             : area->GetField(static_cast<std::uint8_t>(x % kAreaEdge), static_cast<std::uint8_t>(y % kAreaEdge));
-}
-
-// Each area's position follows from the center's, across the borders of regions.
+// The areas lie side by side, across the borders of regions.
 void ExpectPlaced(const ClientMap& map) {
   const AreaPosition first = AreaAt(map, 0, 0)->GetPosition();
   for (int i = 0; i < kMapAreas; ++i) {
@@ -36,13 +27,12 @@ void ExpectPlaced(const ClientMap& map) {
 
 // Each field's neighbors are one step away, and missing only where the map ends.
 void ExpectLinked(const ClientMap& map) {
-  for (int i = 0; i < kMapFields * kMapFields; ++i) {
-    const int x = i / kMapFields, y = i % kMapFields;
-    const Field* field = FieldAt(map, x, y);
-    ASSERT_EQ(field->GetArea()->GetField(field->GetFx(), field->GetFy()), field);
+  for (const Field* field : FieldsOf(map)) {
+    const FieldPosition position = PositionOf(*field);
+    ASSERT_EQ(map.GetField(position), field);
     for (const Direction direction : kDirections) {
-      const Step step = StepIn(direction);
-      ASSERT_EQ(field->GetNeighbor(direction), FieldAt(map, x + step.x, y + step.y));
+      const FieldPosition beside = ToPosition(Next(ToPoint(position), direction));
+      ASSERT_EQ(field->GetNeighbor(direction), map.GetField(beside));
     }
   }
 }
@@ -52,10 +42,11 @@ TEST(ClientMapTest, ShiftKeepsAreasAndBringsInEmptyOnes) {
     SCOPED_TRACE(static_cast<std::uint32_t>(direction));
     ClientMap map;
     map.SetMapCoordinatesByCenter({0, 0xFFFFFFFF, 0, 5, -128});
-    Area* before[kMapEdge][kMapEdge];
+    const Area* before[kMapEdge][kMapEdge];
     for (int i = 0; i < kMapAreas; ++i) {
-      before[i / kMapEdge][i % kMapEdge] = AreaAt(map, i / kMapEdge, i % kMapEdge);
-      before[i / kMapEdge][i % kMapEdge]->SetVersion(7);
+      Area* area = AreaAt(map, i / kMapEdge, i % kMapEdge);
+      area->SetVersion(7);
+      before[i / kMapEdge][i % kMapEdge] = area;
     }
     map.ShiftAreas(direction);
     const Step step = StepIn(direction);
@@ -64,9 +55,7 @@ TEST(ClientMapTest, ShiftKeepsAreasAndBringsInEmptyOnes) {
       const int oldR = r - step.x, oldC = c - step.y;
       const bool isKept = AreaAt(map, oldR, oldC) != nullptr;
       ASSERT_EQ(AreaAt(map, r, c)->GetVersion(), isKept ? 7 : 0);
-      if (isKept) {
-        ASSERT_EQ(AreaAt(map, r, c), before[oldR][oldC]);
-      }
+      ASSERT_TRUE(!isKept || AreaAt(map, r, c) == before[oldR][oldC]);
     }
     for (std::uint32_t turn = 0; turn < 5; ++turn) {
       map.ShiftAreas(kDirections[(static_cast<std::uint32_t>(direction) + 3 * turn) % kDirectionCount]);

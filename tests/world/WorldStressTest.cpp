@@ -29,9 +29,6 @@ struct RandomServer : SyncWorld {
     }
   }
 
-  static FieldPosition PositionOf(const Field& field) {
-    return {field.GetArea()->GetPosition(), field.GetFx(), field.GetFy()};
-  }
   // Mostly near the edges of areas, where steps cross into others.
   FieldPosition AnyPosition() {
     const auto byte = [&] { return static_cast<std::uint8_t>(Random() >> 8); };
@@ -48,16 +45,14 @@ struct RandomServer : SyncWorld {
   // Every character on the map stands on one field and is owned by the map or is the player's.
   void ExpectConsistent() {
     std::size_t standing = 0;
-    for (std::uint8_t i = 0; i < kMapAreas; ++i) {
-      for (const Field& field : map.GetAreaAt(i / kMapEdge, i % kMapEdge)->GetFields()) {
-        if (field.GetCharacter() == nullptr) continue;
-        ++standing;
-        ASSERT_EQ(field.GetCharacter()->GetField(), &field);
-      }
+    for (const Field* field : FieldsOf(map)) {
+      if (field->GetCharacter() == nullptr) continue;
+      ++standing;
+      ASSERT_EQ(field->GetCharacter()->GetField(), field);
     }
-    const Area* playersArea = player.GetField() == nullptr ? nullptr : player.GetField()->GetArea();
-    ASSERT_EQ(standing, map.GetCharacterCount() + (playersArea == nullptr ? 0 : 1));
-    ASSERT_TRUE(playersArea == nullptr || playersArea == map.GetCenterArea());
+    const Field* own = player.GetField();
+    ASSERT_EQ(standing, map.GetCharacterCount() + (own == nullptr ? 0 : 1));
+    ASSERT_TRUE(own == nullptr || own->GetArea() == map.GetCenterArea());
   }
 
   // Walks the links across the map and animates characters, as the game view does.
