@@ -62,12 +62,6 @@ TEST(EditBufferTest, AKeyMovesErasesOrTypesAndSaysWhetherItChangedAnything) {
   }
 }
 
-TEST(EditBufferTest, WithoutWordMovesCtrlCountsForNothing) {
-  EditBuffer buffer = Make("ab cd|");
-  buffer.HandleKey(Key(SDLK_LEFT, KMOD_LCTRL), kMaxLength, WordMoves::Off);
-  EXPECT_EQ(Show(buffer), "ab c|d");
-}
-
 TEST(EditBufferTest, ANewTextIsCutAndKeepsTheCursorInside) {
   EditBuffer buffer = Make("ab|c");
   buffer.SetText("defgh", 4);

@@ -1,4 +1,5 @@
 #include <cstring>
+#include <numeric>
 
 #include "controls/ControlLabel.h"
 #include "controls/ControlTextBox.h"
@@ -10,12 +11,10 @@ namespace {
 TEST_F(TextTest, ALabelTakesAnyTextAndCutsIt) {
   ControlLabel label(1, nullptr, nullptr, nullptr);
   label.SetSize(400, 60);
-  std::string all;
-  for (int byte = 1; byte < 256; ++byte) all.push_back(static_cast<char>(byte));
-  for (const std::string& text : {all, std::string("\n\t\r\x1b[0m%s%n"), std::string(5000, '%')}) {
-    label.SetText(text.c_str());
-    EXPECT_EQ(label.GetText(), text.substr(0, 1023));
-  }
+  std::string text(5000, '%');
+  std::iota(text.begin(), text.begin() + 255, '\1');
+  label.SetText(text.c_str());
+  EXPECT_EQ(label.GetText(), text.substr(0, 1023));
   label.SetText(nullptr);
   EXPECT_STREQ(label.GetText(), "");
 }
