@@ -33,7 +33,7 @@ def render(scene, size, oversampling, background="+UA", **declared):
     width, height = size
     threads = len(os.sched_getaffinity(0))
     command = ["nice", "povray", f"+I{scene}.pov", f"+O{raw.name}", f"+W{width * oversampling}",
-               f"+H{height * oversampling}", "-D", "-GA", "-A", "+FN8", background, f"+WT{threads}"]
+               f"+H{height * oversampling}", "-D", "-GD", "-GR", "-GS", "-A", "+FN8", background, f"+WT{threads}"]
     command += [f"Declare={name}={value}" for name, value in declared.items()]
     result = subprocess.run(command, cwd=WORK, capture_output=True, text=True)
     if result.returncode:

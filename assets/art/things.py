@@ -6,6 +6,8 @@ from pictures import write_picture
 
 def make(*wanted):
     """All things, or only those with these names."""
+    if unknown := set(wanted) - set(THINGS):
+        raise SystemExit(f"no such thing: {', '.join(sorted(unknown))}; THINGS in catalogue.py has their names")
     for name, number in THINGS.items():
         if not wanted or name in wanted:
             right, down = ROOTS.get(name, (0, 0))

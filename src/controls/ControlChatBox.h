@@ -24,6 +24,7 @@ class ControlChatBox : public ControlListBox {
   void AddEntry(const char* text) override;
   // Messages cannot be removed: does nothing and returns false.
   bool RemoveEntry(const char* text) override;
+  // The box shows the messages until the next Refresh.
   void ClearEntries() override;
   // The number of lines.
   int GetEntryCount() override;
@@ -56,8 +57,7 @@ class ControlChatBox : public ControlListBox {
   void StoreLines(const Message& message);
   void CreateRow(int row);
 
-  // Whole, since lines cannot be joined again: what lines for another width would be wrapped from. Nothing asks for
-  // that so far.
+  // Whole texts, to wrap again for another width, because lines cannot be joined. Nothing needs that yet.
   std::deque<Message> mMessages;
   std::deque<Line> mLines;
   Rgb mNameColor{255, 0, 0};

@@ -11,10 +11,12 @@
 
 namespace tolva {
 
-// The lobby: chat, lists of users, versions, state of the connection, an island as dark as the world, and a window of
-// options. Its components cover the whole window and are drawn straight onto the video surface.
+// The lobby: chat, lists of users, versions, state of the connection, a picture of the island that darkens with the
+// world, and a window of options. Its components cover the whole window and are drawn straight onto the video surface.
 class ScreenChat final : public Screen {
  public:
+  // EventHandler tells buttons (kQuitButton to kCreditsButton) and options (kMusicToggle to kFullScreenToggle) apart by
+  // these ranges: put a new one inside its range.
   enum ComponentId : std::uint32_t {
     kChatUsersWindow = 0,
     kGameUsersWindow = 1,
@@ -60,7 +62,7 @@ class ScreenChat final : public Screen {
     kFullScreenToggle = 41
   };
 
-  // The options show `chosenSize`, the player's choice for the next start, or without one the present mode.
+  // The options show `chosenSize`, the player's choice for the next start, or the current mode if there is none.
   ScreenChat(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback, InfoHandler* logger,
              std::optional<DisplaySize> chosenSize = std::nullopt);
   ~ScreenChat() override;
