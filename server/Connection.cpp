@@ -62,7 +62,7 @@ void Connection::DeliverPackets() {
   while (mState == State::Open) {
     const RecordDecoder::Result result = mDecoder.Next();
     if (result.outcome == RecordDecoder::Outcome::Incomplete) return;
-    if (result.outcome == RecordDecoder::Outcome::Broken) return Close("dropped: sent what is no record");
+    if (result.outcome == RecordDecoder::Outcome::Broken) return Close("dropped: sent bytes that are not a record");
     Dispatch(*result.packet, [this](const PacketInternPing& ping) { Send(PacketInternPong(ping.mUintTick)); });
     mListener.OnPacket(*this, *result.packet);
   }

@@ -9,7 +9,7 @@
 namespace tolva {
 namespace {
 
-// Every user and every villager finds a field.
+// Enough fields for every user and every villager.
 constexpr std::size_t kFields = kMaxUsers + 2 * kMaxVillagers;
 
 // A client asks for a step once its character has slid for 380 ms. Steps that the network held up may come close

@@ -8,7 +8,7 @@
 namespace tolva {
 namespace {
 
-// What a client of this version may send. No honest client sends anything else.
+// What a client of this version may send. Whoever sends anything else is disconnected.
 using PacketsFromClients = TypeList<PacketInternPing, PacketInternPong, PacketConnectionRequest, PacketLoginRequest,
                                     PacketLogout, PacketChatMsg, PacketEnterChatRequest, PacketQuit, PacketServerInfo,
                                     PacketClientInfo, PacketAreaVersion, PacketEnterGameRequest, PacketMoveRequest>;
@@ -83,7 +83,7 @@ void ServerCore::Shutdown(TimePoint now) {
 
 void ServerCore::Handle(Session& session, const Packet& packet, TimePoint now) {
   if (!IsOneOf(packet, PacketsFromClients{})) {
-    return Drop(session, "Your client sent something that no client sends.",
+    return Drop(session, "Your client sent something that a client never sends.",
                 "dropped: sent a packet of code " + std::to_string(packet.mEnmCode), now);
   }
   const bool isDone = Dispatch(
@@ -120,7 +120,7 @@ void ServerCore::HandleChatLine(Session& session, const char* text, TimePoint no
     case Session::Verdict::Warn:
       Log(session, "warned: too many chat lines", now);
       return session.Tell(
-          "Please write more slowly: that line was not passed on, and the next in haste throws you out.");
+          "Please write more slowly: that line was not passed on, and another one too soon will disconnect you.");
     case Session::Verdict::Drop:
       return Drop(session, "You were thrown out for writing too many lines at once.", "dropped: too many chat lines",
                   now);

@@ -7,7 +7,7 @@
 namespace tolva {
 namespace {
 
-// A map, and its new edges on a walk all around. An honest client never has more requests waiting.
+// A map, and the new edges of a walk once around it. An honest client never has more requests waiting.
 constexpr std::size_t kMaxWaiting = 128;
 // One more than the map reaches: the player may step into the next area, and ask for the map's edge there, while a
 // request is in flight.

@@ -27,7 +27,8 @@ class CharacterView {
 
   // A character has come, moved or gone.
   void Notice(CharacterId id, TimePoint now);
-  // The own character has come or stepped: everybody near, and everybody shown, may be in or out of sight now.
+  // The player's own character has appeared or moved: everybody near, and everybody shown, may be in or out of sight
+  // now.
   void LookAround(TimePoint now);
   // Sends the step of the own character from where it stands. To be called before the index knows of the step.
   void ShowOwnStep(Direction direction, TimePoint now);

@@ -42,8 +42,8 @@ constexpr const char* kLines[] = {
 
 // Distances in fields.
 constexpr std::int64_t kMaxFromHome = 12;
-constexpr std::int64_t kAudience = 40;  // a player so near sees a villager
-constexpr std::int64_t kEarshot = 10;   // a player so near can be talked to
+constexpr std::int64_t kAudience = 40;  // a player this close sees a villager
+constexpr std::int64_t kEarshot = 10;   // a player this close can be talked to
 // Of the eight directions from a field: with fewer ways it is a doorway, a bridge or a narrow lane.
 constexpr int kOpenWays = 6;
 

@@ -34,7 +34,7 @@ class Villagers {
 
   void Stroll(Villager& villager, TimePoint now);
   bool TryStep(Villager& villager, Direction direction, TimePoint now);
-  // One more of the current walk, or in another direction when there is no way on.
+  // Takes the next step of the current walk, or turns when the way is blocked.
   void TakeStep(Villager& villager, TimePoint now);
   // Whether a villager who stops there blocks neither a passage nor arriving players.
   bool IsGoodToStop(WorldPoint point);

@@ -24,7 +24,7 @@ constexpr double kCopseTreeChance = 0.8;
 constexpr double kWoodlandTreeChance = 0.35;
 constexpr double kMeadowTreeChance = 0.1;
 
-// How much chance, and the height of hills, mix the kinds of trees.
+// How strongly chance and the height of hills affect the kind of tree.
 constexpr double kKindMix = 0.3;
 constexpr double kKindByHills = 0.45;
 
@@ -83,7 +83,8 @@ Thing Pick(std::span<const Bound> bounds, double chance) {
   return found == bounds.end() ? None : found->thing;
 }
 
-// A thing and its weight among others; shares without a weight are never drawn.
+// A thing and its weight among others of a table; weights need not add up to 100. Shares without a weight are never
+// drawn.
 struct Share {
   Thing thing;
   int weight;
@@ -92,11 +93,11 @@ constexpr Share kMountainTrees[] = {{CrookedPine, 26}, {PineGroup, 20}, {YoungPi
                                     {Pine, 13},        {DeadTree, 9},   {None, 14}};
 constexpr Share kSnowThings[] = {{Boulder, 50}, {YoungPine, 25}, {PineGroup, 25}};
 
-// The trees of one kind of wood, for each Stand: close together they grow tall and thin, with light from all sides
+// The trees of one kind of wood, for each Stand: close together they grow tall and thin, in the open
 // broad.
 struct Trees {
-  double above;  // the kind of wood: from hills down to damp ground
-  Share mixtures[3][7];
+  double above;          // the kind of wood: from hills down to damp ground
+  Share mixtures[3][7];  // for each Stand; seven kinds at most
 };
 constexpr Trees kTrees[] = {
     {0.25,

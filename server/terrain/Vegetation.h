@@ -16,7 +16,7 @@ class Vegetation {
  public:
   explicit Vegetation(std::uint64_t seed);
 
-  // A field that is no transition.
+  // A field that is not a transition.
   struct Habitat {
     WorldPoint point;
     Spot spot;

@@ -88,7 +88,7 @@ class ClientBase : public ManagerThread {
   Mailbox mSoundMailbox;
   std::unique_ptr<ServerInstance> mServerInstance;
   std::unique_ptr<SoundManager> mSoundManager;
-  // A flag, because null is no sign of an unknown display: the display's announcement has no source and would equal it.
+  // A flag, because a null mailbox cannot mean "unknown": the display's announcement has a null source, too.
   bool mIsDisplayKnown = false;
   Mailbox* mDisplayMailbox = nullptr;  // belongs to ClientMain
   std::uint32_t mLastPing = 0;

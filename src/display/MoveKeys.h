@@ -13,7 +13,7 @@ namespace tolva {
 // player would leap. Times are those of GetTicks.
 class MoveKeys {
  public:
-  // None for a key that is no move key.
+  // None for a key that is not a move key.
   static Direction DirectionOf(SDLKey key);
 
   // False for a repeat that must wait, as all repeats must while the world is hidden. Call it with every event: it

@@ -37,7 +37,8 @@ static_assert(kToMiddleX == 874 && kToMiddleY == 0);
 // How many more rows and columns are drawn than fit into the window: pictures reach beyond their fields.
 constexpr int kExtraColumns = 4;
 constexpr int kExtraRows = 7;
-// So many rows more in the North: a thing that a step South brings into the window is already drawn while it is above.
+// This many rows more in the North: a thing that a step South brings into the window is already drawn while it is
+// above.
 constexpr int kRowsAbove = 2;
 
 constexpr std::uint32_t kMessageMs = 10000;

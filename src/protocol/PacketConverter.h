@@ -8,7 +8,7 @@
 
 namespace tolva {
 
-// Turns packets into wire records and back. Stateless but for the magic; use it on any thread.
+// Turns packets into wire records and back. Stateless except for the magic; use it on any thread.
 class PacketConverter {
  public:
   // Writes the packet into `record`, which must have kRecordBufferSize bytes, and returns the record's length. Writes

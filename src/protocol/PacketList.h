@@ -33,7 +33,7 @@ using AllPackets =
              PacketRemoveChar, PacketDarkness, PacketMusicPlay, PacketMusicPause, PacketMusicStop>;
 
 // Calls `visitor` with the packet as its own class. Returns false without a call when no class has the code or when the
-// packet's class is another than the code's.
+// packet is of another class.
 template <typename PacketType, typename Visitor, typename... Packets>
 bool VisitPacket(PacketType& packet, Visitor&& visitor, TypeList<Packets...>) {
   const auto visitIf = [&](auto* typed) {

@@ -37,8 +37,8 @@ class WorldSynchronizer {
   WorldSynchronizer(Repository& repository, std::string cacheDirectory, Outlets outlets, InfoHandler& infoHandler);
 
   // Places map and player, drops the requests of the previous placement, starts a full synchronization and requests all
-  // 49 areas. False, with nothing done but one log line a run, when the packet names no field: the display must not get
-  // it then.
+  // 49 areas. False when the packet names no field: it then only logs one line per run, and the display must not get
+  // the packet.
   [[nodiscard]] bool SynchronizeMap(const PacketCharPosition& packet);
   // Queues a request that loads the area from the cache and sends its version to the server, unless the area has left
   // the map by then. Does nothing when r or c is 7 or more.

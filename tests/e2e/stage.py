@@ -34,7 +34,7 @@ def parse_arguments(doc, **extra):
     parser = argparse.ArgumentParser(description=doc.split("\n")[0])
     for name, default, text in (("bin", "build/bin", "folder of the programs"),
                                 ("data", "build/data", "folder of the packed archives"),
-                                ("out", "build/e2e", "folder for run directories and screenshots")):
+                                ("out", "build/e2e", "folder for run directories and the pictures of the tour")):
         parser.add_argument(f"--{name}", type=lambda path: Path(path).resolve(), default=default, help=text)
     for name, options in extra.items():
         parser.add_argument(f"--{name}", **options)

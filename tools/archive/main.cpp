@@ -67,7 +67,7 @@ int Run(int argc, char** argv) {
   CLI::App* pack = app.add_subcommand("pack", "Write BASENAME.cci and BASENAME.cca from the files of a folder");
   pack->add_option("DIR", folder, "Folder of files named by id: 6101.png, 1.ogg")->required();
   pack->add_option("BASENAME", baseName, "The archive's path without its suffix")->required();
-  pack->add_option("--file", options, "ID=PATH: a file from another place; can be repeated")
+  pack->add_option("--file", options, "ID=PATH: a file from elsewhere; can be repeated")
       ->take_all()
       ->allow_extra_args(false);
   CLI::App* list = app.add_subcommand("list", "Print each entry's id, offset, size and kind, and a picture's size");

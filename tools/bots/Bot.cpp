@@ -78,7 +78,7 @@ void Bot::Read() {
     const TimePoint now = Clock::now();
     for (;;) {
       const RecordDecoder::Result result = mDecoder.Next();
-      if (result.outcome == RecordDecoder::Outcome::Broken) return Lose("was sent what is no record");
+      if (result.outcome == RecordDecoder::Outcome::Broken) return Lose("was sent bytes that are not a record");
       if (result.outcome == RecordDecoder::Outcome::Incomplete) break;
       Take(*result.packet, now);
     }
