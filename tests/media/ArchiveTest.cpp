@@ -6,30 +6,21 @@
 #include "media/Archive.h"
 #include "support/TestArchive.h"
 #include "support/TestPng.h"
+#include "support/VideoTest.h"
 
 namespace tolva::test {
 namespace {
 
-class ArchiveTest : public ::testing::Test {
+class ArchiveTest : public VideoTest {
  protected:
-  static void StartVideo() {
-    ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_VIDEO), 0);
-    ASSERT_NE(SDL_SetVideoMode(64, 48, 16, SDL_SWSURFACE), nullptr);
-  }
-  void TearDown() override { SDL_Quit(); }
-
   TempDir mDir;
   InfoHandler mInfoHandler;
   Archive mArchive{"Graphics", &mInfoHandler};
 };
 
 TEST_F(ArchiveTest, SaysInTheLogWhyAPictureIsMissing) {
-  StartVideo();
   const std::string png = MakePng({});
-  const std::string noId = "Image id in archive not found (Archive - LoadImage)\n";
-  const std::string noFile = "Failed to open archive file (Archive - LoadImage)\n";
-  const std::string noPlace = "Image id found in index, but not in archive (Archive - LoadImage)\n";
-  const std::string noPicture = "Failed to load picture from archive (Archive - LoadImage)\n";
+  const char* const noPicture = "Failed to load picture from archive";
   const struct {
     const char* name;
     std::string message;  // empty: the picture loads
@@ -37,9 +28,9 @@ TEST_F(ArchiveTest, SaysInTheLogWhyAPictureIsMissing) {
     std::optional<std::string> data;
   } cases[] = {
       {"a picture", "", MakeIndex({{7, 3, 0}}), "abc" + png + "def"},
-      {"another id", noId, MakeIndex({{1, 0, 0}}), png},
-      {"no data file", noFile, MakeIndex({{7, 0, 0}}), std::nullopt},
-      {"offset beyond 2^31", noPlace, MakeIndex({{7, 0x80000000, 0}}), png},
+      {"another id", "Image id in archive not found", MakeIndex({{1, 0, 0}}), png},
+      {"no data file", "Failed to open archive file", MakeIndex({{7, 0, 0}}), std::nullopt},
+      {"offset beyond 2^31", "Image id found in index, but not in archive", MakeIndex({{7, 0x80000000, 0}}), png},
       {"offset beyond the file", noPicture, MakeIndex({{7, 0x7FFFFFFF, 0}}), png},
       {"not a PNG file", noPicture, MakeIndex({{7, 0, 0}}), "RIFF" + png},
       {"cut short", noPicture, MakeIndex({{7, 0, 0}}), png.substr(0, png.size() - 1)},
@@ -52,13 +43,12 @@ TEST_F(ArchiveTest, SaysInTheLogWhyAPictureIsMissing) {
     if (test.data) WriteFile("Graphics.cca", *test.data);
     EXPECT_EQ(mArchive.LoadImage(7) != nullptr, test.message.empty());
     const std::string log = ReadFile("log.clf");
-    const std::string line = test.message.empty() ? "" : " 001 " + std::string(22, ' ') + test.message;
-    EXPECT_EQ(log.substr(std::min(log.find(" 001 "), log.size())), line);
+    const std::string line = " 001 " + std::string(22, ' ') + test.message + " (Archive - LoadImage)\n";
+    EXPECT_EQ(log.substr(std::min(log.find(" 001 "), log.size())), test.message.empty() ? "" : line);
   }
 }
 
 TEST_F(ArchiveTest, KeepsTheSeeThroughColorOfAPicture) {
-  StartVideo();
   const std::string rgb = MakePng({.seeThrough = {0, 255, 0, 0, 0, 255}, .samples = {255, 0, 255, 0, 255, 0}});
   const std::string indexed =
       MakePng({.color = PngColor::Palette, .palette = {255, 0, 255, 0, 255, 0}, .seeThrough = {0}, .samples = {0, 1}});
@@ -66,17 +56,17 @@ TEST_F(ArchiveTest, KeepsTheSeeThroughColorOfAPicture) {
     WriteArchive("Graphics", 7, png);
     const SurfacePtr picture = mArchive.LoadImage(7);
     ASSERT_NE(picture, nullptr);
-    EXPECT_EQ(picture->format->BitsPerPixel, SDL_GetVideoSurface()->format->BitsPerPixel);
+    EXPECT_EQ(picture->format->BitsPerPixel, mVideo->format->BitsPerPixel);
     EXPECT_TRUE(picture->flags & SDL_SRCCOLORKEY);
-    EXPECT_EQ(picture->format->colorkey, SDL_MapRGB(picture->format, 255, 0, 255));
-    const auto* pixels = static_cast<const std::uint16_t*>(picture->pixels);
-    EXPECT_EQ(pixels[0], picture->format->colorkey);
-    EXPECT_EQ(pixels[1], SDL_MapRGB(picture->format, 0, 255, 0));
+    EXPECT_EQ(picture->format->colorkey, ToPixel(mVideo, 255, 0, 255));
+    EXPECT_EQ(PixelAt(picture.get(), 0, 0), ToPixel(mVideo, 255, 0, 255));
+    EXPECT_EQ(PixelAt(picture.get(), 1, 0), ToPixel(mVideo, 0, 255, 0));
   }
 }
 
 TEST_F(ArchiveTest, DecodesTheIconWithoutAVideoMode) {
   WriteArchive("Graphics", 7, MakePng({.width = 32, .height = 32}));
+  SDL_QuitSubSystem(SDL_INIT_VIDEO);
   ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_VIDEO), 0);
   const SurfacePtr icon = mArchive.DecodeImage(7);
   ASSERT_NE(icon, nullptr);

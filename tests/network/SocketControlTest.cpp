@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "foundation/ByteOrder.h"
 #include "network/SocketControl.h"
 #include "protocol/PacketList.h"
 #include "support/Correspondent.h"
@@ -111,7 +110,7 @@ TEST(SocketControl, MeasuresRoundTripsFromWhenThePingIsSent) {
   owner.Give(PacketInternPing(before - 90000));
   const std::string ping = peer.Receive(16);
   ASSERT_EQ(ping.size(), 16u);
-  peer.Send(Record(PacketInternPong(LoadBig32(reinterpret_cast<const std::uint8_t*>(ping.data()) + 12) - 40)));
+  peer.Send(Record(PacketInternPong(WordAt(ping, 12) - 40)));
   const auto report = owner.Next();
   const auto* pong = PacketCast<PacketInternPong>(report.get());
   ASSERT_NE(pong, nullptr);

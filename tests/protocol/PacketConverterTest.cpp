@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "foundation/ByteOrder.h"
 #include "support/Records.h"
 
 namespace tolva::test {
@@ -14,10 +13,6 @@ std::string Hex(const std::string& bytes) {
     text += digits;
   }
   return text;
-}
-
-std::uint32_t WordAt(const std::string& bytes, std::size_t offset) {
-  return LoadBig32(reinterpret_cast<const std::uint8_t*>(&bytes[offset]));
 }
 
 TEST(PacketConverter, RecordsAreExactToTheByte) {

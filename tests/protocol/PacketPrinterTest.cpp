@@ -18,7 +18,7 @@ TEST(PacketPrinter, PrintsPacketsAsReadersOfTheLogKnowThem) {
   EXPECT_STREQ(printer.Print(*ReadRecord(FalseClaim(400)).packet), "Unknown Packet: mEnmCode=400");
 }
 
-TEST(PacketPrinter, HasRoomForTheLongestLine) {
+TEST(PacketPrinter, HasRoomForTheLongestTextsThatFitTheirFields) {
   const std::string text(2000, 'x');
   const PacketGameChatMsg chat({{0xFFFFFFFF, 0xFFFFFFFF, 255, 255, -128}, 255, 255}, text.c_str(), text.c_str());
   EXPECT_EQ(std::strlen(PacketPrinter().Print(chat)), 1183u);

@@ -56,11 +56,5 @@ TEST(Packet, ReachesTheHandlerOfItsClass) {
   EXPECT_EQ(HandlerOf(*ReadRecord(FalseClaim(PacketQuit::kCode)).packet), "none");
 }
 
-TEST(Packet, CutsLongTextsToTheirFields) {
-  const std::string text(2000, 'x');
-  EXPECT_EQ(std::strlen(PacketChatMsg(text.c_str(), text.c_str()).mStrUser), 31u);
-  EXPECT_EQ(std::strlen(PacketChatMsg(text.c_str(), text.c_str()).mStrMsg), 1023u);
-}
-
 }  // namespace
 }  // namespace tolva::test

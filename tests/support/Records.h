@@ -21,6 +21,11 @@ inline std::string Record(const Packet& packet) {
   return bytes;
 }
 
+// The word of the wire at `offset`.
+inline std::uint32_t WordAt(const std::string& bytes, std::size_t offset) {
+  return LoadBig32(reinterpret_cast<const std::uint8_t*>(&bytes[offset]));
+}
+
 // The bytes with a word of the wire at `offset`.
 inline std::string WithWord(std::string bytes, std::size_t offset, std::uint32_t word) {
   StoreBig32(reinterpret_cast<std::uint8_t*>(&bytes[offset]), word);
