@@ -15,8 +15,7 @@ struct PacketLoginRequest final : PacketOf<PacketLoginRequest, 200, "PacketLogin
     CopyText(mStrLogin, name);
     CopyText(mStrPass, password);
   }
-  PacketLoginRequest(const char* name, const char* password, const VersionNumbers& version)
-      : VersionNumbers(version) {
+  PacketLoginRequest(const char* name, const char* password, const VersionNumbers& version) : VersionNumbers(version) {
     CopyText(mStrLogin, name);
     CopyText(mStrPass, password);
   }
