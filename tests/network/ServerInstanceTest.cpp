@@ -1,5 +1,4 @@
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -67,6 +66,16 @@ TEST(ServerInstance, ConnectsAtTheFirstLoginAndPassesPacketsBothWays) {
   controller.Quit();
   EXPECT_EQ(peer.Receive(1000), Record(PacketUserInGame())) << "and neither false claims nor the quit";
   EXPECT_FALSE(peer.HasCaller());
+}
+
+TEST(TcpConnection, KnowsItsPeer) {
+  const TempDir dir;
+  const LoopbackPeer peer;
+  TcpConnection connection;
+  ASSERT_TRUE(connection.Connect("127.0.0.1", peer.GetPort()));
+  EXPECT_TRUE(WaitUntil([&] { return connection.Recieve() != nullptr; }));
+  EXPECT_EQ(connection.GetPeerHost(), htonl(INADDR_LOOPBACK));
+  EXPECT_EQ(connection.GetPeerPort(), htons(peer.GetPort()));
 }
 
 TEST(ServerInstance, DoesNotReconnectAfterALoss) {
