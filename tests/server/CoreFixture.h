@@ -62,14 +62,13 @@ class CoreFixture : public ::testing::Test {
     mCore->Connect(client.id, client, "127.0.0.1", mNow);
     return client;
   }
-  FakeClient& LogIn(const std::string& name, std::uint16_t bugfix = kVersion.mUintVersionBugfix) {
+  FakeClient& LogIn(const std::string& name) {
     FakeClient& client = Connect();
-    Request(client, name, bugfix);
+    Request(client, name);
     return client;
   }
-  void Request(FakeClient& client, const std::string& name, std::uint16_t bugfix = kVersion.mUintVersionBugfix) {
-    const VersionNumbers version = {kVersion.mUintVersionMajor, kVersion.mUintVersionMinor, bugfix};
-    Deliver(client, PacketLoginRequest(name.c_str(), "", version));
+  void Request(FakeClient& client, const std::string& name) {
+    Deliver(client, PacketLoginRequest(name.c_str(), "", kVersion));
   }
   void Say(FakeClient& client, const std::string& text) { Deliver(client, PacketChatMsg("ignored", text.c_str())); }
   void Deliver(FakeClient& client, const Packet& packet) { mCore->Receive(client.id, packet, mNow); }

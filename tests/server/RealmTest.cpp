@@ -18,7 +18,10 @@ struct Picture {
     Dispatch(
         packet, [&](const PacketCharPosition& position) { Enter(ToPoint(position)); },
         [&](const PacketAddChar& added) { Add(ToPoint(added), now); },
-        [&](const PacketRemoveChar& removed) { Remove(ToPoint(removed), now); },
+        [&](const PacketRemoveChar& removed) {
+          Count(now);
+          Remove(ToPoint(removed));
+        },
         [&](const PacketMove& move) { Move(ToPoint(move), Next(ToPoint(move), move.mEnmDirection), now); },
         [&](const PacketGameChatMsg& chat) { Hear(ToPoint(chat), chat.mStrUser); },
         [](const PacketDarkness& darkness) { EXPECT_EQ(darkness.mByDarkness % 10, 0); });
@@ -34,23 +37,17 @@ struct Picture {
     EXPECT_NE(point, own) << "somebody appears on the player's own field";
     EXPECT_TRUE(others.insert(point).second) << "somebody appears on a taken field";
   }
-  void Remove(WorldPoint point, TimePoint now) {
-    Count(now);
-    EXPECT_EQ(others.erase(point), 1U) << "nobody to remove";
-  }
+  void Remove(WorldPoint point) { EXPECT_EQ(others.erase(point), 1U) << "nobody stands there"; }
   void Move(WorldPoint from, WorldPoint to, TimePoint now) {
-    EXPECT_NE(to, own) << "somebody steps onto the player's own field";
-    EXPECT_FALSE(others.contains(to)) << "somebody steps onto a taken field";
     if (from == own) {
+      EXPECT_FALSE(others.contains(to)) << "the player steps onto a taken field";
       own = to;
       ++steps;
       return;
     }
-    Count(now);
     EXPECT_TRUE(Sees(from)) << "a step begins out of sight";
-    EXPECT_TRUE(Sees(to)) << "a step ends out of sight";
-    EXPECT_EQ(others.erase(from), 1U) << "nobody to step";
-    others.insert(to);
+    Remove(from);
+    Add(to, now);
   }
   void Hear(WorldPoint speaker, const char* name) {
     EXPECT_TRUE(speaker == own || others.contains(speaker)) << "nobody stands where the line comes from";
