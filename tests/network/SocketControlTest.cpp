@@ -23,9 +23,11 @@ constexpr PacketCode kQuit = PacketQuit::kCode;
 // A socket control and its owner.
 class Owner : public Correspondent {
  public:
+  Owner() { SDLNet_Init(); }
   ~Owner() {
     Give(PacketInternTerminate());
     mControl.WaitThread(nullptr);
+    SDLNet_Quit();
   }
 
   void ConnectTo(LoopbackPeer& peer) {
@@ -47,12 +49,7 @@ class Owner : public Correspondent {
   }
 
  private:
-  struct Network {
-    Network() { SDLNet_Init(); }
-    ~Network() { SDLNet_Quit(); }
-  };
   const TempDir mDir;
-  const Network mNetwork;
   SocketControl mControl{GetTheirs()};
 };
 

@@ -24,7 +24,8 @@ struct RandomServer : SyncWorld {
     } else {
       const Field* field = kind < 620 ? player.GetField() : nullptr;
       const Area* center = map.GetCenterArea();
-      sync.MoveChar(PacketMove(field == nullptr ? AnyPosition() : PositionOf(*field), AnyDirection()));
+      const auto direction = static_cast<Direction>(Random() % 16 == 0 ? Random() : Random() % 8);
+      sync.MoveChar(PacketMove(field == nullptr ? AnyPosition() : PositionOf(*field), direction));
       if (map.GetCenterArea() != center) ++shifts;
     }
   }
@@ -40,7 +41,6 @@ struct RandomServer : SyncWorld {
     if (kind == 2) return {{Random(), area.mUintRy, area.mByAx, area.mByAy, area.mByLevel}, nearEdge(), nearEdge()};
     return {area, nearEdge(), nearEdge()};
   }
-  Direction AnyDirection() { return static_cast<Direction>(Random() % 16 == 0 ? Random() : Random() % 8); }
 
   // Every character on the map stands on one field and is owned by the map or is the player's.
   void ExpectConsistent() {
