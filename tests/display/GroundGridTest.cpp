@@ -71,7 +71,7 @@ class GroundGridTest : public GameFixture {
   bool mShowsProgress = false;
 };
 
-TEST_F(GroundGridTest, TheGroundIsAlwaysThePlacesOwn) {
+TEST_F(GroundGridTest, AlwaysShowsTheGroundOfThePlace) {
   const SurfacePtr freshWindow = MakeWindow();
   Place();
   while (mMail.GetCount() > 0) DeliverNext();

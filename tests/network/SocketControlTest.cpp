@@ -59,7 +59,7 @@ std::string Times(int count, const std::string& bytes) {
   return all;
 }
 
-TEST(SocketControl, CutsAStreamIntoItsRecordsUntilItBreaksOrEnds) {
+TEST(SocketControl, DecodesAStreamUntilItBreaksOrEnds) {
   const std::string quit = Record(PacketQuit()), chat = Record(PacketChatMsg("ann", "hello"));
   enum class Ending { Alive, Lost, PeerCloses };
   const struct {
