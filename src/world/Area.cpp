@@ -41,7 +41,7 @@ std::atomic<std::uint64_t> sLastGroundState{0};
 
 bool IsInside(int fx, int fy) { return fx >= 0 && fx < kAreaEdge && fy >= 0 && fy < kAreaEdge; }
 
-constexpr std::size_t IndexOf(int fx, int fy) { return static_cast<std::size_t>(fx * kAreaEdge + fy); }
+constexpr int IndexOf(int fx, int fy) { return fx * kAreaEdge + fy; }
 
 }  // namespace
 
