@@ -22,7 +22,9 @@ struct WorldPoint {
 
   friend constexpr bool operator==(const WorldPoint&, const WorldPoint&) = default;
   // Some order, for containers that need one.
-  friend constexpr auto operator<=>(const WorldPoint&, const WorldPoint&) = default;
+  friend constexpr bool operator<(const WorldPoint& left, const WorldPoint& right) {
+    return left.x != right.x ? left.x < right.x : left.y < right.y;
+  }
 };
 
 // Wraps a coordinate that is out of range by at most one edge of the world: after the last field comes the first.

@@ -135,8 +135,9 @@ void Bot::AskForNewEdge(WorldPoint before) {
 
 template <typename Action>
 void Bot::ForMapAreas(Action&& action) const {
-  for (int i = -kMapCenter; i <= kMapCenter; ++i) {
-    for (int j = -kMapCenter; j <= kMapCenter; ++j) action(Moved(mOwn, i * kAreaEdge, j * kAreaEdge));
+  constexpr std::int64_t kReach = kMapCenter;
+  for (std::int64_t i = -kReach; i <= kReach; ++i) {
+    for (std::int64_t j = -kReach; j <= kReach; ++j) action(Moved(mOwn, i * kAreaEdge, j * kAreaEdge));
   }
 }
 
