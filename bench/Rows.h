@@ -1,0 +1,10 @@
+#pragma once
+
+namespace tolva::bench {
+
+class Table;
+
+// Each measures one field of work and adds its rows, once a run.
+void AddFrameRows(Table& table);
+
+}  // namespace tolva::bench
