@@ -165,10 +165,13 @@ TEST_F(ScreenGameTest, CanBeDrawnWhileTheWorldChanges) {
 }
 
 TEST_F(ScreenGameTest, ReleasesTheWorldAfterAnErrorWhileDrawing) {
-  SDL_LockSurface(SDL_GetVideoSurface());  // nothing can be drawn onto a locked surface
+  SDL_Surface& window = *SDL_GetVideoSurface();
+  SDL_LockSurface(&window);  // nothing can be drawn onto a locked surface
+  window.flags |= SDL_ASYNCBLIT;
   ErrHandler reporter;
   EXPECT_FALSE(Report(reporter, "", "", [&] { Screen().Blit(); }));
-  SDL_UnlockSurface(SDL_GetVideoSurface());
+  window.flags &= ~Uint32{SDL_ASYNCBLIT};
+  SDL_UnlockSurface(&window);
   const SemaphoreLock lock(mWorld.repository);  // waits for ever if the error left it held
 }
 
