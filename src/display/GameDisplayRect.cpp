@@ -1,14 +1,14 @@
 #include "display/GameDisplayRect.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "display/FieldTiles.h"
-#include "display/TileBlend.h"
+#include "display/GroundTiles.h"
 #include "foundation/Guard.h"
 #include "foundation/InfoHandler.h"
 #include "media/GameGraphics.h"
 #include "sdl/Copy.h"
-#include "sdl/PixelLock.h"
 #include "sdl/SdlError.h"
 #include "sdl/Surface.h"
 #include "world/Repository.h"
@@ -21,12 +21,6 @@ constexpr char kModule[] = "GameDisplayRect";
 // One more than fits, because the outermost tiles lie half outside.
 constexpr int kRows = GameDisplayRect::kTiles + 1;
 constexpr int kColumns = GameDisplayRect::kTiles + 1;
-
-// Ids that differ only in the lowest bits are variants of one ground.
-constexpr int kVariantBits = 4;
-bool IsSameGround(const Field& a, const Field& b) {
-  return a.GetGroundId() >> kVariantBits == b.GetGroundId() >> kVariantBits;
-}
 
 // The areas that a picture shows whose start field is (fx, fy), including those that it only blends with. In areas from
 // the start field's.
@@ -47,20 +41,31 @@ std::vector<Step> FindSourcePlaces(int fx, int fy) {
   return places;
 }
 
-// Without a picture nothing changes.
-void LayOver(SDL_Surface* picture, SDL_Surface* target, int x, int y) {
-  if (picture != nullptr) CheckSdl(CopyWhole(picture, target, x, y), kModule, "RebuildGroundSurface");
-}
+void Check(bool succeeded) { CheckSdl(succeeded, kModule, "RebuildGroundSurface"); }
 
 }  // namespace
 
-GameDisplayRect::GameDisplayRect(GameGraphics* graphics, Repository* repository, InfoHandler* infoHandler)
-    : mRepository(repository), mInfoHandler(infoHandler), mGraphics(graphics) {
+// The tile as it stands behind the field that was painted last. Only pictures that do not cover a tile let it show
+// through, so it is composed when one of them comes.
+struct GameDisplayRect::LastTile {
+  SDL_Surface* frame;
+  SurfacePtr tile;
+  const Field* notComposed = nullptr;  // painted since then; null for none
+};
+
+GameDisplayRect::GameDisplayRect(GameGraphics* graphics, Repository* repository, InfoHandler* infoHandler,
+                                 std::shared_ptr<GroundTiles> tiles)
+    : mRepository(repository),
+      mInfoHandler(infoHandler),
+      mGraphics(graphics),
+      mTiles(tiles != nullptr ? std::move(tiles) : std::make_shared<GroundTiles>(*graphics)) {
   Guard(kModule, "GameDisplayRect", [&] {
     mGroundSurface = CheckSurface(MakeDisplaySurface({kWidth, kHeight}, *SDL_GetVideoSurface()), kModule, kModule);
     CheckSdl(Fill(*mGroundSurface, kBlack), kModule, kModule);
   });
 }
+
+GameDisplayRect::~GameDisplayRect() = default;
 
 void GameDisplayRect::SetStartField(std::uint8_t r, std::uint8_t c, std::uint8_t fx, std::uint8_t fy) {
   if (mSourcePlaces.empty() || fx != mStartFx || fy != mStartFy) {
@@ -74,10 +79,18 @@ void GameDisplayRect::SetStartField(std::uint8_t r, std::uint8_t c, std::uint8_t
   mStartFieldSet = true;
 }
 
+void GameDisplayRect::Reset() {
+  ClearStartField();
+  Invalidate();
+  mIsBlackNext = true;
+}
+
 void GameDisplayRect::Update() {
   Guard(kModule, "Update", [&] {
     // So that a picture left half drawn by an error does not count as current.
-    mShown.clear();
+    Invalidate();
+    if (mIsBlackNext) CheckSdl(Fill(*mGroundSurface, kBlack), kModule, "Update");
+    mIsBlackNext = false;
     RebuildGroundSurface();
     NoteShown();
   });
@@ -116,50 +129,40 @@ void GameDisplayRect::RebuildGroundSurface() {
     }
     SDL_Surface* frame = mGraphics->FindGraphic(kDefaultGroundId);
     if (frame == nullptr) return;
-    const SurfacePtr tile = CheckSurface(CopyForDisplay(*frame), kModule, "RebuildGroundSurface");
+    LastTile last{frame, nullptr};
     for (int row = 0; row < kRows; ++row, first = Next(first, Direction::South)) {
-      PaintRow(first, tile.get(), kTileHeight * row);
+      PaintRow(first, last, kTileHeight * row);
     }
   });
 }
 
 // Two interlocking rows of fields: `first` and those to the East, and half a tile lower those to the SouthWest of each.
-void GameDisplayRect::PaintRow(const Field* first, SDL_Surface* tile, int y) {
+void GameDisplayRect::PaintRow(const Field* first, LastTile& last, int y) {
   const Field* upper = first;
   const Field* lower = Next(first, Direction::SouthWest);
   for (int column = 0; column < kColumns; ++column) {
     const int x = kTileWidth * column;
-    PaintField(upper, tile, x, y - kTileHeight / 2);
-    PaintField(lower, tile, x - kTileWidth / 2, y);
+    PaintField(upper, last, x, y - kTileHeight / 2);
+    PaintField(lower, last, x - kTileWidth / 2, y);
     upper = Next(upper, Direction::East);
     lower = Next(lower, Direction::East);
   }
 }
 
-void GameDisplayRect::PaintField(const Field* field, SDL_Surface* tile, int x, int y) {
+void GameDisplayRect::PaintField(const Field* field, LastTile& last, int x, int y) {
   if (field == nullptr) return;
-  LayOver(mGraphics->FindGraphic(field->GetGroundId()), tile, 0, 0);
-  LayOver(mGraphics->FindMask(field->GetGroundId()), tile, 0, 0);
-  SmoothTrans(*field, tile);
-  LayOver(tile, mGroundSurface.get(), x, y);
+  if (const Sprite* tile = mTiles->Find(*field)) {
+    last.notComposed = field;
+    return Check(tile->CopyWhole(*mGroundSurface, x, y));
+  }
+  if (last.tile == nullptr) last.tile = CheckSurface(CopyForDisplay(*last.frame), kModule, "RebuildGroundSurface");
+  if (last.notComposed != nullptr) mTiles->Compose(*last.notComposed, last.tile.get());
+  last.notComposed = nullptr;
+  mTiles->Compose(*field, last.tile.get());
+  Check(CopyWhole(last.tile.get(), mGroundSurface.get(), x, y));
 }
 
-void GameDisplayRect::SmoothTrans(const Field& field, SDL_Surface* tile) {
-  Guard(kModule, "SmoothTrans", [&] {
-    for (const Direction direction :
-         {Direction::NorthEast, Direction::SouthEast, Direction::SouthWest, Direction::NorthWest}) {
-      const Field* neighbor = field.GetNeighbor(direction);
-      if (neighbor == nullptr || IsSameGround(field, *neighbor)) continue;
-      const auto width = static_cast<std::uint8_t>((field.GetSmoothness() + neighbor->GetSmoothness()) / 2);
-      if (width == 0) continue;
-      SDL_Surface* picture = mGraphics->FindGraphic(neighbor->GetGroundId());
-      if (picture == nullptr || !tile_blend::HaveSameShape(*tile, *picture)) continue;
-      const PixelLock lockedTile(tile, "ScreenGame", "SmoothTrans: failed to lock result surface");
-      const PixelLock lockedPicture(picture, "ScreenGame", "SmoothTrans: failed to lock temporary surface");
-      tile_blend::BlendEdge(*tile, *picture, direction, width);
-    }
-  });
-}
+void GameDisplayRect::SmoothTrans(const Field& field, SDL_Surface* tile) { mTiles->Blend(field, tile); }
 
 void GameDisplayRect::Blit(SDL_Surface* target, std::int16_t x, std::int16_t y) {
   Guard(kModule, "Blit", [&] { CheckSdl(CopyWhole(mGroundSurface.get(), target, x, y), kModule, "Blit"); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "display/FieldTiles.h"
@@ -11,6 +12,7 @@
 namespace tolva {
 
 class GameGraphics;
+class GroundTiles;
 class InfoHandler;
 class Repository;
 
@@ -25,10 +27,11 @@ class GameDisplayRect {
   static constexpr int kHeight = kTiles * kTileHeight;
   static_assert(kWidth == 912 && kHeight == 432);
 
-  // All three stay the caller's and must outlive the rectangle. Needs a video mode. The picture is black until the
-  // first Update.
-  GameDisplayRect(GameGraphics* graphics, Repository* repository, InfoHandler* infoHandler);
-  virtual ~GameDisplayRect() = default;
+  // The first three stay the caller's and must outlive the rectangle. Needs a video mode. The picture is black until
+  // the first Update. Rectangles that are drawn from one map share their `tiles`; null for tiles of its own.
+  GameDisplayRect(GameGraphics* graphics, Repository* repository, InfoHandler* infoHandler,
+                  std::shared_ptr<GroundTiles> tiles = nullptr);
+  virtual ~GameDisplayRect();
 
   GameDisplayRect(const GameDisplayRect&) = delete;
   GameDisplayRect& operator=(const GameDisplayRect&) = delete;
@@ -38,15 +41,20 @@ class GameDisplayRect {
   void ClearStartField() { mStartFieldSet = false; }
   bool IsStartFieldSet() const { return mStartFieldSet; }
 
+  // As after construction: without a start field and, from the next Update on, black where nothing is drawn. Takes no
+  // new surface, as a new rectangle does.
+  void Reset();
+
   // Draws the ground from the map.
   void Update();
+  // Makes the picture count as stale, whatever it shows.
+  void Invalidate() { mShown.clear(); }
   // Whether Update would draw the same picture: the areas' ground and the light are those that it was drawn from.
   bool IsCurrent() const;
   // Without a start field on the map it logs that and keeps the picture. Leaves fields beyond the map's edge unpainted,
   // and all of them when picture 100000 is missing.
   void RebuildGroundSurface();
-  // Blends the edges of `tile`, which shows the ground of `field`, with the ground of its four neighbors where that
-  // differs. Leaves out neighbors whose picture has another size or format than the tile.
+  // GroundTiles::Blend.
   void SmoothTrans(const Field& field, SDL_Surface* tile);
 
   // Copies the picture to `target` with its top left corner at (x, y).
@@ -65,13 +73,15 @@ class GameDisplayRect {
   const Field* FindStartField() const;
   Source FindSource(Step fromStart) const;
   void NoteShown();
-  void PaintRow(const Field* first, SDL_Surface* tile, int y);
-  void PaintField(const Field* field, SDL_Surface* tile, int x, int y);
+  struct LastTile;
+  void PaintRow(const Field* first, LastTile& last, int y);
+  void PaintField(const Field* field, LastTile& last, int x, int y);
   void Log(const char* text, InfoLevel level);
 
   Repository* const mRepository;
   InfoHandler* const mInfoHandler;
   GameGraphics* const mGraphics;
+  const std::shared_ptr<GroundTiles> mTiles;
   std::uint8_t mStartR = 0;
   std::uint8_t mStartC = 0;
   std::uint8_t mStartFx = 0;
@@ -80,6 +90,7 @@ class GameDisplayRect {
   std::vector<Step> mSourcePlaces;  // of the areas that the picture shows, in areas from the start field's
   std::vector<Source> mShown;       // their states when it was drawn, in the same order; empty before that
   std::uint8_t mShownDarkness = 0;
+  bool mIsBlackNext = false;
   SurfacePtr mGroundSurface;
 };
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "display/GroundTiles.h"
 #include "foundation/Guard.h"
 #include "protocol/FieldPosition.h"
 #include "world/Repository.h"
@@ -45,14 +46,12 @@ void ForEachPlace(Body&& body) {
 
 }  // namespace
 
-GroundGrid::GroundGrid(GameGraphics& graphics, Repository& repository, InfoHandler& logger)
-    : mGraphics(graphics), mRepository(repository), mLogger(logger) {
-  ForEachPlace([&](int i, int j) { RectAt(mRects, i, j) = MakeRect(); });
+GroundGrid::GroundGrid(GameGraphics& graphics, Repository& repository, InfoHandler& logger) : mRepository(repository) {
+  const auto tiles = std::make_shared<GroundTiles>(graphics);
+  ForEachPlace([&](int i, int j) {
+    RectAt(mRects, i, j) = std::make_unique<GameDisplayRect>(&graphics, &repository, &logger, tiles);
+  });
   InitAllDisplayRects();
-}
-
-std::unique_ptr<GameDisplayRect> GroundGrid::MakeRect() const {
-  return std::make_unique<GameDisplayRect>(&mGraphics, &mRepository, &mLogger);
 }
 
 // ---- Layout ----
@@ -91,7 +90,7 @@ void GroundGrid::UpdateAllDisplayRects() {
     mHasGround = true;
     // Nothing is left to be moved when the map follows the player.
     mLastCenter = mRepository.GetMap().GetCenterArea()->GetPosition();
-    ForEachPlace([&](int i, int j) { RectAt(mRects, i, j)->Update(); });
+    ForEachPlace([&](int i, int j) { RectAt(mRects, i, j)->Invalidate(); });
   });
 }
 
@@ -145,18 +144,18 @@ void GroundGrid::ShiftDisplayRectsToNorthWest() {
   ShiftDisplayRects("ShiftDisplayRectsToNorthWest", Direction::NorthWest);
 }
 
-// The rectangles that stay in the grid keep their pictures; the new ones are drawn by the next frame that shows them.
+// The rectangles that stay in the grid keep their pictures. Those that leave it come in again on the other side, as new
+// ones: drawn by the next frame that shows them.
 void GroundGrid::ShiftDisplayRects(const char* method, Direction direction) {
   Guard(kModule, method, [&] {
     const GridStep step = kGridSteps[static_cast<std::uint32_t>(direction)];
-    const auto comesIn = [&](int i, int j) { return !IsInGrid(i + step.columns, j + step.rows); };
-    // Before any rectangle is moved: making them can fail, and the grid must not be left with holes.
     Rects shifted;
     ForEachPlace([&](int i, int j) {
-      if (comesIn(i, j)) RectAt(shifted, i, j) = MakeRect();
-    });
-    ForEachPlace([&](int i, int j) {
-      if (!comesIn(i, j)) RectAt(shifted, i, j) = std::move(RectAt(mRects, i + step.columns, j + step.rows));
+      const int fromI = i + step.columns;
+      const int fromJ = j + step.rows;
+      std::unique_ptr<GameDisplayRect>& rect = RectAt(mRects, (fromI + kEdge) % kEdge, (fromJ + kEdge) % kEdge);
+      if (!IsInGrid(fromI, fromJ)) rect->Reset();
+      RectAt(shifted, i, j) = std::move(rect);
     });
     mRects.swap(shifted);
     InitAllDisplayRects();
@@ -170,14 +169,25 @@ void GroundGrid::Blit(SDL_Surface& window, int left, int top) {
   if (!RectAt(mRects, kMiddle, kMiddle)->IsStartFieldSet()) InitAllDisplayRects();
   const bool isCovered = left <= 0 && top <= 0 && left + kWidth >= window.w && top + kHeight >= window.h;
   if (!isCovered) SDL_FillRect(&window, nullptr, SDL_MapRGB(window.format, 0, 0, 0));
+  bool isAllCurrent = true;
   ForEachPlace([&](int i, int j) {
     const int x = left + GameDisplayRect::kWidth * i;
     const int y = top + GameDisplayRect::kHeight * j;
     if (x >= window.w || x + GameDisplayRect::kWidth <= 0 || y >= window.h || y + GameDisplayRect::kHeight <= 0) return;
     GameDisplayRect& rect = *RectAt(mRects, i, j);
-    if (!rect.IsCurrent()) rect.Update();
+    if (!rect.IsCurrent()) {
+      isAllCurrent = false;
+      rect.Update();
+    }
     rect.Blit(&window, static_cast<std::int16_t>(x), static_cast<std::int16_t>(y));
   });
+  if (isAllCurrent) UpdateNext();
+}
+
+void GroundGrid::UpdateNext() {
+  mNextPlace = (mNextPlace + 1) % (kEdge * kEdge);
+  GameDisplayRect& rect = *RectAt(mRects, mNextPlace / kEdge, mNextPlace % kEdge);
+  if (!rect.IsCurrent()) rect.Update();
 }
 
 }  // namespace tolva

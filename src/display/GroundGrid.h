@@ -17,8 +17,10 @@ class InfoHandler;
 class Repository;
 
 // The ground around the player: 5 by 5 rectangles, [i][j] with columns i from left to right and rows j from top to
-// bottom. Each Blit redraws the rectangles in the window that do not show the map and the light as they are now. Moving
-// finished pictures along with the map only saves drawing.
+// bottom. Each Blit redraws the rectangles in the window that do not show the map and the light as they are now, and
+// when there is none, one of the others, ahead of the player. So neither a step over a border nor a change of the
+// light, after which many are stale, costs a frame that one feels. Moving finished pictures along with the map only
+// saves drawing.
 //
 // All operations read the map: whoever calls them holds the repository's lock. Display thread only. Errors name the
 // game screen, of which this is a part.
@@ -36,7 +38,7 @@ class GroundGrid {
   // so on, the start fields that follow. (fx, fy) is (0, 12) or (12, 0): the corners lie in the middle of the areas'
   // edges.
   void InitDisplayRects(int i, int j, int r, int c, int fx, int fy);
-  // Draws all ground from the map.
+  // Has all ground drawn anew from the map: what the window shows by the next Blit, the rest by those after it.
   void UpdateAllDisplayRects();
   // Clears all start fields.
   void InvalidateAllDisplayRects();
@@ -66,14 +68,14 @@ class GroundGrid {
 
   void InitAllDisplayRects();
   void ShiftDisplayRects(const char* method, Direction direction);
-  std::unique_ptr<GameDisplayRect> MakeRect() const;
+  // Draws the next rectangle, in the order of their places, if it is stale.
+  void UpdateNext();
 
-  GameGraphics& mGraphics;
   Repository& mRepository;
-  InfoHandler& mLogger;
   Rects mRects;
   AreaPosition mLastCenter;
   bool mHasGround = false;
+  int mNextPlace = 0;  // for UpdateNext
 };
 
 }  // namespace tolva

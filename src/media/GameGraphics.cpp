@@ -23,10 +23,12 @@ constexpr std::size_t kMaxMissing = 65'536;
 std::unordered_set<std::uint32_t> sMissing;
 std::unordered_set<std::uint32_t> sFound;
 
-SDL_Surface* Remember(std::uint32_t id, SDL_Surface* found) {
-  (found == nullptr ? sMissing : sFound).insert(id);
-  return found;
-}
+void Remember(std::uint32_t id, bool isFound) { (isFound ? sFound : sMissing).insert(id); }
+
+// The pictures of a sheet stand in columns of this width, in pixels.
+constexpr int kSheetColumn = 76;
+
+const Sprite kNoSprite;
 
 // Converting a picture to a 16-bit format in which all channels share these bits, and back, gives its mask.
 constexpr Uint32 kMaskChannel = 0x000000FF;
@@ -96,11 +98,7 @@ GameGraphics::GameGraphics(Archive* archive) : mArchive(archive) {}
 GameGraphics::~GameGraphics() = default;
 
 SDL_Surface* GameGraphics::GetGraphic(std::uint32_t id) {
-  return Guard(kModule, "GetGraphic", [&]() -> SDL_Surface* {
-    if (id == 0) return nullptr;
-    const GraphicEntry* entry = FindEntry(id);
-    return entry == nullptr ? nullptr : entry->darkened.get();
-  });
+  return Guard(kModule, "GetGraphic", [&]() -> SDL_Surface* { return id == 0 ? nullptr : GetSprite(id).GetSurface(); });
 }
 
 SDL_Surface* GameGraphics::GetMask(std::uint32_t id) {
@@ -110,19 +108,42 @@ SDL_Surface* GameGraphics::GetMask(std::uint32_t id) {
   });
 }
 
-SDL_Surface* GameGraphics::FindGraphic(std::uint32_t id) {
-  return Guard(kModule, "FindGraphic",
-               [&]() -> SDL_Surface* { return id != 0 && MayBeThere(id) ? Remember(id, GetGraphic(id)) : nullptr; });
+SDL_Surface* GameGraphics::FindGraphic(std::uint32_t id) { return FindSprite(id).GetSurface(); }
+
+const Sprite& GameGraphics::FindSprite(std::uint32_t id) {
+  return Guard(kModule, "FindGraphic", [&]() -> const Sprite& {
+    if (id == 0 || !MayBeThere(id)) return kNoSprite;
+    const Sprite& sprite = GetSprite(id);
+    Remember(id, sprite.GetSurface() != nullptr);
+    return sprite;
+  });
 }
 
 SDL_Surface* GameGraphics::FindMask(std::uint32_t id) {
-  return Guard(kModule, "FindMask", [&] { return MayBeThere(id) ? Remember(id, GetMask(id)) : nullptr; });
+  return Guard(kModule, "FindMask", [&]() -> SDL_Surface* {
+    if (!MayBeThere(id)) return nullptr;
+    SDL_Surface* mask = GetMask(id);
+    Remember(id, mask != nullptr);
+    return mask;
+  });
 }
 
+bool GameGraphics::IsKnown(std::uint32_t id) const { return mGraphics.contains(id) || !MayBeThere(id); }
+
 void GameGraphics::SetDarkness(std::uint8_t darkness) {
-  Guard(kModule, "SetDarkness", [&] {
-    mDarkness = darkness;
-    for (auto& [id, entry] : mGraphics) Darken(entry);
+  mDarkness = darkness;
+  mNextToDarken = 0;
+}
+
+bool GameGraphics::DarkenNext() {
+  return Guard(kModule, "DarkenNext", [&] {
+    for (auto each = mGraphics.lower_bound(mNextToDarken); each != mGraphics.end(); ++each) {
+      mNextToDarken = each->first;
+      if (each->second.darkness == mDarkness) continue;
+      Darken(each->second);
+      return true;
+    }
+    return false;
   });
 }
 
@@ -133,7 +154,9 @@ bool GameGraphics::LoadGraphic(std::uint32_t id) {
     GraphicEntry entry;
     entry.source = Copy(loaded);
     entry.mask = MakeMask(entry.source);
-    Darken(entry);
+    // The source is see-through where the darkened picture is.
+    entry.darkened = Sprite(Copy(entry.source), kSheetColumn);
+    if (mDarkness != 0) Darken(entry);
     mGraphics.insert_or_assign(id, std::move(entry));
     return true;
   });
@@ -149,6 +172,13 @@ GameGraphics::GraphicEntry* GameGraphics::FindEntry(std::uint32_t id) {
   return found == mGraphics.end() ? nullptr : &found->second;
 }
 
+const Sprite& GameGraphics::GetSprite(std::uint32_t id) {
+  GraphicEntry* entry = FindEntry(id);
+  if (entry == nullptr) return kNoSprite;
+  if (entry->darkness != mDarkness) Darken(*entry);
+  return entry->darkened;
+}
+
 void GameGraphics::ForgetMissing() {
   sMissing.clear();
   sFound.clear();
@@ -161,17 +191,16 @@ bool GameGraphics::MayBeThere(std::uint32_t id) {
 // The veil is black everywhere, so it darkens the pixels of the color key too, which would then be drawn. The mask
 // restores them: it has the key's color where the picture is see-through, and is see-through elsewhere.
 void GameGraphics::Darken(GraphicEntry& entry) const {
-  if (entry.darkened == nullptr) {
-    entry.darkened = Copy(entry.source);
-  } else {
-    LayOver(entry.source, entry.darkened);
+  SDL_Surface* darkened = entry.darkened.GetSurface();
+  CopyWhole(entry.source.get(), darkened, 0, 0);
+  if (mDarkness != 0) {
+    const SurfacePtr veil = Copy(entry.source);
+    SDL_FillRect(veil.get(), nullptr, 0);
+    SDL_SetAlpha(veil.get(), SDL_SRCALPHA, mDarkness);
+    CopyWhole(veil.get(), darkened, 0, 0);
+    CopyWhole(entry.mask.get(), darkened, 0, 0);
   }
-  if (mDarkness == 0) return;
-  const SurfacePtr veil = Copy(entry.source);
-  SDL_FillRect(veil.get(), nullptr, 0);
-  SDL_SetAlpha(veil.get(), SDL_SRCALPHA, mDarkness);
-  LayOver(veil, entry.darkened);
-  LayOver(entry.mask, entry.darkened);
+  entry.darkness = mDarkness;
 }
 
 }  // namespace tolva

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 
+#include "sdl/Sprite.h"
 #include "sdl/SurfacePtr.h"
 
 namespace tolva {
@@ -10,8 +11,9 @@ namespace tolva {
 class Archive;
 
 // A store of the game view's pictures, by graphic id. Loads a picture when it is first requested and keeps it until
-// the store is emptied. Pictures are already darkened to the world's darkness, so it costs nothing per frame. Needs a
-// video mode. Display thread only.
+// the store is emptied. Pictures are already darkened to the world's darkness, so it costs nothing per frame: each is
+// darkened when it is next requested, since a step of the light would else redraw hundreds of pictures in one frame.
+// Needs a video mode. Display thread only.
 class GameGraphics {
  public:
   // Borrows `archive`, which must outlive the store.
@@ -22,8 +24,8 @@ class GameGraphics {
   GameGraphics& operator=(const GameGraphics&) = delete;
 
   // The picture in the display's format at the current darkness. The store owns the surface, which is valid until the
-  // store is emptied; SetDarkness redraws it. Null for id 0 and for a picture that the archive cannot load; each call
-  // then tries again, and the archive logs again.
+  // store is emptied; the next request after SetDarkness redraws it. Null for id 0 and for a picture that the archive
+  // cannot load; each call then tries again, and the archive logs again.
   SDL_Surface* GetGraphic(std::uint32_t id);
   // The picture that restores, copied over the darkened picture, the pixels that must stay see-through. As GetGraphic
   // otherwise, but without the rule for id 0.
@@ -34,12 +36,18 @@ class GameGraphics {
   // known to be missing, only pictures that were found before are tried.
   SDL_Surface* FindGraphic(std::uint32_t id);
   SDL_Surface* FindMask(std::uint32_t id);
+  // What FindGraphic gives, prepared for copying; never null, but can have no picture.
+  const Sprite& FindSprite(std::uint32_t id);
+  // Whether the picture is loaded, or known to be missing.
+  bool IsKnown(std::uint32_t id) const;
   // Empties that cache, as if a new run began.
   static void ForgetMissing();
 
-  // From 0 (full daylight) to 255 (black). Redraws every loaded picture.
+  // From 0 (full daylight) to 255 (black).
   void SetDarkness(std::uint8_t darkness);
   std::uint8_t GetDarkness() const { return mDarkness; }
+  // Darkens one picture that nobody has requested since the darkness changed. False when there is none left.
+  bool DarkenNext();
 
   // Loads the picture, replacing one that is loaded. False when the archive cannot load it. Throws an Error when SDL
   // cannot make its surfaces.
@@ -50,16 +58,19 @@ class GameGraphics {
   struct GraphicEntry {
     SurfacePtr source;
     SurfacePtr mask;
-    SurfacePtr darkened;
+    Sprite darkened;
+    std::uint8_t darkness = 0;  // of `darkened`
   };
 
   GraphicEntry* FindEntry(std::uint32_t id);
   static bool MayBeThere(std::uint32_t id);
+  const Sprite& GetSprite(std::uint32_t id);
   void Darken(GraphicEntry& entry) const;
 
   Archive* const mArchive;
   std::map<std::uint32_t, GraphicEntry> mGraphics;
   std::uint8_t mDarkness = 0;
+  std::uint32_t mNextToDarken = 0;  // the id from which on DarkenNext searches
 };
 
 }  // namespace tolva

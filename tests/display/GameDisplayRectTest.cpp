@@ -1,9 +1,11 @@
 #include <algorithm>
+#include <random>
 
 #include "display/DisplayFixture.h"
 #include "display/GameDisplayRect.h"
 #include "foundation/InfoHandler.h"
 #include "media/GameGraphics.h"
+#include "plain/Ground.h"
 #include "support/Golden.h"
 #include "support/VideoTest.h"
 #include "support/WaitUntil.h"
@@ -61,6 +63,34 @@ TEST_F(GameDisplayRectTest, LaysTheGroundSoftlyTogether) {
     mRect.Blit(mVideo, 20, 10);
     SDL_BlitSurface(mGraphics.GetGraphic(kSand), nullptr, mVideo, nullptr);  // drawn like a thing on the ground
     EXPECT_TRUE(MatchesGolden(name, *mVideo, {20, 0, 200, 110}));
+  }
+}
+
+// Also of grounds that cover only a part of a tile, or more than it, and let those before them show through.
+TEST_F(GameDisplayRectTest, LaysTheSameAsWhenEachTileIsComposed) {
+  std::mt19937 random(3);
+  for (const int bits : {16, 16, 16, 8, 32}) {
+    ASSERT_NE(SDL_SetVideoMode(800, 600, bits, SDL_SWSURFACE), nullptr);
+    GameGraphics graphics(&mArchive);
+    plain::Ground plain(graphics, mRepository);
+    GameDisplayRect rect(&graphics, &mRepository, &mLog);
+    rect.SetStartField(kMapCenter, kMapCenter, 0, 12);
+    for (const Uint8 darkness : {0, 90}) {
+      const std::uint32_t odd[] = {kStub, kSheet, kNone, 0};
+      const std::uint32_t usual[] = {kGrass, kSand, kSea, kSea + 1};
+      for (int i = 0; i < kMapAreas * kAreaFields; ++i) {
+        const std::uint32_t ground = random() % 8 == 0 ? odd[random() % 4] : usual[random() % 4];
+        Lay(i % kAreaFields, ground, Uint8(random() % 16), Uint8(i / kAreaFields / kMapEdge),
+            Uint8(i / kAreaFields % kMapEdge));
+      }
+      graphics.SetDarkness(darkness);
+      plain.DrawAll();
+      rect.Update();
+      const SurfacePtr shown(SDL_DisplayFormat(&plain.GetPicture(2, 2)));
+      rect.Blit(shown.get(), 0, 0);
+      EXPECT_EQ(std::memcmp(shown->pixels, plain.GetPicture(2, 2).pixels, std::size_t(shown->pitch) * 432), 0)
+          << bits << " bits";
+    }
   }
 }
 
