@@ -60,6 +60,8 @@ void AddFrameRows(Table& table) {
     scene.AddPeople(kPeople, kSpeaking);
     const auto screen = scene.MakeScreen(window);
     PlainFrame plain(window, scene);
+    // Until what is prepared ahead is ready.
+    for (int i = 0; i < 100; ++i) screen->Blit();
     CopyRing ring(static_cast<std::size_t>(window.pitch) * static_cast<std::size_t>(window.h));
     const auto draw = [&](auto& shown) {
       return PerCall([&] {

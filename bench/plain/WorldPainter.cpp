@@ -1,10 +1,14 @@
 #include "plain/WorldPainter.h"
 
+#include <utility>
+
 #include "display/FieldTiles.h"
 #include "display/MessageHistory.h"
 #include "display/PictureIds.h"
 #include "display/TextBox.h"
+#include "media/Archive.h"
 #include "plain/Copy.h"
+#include "sdl/Text.h"
 
 namespace tolva::plain {
 namespace {
@@ -13,14 +17,10 @@ constexpr int kSpriteHeight = 114;
 constexpr int kSpriteRise = kSpriteHeight - kTilePictureHeight;
 constexpr int kVoluRise = 228 - kTilePictureHeight;
 
-class Label : public TextBox {
+// Gives away the font of the text boxes.
+class FontSource : public TextBox {
  public:
-  using TextBox::TextBox;
-
-  void Blit(SDL_Surface* target) override {
-    const Rect& place = GetPlace();
-    if (mSurface != nullptr) CopyPart(mSurface.get(), {0, 0, place.width, place.height}, target, place.x, place.y);
-  }
+  using TextBox::GetFont;
 };
 
 const Field* Walk(const Field* field, Direction direction, int steps) {
@@ -53,7 +53,7 @@ void WorldPainter::BlitObjects() {
       lower = Next(lower, Direction::East);
     }
   }
-  for (const auto& label : labels) label->Blit(&mWindow);
+  for (const Label& label : labels) CopyPart(label.picture.get(), {0, 0, 800, 20}, &mWindow, label.x, label.y);
 }
 
 void WorldPainter::BlitField(const Field* field, int x, int y, Labels& labels) {
@@ -75,10 +75,10 @@ void WorldPainter::BlitCharacter(ClientCharacter& character, int x, int y, Label
 }
 
 void WorldPainter::AddLabel(const char* text, Rgb color, int spriteX, int y, Labels& labels) {
-  auto label =
-      std::make_unique<Label>(0, static_cast<std::int16_t>(y), 800, 20, color.r, color.g, color.b, text, &mLog);
-  label->SetX(static_cast<std::int16_t>(spriteX - (label->GetTextWidth() - kTileWidth) / 2));
-  labels.push_back(std::move(label));
+  const Archive archive("Graphics", &mLog);  // each label had its own
+  SurfacePtr picture = RenderText(FontSource::GetFont(), text, color);
+  const int x = spriteX - (picture->w - kTileWidth) / 2;
+  labels.push_back({std::move(picture), x, y});
 }
 
 }  // namespace tolva::plain

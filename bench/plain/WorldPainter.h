@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <vector>
 
 #include <SDL.h>
@@ -8,11 +7,8 @@
 #include "foundation/InfoHandler.h"
 #include "media/GameGraphics.h"
 #include "sdl/Rgb.h"
+#include "sdl/SurfacePtr.h"
 #include "world/Repository.h"
-
-namespace tolva {
-class TextBox;
-}
 
 namespace tolva::plain {
 
@@ -25,7 +21,12 @@ class WorldPainter {
   void BlitObjects();
 
  private:
-  using Labels = std::vector<std::unique_ptr<TextBox>>;
+  struct Label {
+    SurfacePtr picture;
+    int x;
+    int y;
+  };
+  using Labels = std::vector<Label>;
 
   void BlitField(const Field* field, int x, int y, Labels& labels);
   void BlitCharacter(ClientCharacter& character, int x, int y, Labels& labels);

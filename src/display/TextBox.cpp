@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 #include "archive/ArchiveFormat.h"
 #include "foundation/Guard.h"
+#include "sdl/Surface.h"
 #include "sdl/Text.h"
 
 namespace tolva {
@@ -76,6 +78,9 @@ void TextBox::SetMaxLength(std::uint32_t maxLength) { mMaxLength = std::min(maxL
 void TextBox::Render(const char* text) {
   // The font library renders no empty text: there is no surface then.
   mSurface = RenderText(GetFont(), text, mColor);
+  if (mSurface == nullptr) return;
+  // In the window's format it is copied in a fraction of the time.
+  if (SurfacePtr converted = CopyForDisplay(*mSurface)) mSurface = std::move(converted);
 }
 
 }  // namespace tolva

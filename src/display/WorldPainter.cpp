@@ -11,7 +11,6 @@
 #include "foundation/Ticks.h"
 #include "media/GameGraphics.h"
 #include "protocol/WorldEdges.h"
-#include "sdl/Copy.h"
 #include "world/Repository.h"
 
 namespace tolva {
@@ -42,8 +41,6 @@ constexpr int kExtraRows = 7;
 constexpr int kRowsAbove = 2;
 
 constexpr std::uint32_t kMessageMs = 10000;
-constexpr int kLabelWidth = 800;
-constexpr int kLabelHeight = 20;
 
 std::int16_t Narrow(int value) {
   using Limits = std::numeric_limits<std::int16_t>;
@@ -58,7 +55,11 @@ const Field* Walk(const Field* field, Direction direction, int steps) {
 }  // namespace
 
 WorldPainter::WorldPainter(SDL_Surface& window, GameGraphics& graphics, Repository& repository, InfoHandler& logger)
-    : mWindow(window), mGraphics(graphics), mRepository(repository), mLogger(logger) {}
+    : mWindow(window),
+      mGraphics(graphics),
+      mRepository(repository),
+      mMessages(kWhite, logger),
+      mNames(kNameColor, logger) {}
 
 Step WorldPainter::GetFieldsFromCenter(const Field& field) const {
   const Step areas = mRepository.GetMap().GetStepsFromCenter(*field.GetArea());
@@ -93,57 +94,60 @@ void WorldPainter::BlitObjects() {
     const int left = mWindow.w / 2 - kTileWidth / 2 - player.GetOffsetX() - kTileWidth * stepsWest;
     const int top = mWindow.h / 2 - kTileHeight / 2 - player.GetOffsetY() - kTileHeight * stepsNorth;
 
-    Labels labels;
+    mPlacedLabels.clear();
     const Field* first = Walk(Walk(player.GetField(), Direction::West, stepsWest), Direction::North, stepsNorth);
     for (int row = 0; row < rows + kExtraRows + kRowsAbove; ++row) {
-      BlitRow(first, left, top + kTileHeight * row, labels);
+      BlitRow(first, left, top + kTileHeight * row);
       first = Next(first, Direction::South);
     }
     // Last, so that nothing hides what is said.
-    for (const auto& label : labels) label->Blit(&mWindow);
+    for (const PlacedLabel& label : mPlacedLabels) {
+      label.box.SetX(label.x);
+      label.box.SetY(label.y);
+      label.box.Blit(&mWindow);
+    }
+    mMessages.Forget();
+    mNames.Forget();
   });
 }
 
-void WorldPainter::BlitRow(const Field* first, int x, int y, Labels& labels) {
+void WorldPainter::BlitRow(const Field* first, int x, int y) {
   const Field* upper = first;
   const Field* lower = Next(first, Direction::SouthWest);
   for (int column = 0; column < mWindow.w / kTileWidth + kExtraColumns; ++column) {
-    BlitField(upper, x, y, labels);
-    BlitField(lower, x - kTileWidth / 2, y + kTileHeight / 2, labels);
+    BlitField(upper, x, y);
+    BlitField(lower, x - kTileWidth / 2, y + kTileHeight / 2);
     x += kTileWidth;
     upper = Next(upper, Direction::East);
     lower = Next(lower, Direction::East);
   }
 }
 
-void WorldPainter::BlitField(const Field* field, int x, int y, Labels& labels) {
+void WorldPainter::BlitField(const Field* field, int x, int y) {
   if (field == nullptr) return;
-  if (field->GetVoluId() != 0) CopyWhole(mGraphics.FindGraphic(field->GetVoluId()), &mWindow, x, y - kVoluRise);
-  if (ClientCharacter* character = ClientCharacter::On(*field)) BlitCharacter(*character, x, y, labels);
+  if (field->GetVoluId() != 0) mGraphics.FindSprite(field->GetVoluId()).CopyWhole(mWindow, x, y - kVoluRise);
+  if (ClientCharacter* character = ClientCharacter::On(*field)) BlitCharacter(*character, x, y);
 }
 
-void WorldPainter::BlitCharacter(ClientCharacter& character, int x, int y, Labels& labels) {
+void WorldPainter::BlitCharacter(ClientCharacter& character, int x, int y) {
   // The player's own has moved already, with the view.
   if (&character != &mRepository.GetPlayer()) character.Animate();
   const int left = x + character.GetOffsetX();
   const int top = y + character.GetOffsetY() - kSpriteRise;
   const int direction = static_cast<int>(character.GetDirection());
   const Rect part{kSpriteWidth * character.GetFrame(), kSpriteHeight * direction, kSpriteWidth, kSpriteHeight};
-  CopyPart(mGraphics.FindGraphic(kPictureCharacters), part, &mWindow, left, top);
+  mGraphics.FindSprite(kPictureCharacters).CopyPart(part, mWindow, left, top);
 
   if (character.GetChatMessage()[0] == '\0') return;
   if (GetTicks() - character.GetMessageTick() > kMessageMs) return character.SetChatMessage("");
   // Of a character above the window only the name would show, at the upper edge.
   if (top + kSpriteHeight <= 0) return;
-  AddLabel(character.GetChatMessage(), kWhite, left, top, labels);
-  AddLabel(character.GetName(), kNameColor, left, top + kSpriteHeight, labels);
+  AddLabel(mMessages.Get(character.GetChatMessage()), left, top);
+  AddLabel(mNames.Get(character.GetName()), left, top + kSpriteHeight);
 }
 
-void WorldPainter::AddLabel(const char* text, Rgb color, int spriteX, int y, Labels& labels) {
-  auto label =
-      std::make_unique<TextBox>(0, Narrow(y), kLabelWidth, kLabelHeight, color.r, color.g, color.b, text, &mLogger);
-  label->SetX(Narrow(spriteX - (label->GetTextWidth() - kSpriteWidth) / 2));
-  labels.push_back(std::move(label));
+void WorldPainter::AddLabel(TextBox& box, int spriteX, int y) {
+  mPlacedLabels.push_back({box, Narrow(spriteX - (box.GetTextWidth() - kSpriteWidth) / 2), Narrow(y)});
 }
 
 }  // namespace tolva

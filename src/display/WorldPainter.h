@@ -1,14 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <vector>
 
 #include <SDL.h>
 
-#include "display/TextBox.h"
+#include "display/Labels.h"
 #include "protocol/Direction.h"
-#include "sdl/Rgb.h"
 
 namespace tolva {
 
@@ -38,21 +36,28 @@ class WorldPainter {
   void BlitObjects();
 
  private:
-  using Labels = std::vector<std::unique_ptr<TextBox>>;
+  // A label's place in this frame.
+  struct PlacedLabel {
+    TextBox& box;
+    std::int16_t x;
+    std::int16_t y;
+  };
 
   // Where the field lies, in fields from field (0, 0) of the map's center area; can be outside that area.
   Step GetFieldsFromCenter(const Field& field) const;
   // Draws two interlocking rows of fields: `first` and those to the East, and half a tile lower those to the SouthWest
   // of each. `first` can be null, as can any other field of the row.
-  void BlitRow(const Field* first, int x, int y, Labels& labels);
-  void BlitField(const Field* field, int x, int y, Labels& labels);
-  void BlitCharacter(ClientCharacter& character, int x, int y, Labels& labels);
-  void AddLabel(const char* text, Rgb color, int spriteX, int y, Labels& labels);
+  void BlitRow(const Field* first, int x, int y);
+  void BlitField(const Field* field, int x, int y);
+  void BlitCharacter(ClientCharacter& character, int x, int y);
+  void AddLabel(TextBox& box, int spriteX, int y);
 
   SDL_Surface& mWindow;
   GameGraphics& mGraphics;
   Repository& mRepository;
-  InfoHandler& mLogger;
+  Labels mMessages;
+  Labels mNames;
+  std::vector<PlacedLabel> mPlacedLabels;  // of the frame that is being drawn
 };
 
 }  // namespace tolva
