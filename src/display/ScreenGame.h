@@ -8,6 +8,7 @@
 #include "display/InputBox.h"
 #include "display/MessageHistory.h"
 #include "display/MoveKeys.h"
+#include "display/PicturePreloader.h"
 #include "display/Screen.h"
 #include "display/SyncProgress.h"
 #include "display/WorldPainter.h"
@@ -49,6 +50,7 @@ class ScreenGame final : public Screen {
   void UnlockRepository() noexcept;
 
   void BlitWorld();
+  void BlitProgress();
   void BlitBottom();
 
   std::unique_ptr<Packet> HandleKey(const SDL_Event& event);
@@ -72,6 +74,7 @@ class ScreenGame final : public Screen {
   Repository& mRepository;
   GameGraphics mGraphics;
   WorldPainter mPainter;
+  PicturePreloader mPreloader;
   std::unique_ptr<GroundGrid> mGround;
   std::unique_ptr<SyncProgress> mProgress;
   std::unique_ptr<BottomStrip> mBottomStrip;
