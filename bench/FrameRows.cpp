@@ -1,12 +1,9 @@
 #include <string>
+#include <utility>
 
 #include "Rows.h"
-#include "display/BottomStrip.h"
-#include "display/WorldPainter.h"
 #include "harness/Table.h"
-#include "media/Archive.h"
-#include "plain/Ground.h"
-#include "plain/WorldPainter.h"
+#include "plain/Screen.h"
 #include "scene/Scene.h"
 
 namespace tolva::bench {
@@ -15,36 +12,26 @@ namespace {
 constexpr int kPeople = 40;
 constexpr int kSpeaking = 10;
 
-// What ScreenGame draws, in the plain way. The bar along the bottom is a hundredth of a frame and left out.
-class PlainFrame {
- public:
-  PlainFrame(SDL_Surface& window, Scene& scene)
-      : mWindow(window),
-        mOffsets(window, mGraphics, scene.GetRepository(), mLog),
-        mGround(mGraphics, scene.GetRepository()),
-        mPainter(window, mGraphics, scene.GetRepository()) {
-    mGround.DrawAll();
+std::string NameOf(const std::string& work, Size size) {
+  return work + ", " + std::to_string(size.width) + "x" + std::to_string(size.height);
+}
+
+// Until what is prepared ahead is ready.
+void Settle(ScreenGame& screen) {
+  for (int i = 0; i < 300; ++i) screen.Blit();
+}
+
+// The most that one of so many frames takes.
+Cost MeasureWorst(ScreenGame& screen, int frames) {
+  Cost worst;
+  for (int i = 0; i < frames; ++i) {
+    const Cost frame = Measure([&] { screen.Blit(); });
+    if (frame.microseconds > worst.microseconds) worst = frame;
   }
+  return worst;
+}
 
-  void Blit() {
-    mGround.Blit(mWindow, mWindow.w / 2 + mOffsets.GetBlitOffsetX() - GroundGrid::kWidth / 2,
-                 mWindow.h / 2 + mOffsets.GetBlitOffsetY() - GroundGrid::kHeight / 2);
-    mPainter.BlitObjects();
-  }
-
- private:
-  SDL_Surface& mWindow;
-  InfoHandler mLog;
-  Archive mArchive{"Graphics", &mLog};
-  GameGraphics mGraphics{&mArchive};
-  WorldPainter mOffsets;
-  plain::Ground mGround;
-  plain::WorldPainter mPainter;
-};
-
-}  // namespace
-
-void AddFrameRows(Table& table) {
+void AddStillFrames(Table& table) {
   const struct {
     Size size;
     const char* name;
@@ -55,13 +42,14 @@ void AddFrameRows(Table& table) {
                 {{1280, 1024}, "village", FindVillage(), 6},
                 {{1280, 1024}, "wood", FindWood(), 7.5}};
   for (const auto& frame : frames) {
+    const std::string name = NameOf("A frame of the " + std::string(frame.name), frame.size);
+    if (!table.Wants(name)) continue;
     SDL_Surface& window = SetWindow(frame.size);
     Scene scene(frame.place);
     scene.AddPeople(kPeople, kSpeaking);
     const auto screen = scene.MakeScreen(window);
-    PlainFrame plain(window, scene);
-    // Until what is prepared ahead is ready.
-    for (int i = 0; i < 100; ++i) screen->Blit();
+    plain::Screen plain(window, scene.GetRepository());
+    Settle(*screen);
     CopyRing ring(static_cast<std::size_t>(window.pitch) * static_cast<std::size_t>(window.h));
     const auto draw = [&](auto& shown) {
       return PerCall([&] {
@@ -69,10 +57,88 @@ void AddFrameRows(Table& table) {
         shown.Blit();
       });
     };
-    table.Run({"A frame of the " + std::string(frame.name) + ", " + std::to_string(frame.size.width) + "x" +
-                   std::to_string(frame.size.height),
-               draw(*screen), draw(plain), "memcpy of the frame", PerCall([&] { ring(); }), frame.aim});
+    table.Run({name, draw(*screen), draw(plain), "memcpy of the frame", PerCall([&] { ring(); }), frame.aim});
   }
+}
+
+// Walks over a border of areas and back. In both directions a row and a column of rectangles come in.
+void AddBorders(Table& table) {
+  constexpr int kFramesOfAStep = 10;
+  for (const auto& [name, place] : {std::pair{"village", FindVillage()}, {"wood", FindWood()}}) {
+    const Size size{1280, 1024};
+    const std::string work = NameOf("Worst frame of a walk over a border, " + std::string(name), size);
+    if (!table.Wants(work)) continue;
+    SDL_Surface& window = SetWindow(size);
+    Scene scene(place);
+    const auto screen = scene.MakeScreen(window);
+    Settle(*screen);
+    const auto walk = [&](Direction direction) {
+      Cost worst;
+      for (int step = 0; step < kAreaEdge; ++step) {
+        scene.Step(direction);
+        const Cost frame = MeasureWorst(*screen, kFramesOfAStep);
+        if (frame.microseconds > worst.microseconds) worst = frame;
+      }
+      return worst;
+    };
+    plain::Screen plain(window, scene.GetRepository());
+    bool isThere = false;
+    table.Run({work,
+               [&] {
+                 isThere = !isThere;
+                 return walk(isThere ? Direction::SouthEast : Direction::NorthWest);
+               },
+               [&] {
+                 return Measure([&] {
+                   plain.CrossBorder(0, 0);
+                   plain.Blit();
+                 });
+               },
+               "the plain way", nullptr, 1.0 / 5});
+  }
+}
+
+void AddDarkness(Table& table) {
+  // Longer than it takes to draw and to darken all that is not seen.
+  constexpr int kFrames = 400;
+  for (const Size size : {Size{800, 600}, Size{1280, 1024}}) {
+    const std::string name = NameOf("Worst frame of a step of darkness, village", size);
+    if (!table.Wants(name)) continue;
+    SDL_Surface& window = SetWindow(size);
+    Scene scene(FindVillage());
+    const auto screen = scene.MakeScreen(window);
+    Settle(*screen);
+    plain::Screen plain(window, scene.GetRepository());
+    std::uint8_t darkness = 0;
+    std::uint8_t plainDarkness = 0;
+    table.Run({name,
+               [&] {
+                 darkness = static_cast<std::uint8_t>((darkness + 10) % 200);
+                 const Cost first = Measure([&] {
+                   screen->HandlePacket(new PacketDarkness(darkness));
+                   screen->Blit();
+                 });
+                 const Cost later = MeasureWorst(*screen, kFrames);
+                 return first.microseconds > later.microseconds ? first : later;
+               },
+               [&] {
+                 plainDarkness = static_cast<std::uint8_t>((plainDarkness + 10) % 200);
+                 plain.PrepareDarkness(plainDarkness);
+                 return Measure([&] {
+                   plain.SetDarkness(plainDarkness);
+                   plain.Blit();
+                 });
+               },
+               "the plain way", nullptr, 1.0 / 3});
+  }
+}
+
+}  // namespace
+
+void AddFrameRows(Table& table) {
+  AddStillFrames(table);
+  AddBorders(table);
+  AddDarkness(table);
 }
 
 }  // namespace tolva::bench

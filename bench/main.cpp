@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
   using namespace tolva::bench;
   try {
     const RunDirectory directory(argc > 1 ? argv[1] : "build/data");
-    Table table;
+    Table table(argc > 2 ? argv[2] : "");
     for (int run = 1; run <= kRuns; ++run) {
       std::fprintf(stderr, "Run %d of %d\n", run, kRuns);
       AddFrameRows(table);

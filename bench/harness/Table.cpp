@@ -56,6 +56,7 @@ Table::Row& Table::FindRow(const Work& work) {
 }
 
 void Table::Run(const Work& work) {
+  if (!Wants(work.name)) return;
   Repetitions ours;
   Repetitions plain;
   std::vector<double> yards;
@@ -76,6 +77,7 @@ void Table::Run(const Work& work) {
 }
 
 void Table::Note(const Work& work, const Cost& ours, const Cost* plain, const Cost& yard) {
+  if (!Wants(work.name)) return;
   Row& row = FindRow(work);
   row.ours.Add(ours.microseconds / yard.microseconds, ours);
   if (plain != nullptr) row.plain.Add(plain->microseconds / yard.microseconds, *plain);

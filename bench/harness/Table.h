@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "harness/Measure.h"
@@ -20,6 +21,11 @@ struct Work {
 // The table of all work: each figure is a ratio between ways that take turns, so that a busy machine slows them alike.
 class Table {
  public:
+  // Leaves out the work whose name does not contain `filter`.
+  explicit Table(std::string filter = "") : mFilter(std::move(filter)) {}
+
+  // Whether the work is measured. For work that takes long to prepare.
+  bool Wants(const std::string& name) const { return name.find(mFilter) != std::string::npos; }
   // Measures the work now, in turns with its plain way and its yardstick. The same name again is a further run of it.
   void Run(const Work& work);
   // A further run of work that was measured in another way. `plain` may be null.
@@ -46,6 +52,7 @@ class Table {
 
   Row& FindRow(const Work& work);
 
+  const std::string mFilter;
   std::vector<Row> mRows;
 };
 

@@ -103,6 +103,7 @@ void Scene::AddPeople(int count, int speaking) {
     mRepository.GetMap().AddCharacter(*field, std::move(character));
     --count;
   }
+  KeepSpeaking();
 }
 
 void Scene::KeepSpeaking() {

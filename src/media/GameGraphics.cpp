@@ -103,8 +103,8 @@ SDL_Surface* GameGraphics::GetGraphic(std::uint32_t id) {
 
 SDL_Surface* GameGraphics::GetMask(std::uint32_t id) {
   return Guard(kModule, "GetMask", [&]() -> SDL_Surface* {
-    const GraphicEntry* entry = FindEntry(id);
-    return entry == nullptr ? nullptr : entry->mask.get();
+    GraphicEntry* entry = FindEntry(id);
+    return entry == nullptr ? nullptr : MaskOf(*entry);
   });
 }
 
@@ -153,7 +153,6 @@ bool GameGraphics::LoadGraphic(std::uint32_t id) {
     if (loaded == nullptr) return false;
     GraphicEntry entry;
     entry.source = Copy(loaded);
-    entry.mask = MakeMask(entry.source);
     // The source is see-through where the darkened picture is.
     entry.darkened = Sprite(Copy(entry.source), kSheetColumn);
     if (mDarkness != 0) Darken(entry);
@@ -188,19 +187,32 @@ bool GameGraphics::MayBeThere(std::uint32_t id) {
   return sFound.contains(id) || (sMissing.size() < kMaxMissing && !sMissing.contains(id));
 }
 
-// The veil is black everywhere, so it darkens the pixels of the color key too, which would then be drawn. The mask
-// restores them: it has the key's color where the picture is see-through, and is see-through elsewhere.
-void GameGraphics::Darken(GraphicEntry& entry) const {
-  SDL_Surface* darkened = entry.darkened.GetSurface();
-  CopyWhole(entry.source.get(), darkened, 0, 0);
-  if (mDarkness != 0) {
-    const SurfacePtr veil = Copy(entry.source);
-    SDL_FillRect(veil.get(), nullptr, 0);
-    SDL_SetAlpha(veil.get(), SDL_SRCALPHA, mDarkness);
-    CopyWhole(veil.get(), darkened, 0, 0);
-    CopyWhole(entry.mask.get(), darkened, 0, 0);
+SDL_Surface* GameGraphics::MaskOf(GraphicEntry& entry) {
+  if (entry.mask == nullptr) entry.mask = MakeMask(entry.source);
+  return entry.mask.get();
+}
+
+void GameGraphics::Darken(GraphicEntry& entry) {
+  SDL_Surface& darkened = *entry.darkened.GetSurface();
+  if (mDarkness == 0) {
+    CopyWhole(entry.source.get(), &darkened, 0, 0);
+  } else if (DarknessTable::Serves(*entry.source)) {
+    mTable.Darken(*entry.source, darkened, mDarkness);
+  } else {
+    LayVeil(entry, darkened);
   }
   entry.darkness = mDarkness;
+}
+
+// The veil is black everywhere, so it darkens the pixels of the color key too, which would then be drawn. The mask
+// restores them: it has the key's color where the picture is see-through, and is see-through elsewhere.
+void GameGraphics::LayVeil(GraphicEntry& entry, SDL_Surface& target) {
+  CopyWhole(entry.source.get(), &target, 0, 0);
+  const SurfacePtr veil = Copy(entry.source);
+  SDL_FillRect(veil.get(), nullptr, 0);
+  SDL_SetAlpha(veil.get(), SDL_SRCALPHA, mDarkness);
+  CopyWhole(veil.get(), &target, 0, 0);
+  CopyWhole(MaskOf(entry), &target, 0, 0);
 }
 
 }  // namespace tolva

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 
+#include "media/DarknessTable.h"
 #include "sdl/Sprite.h"
 #include "sdl/SurfacePtr.h"
 
@@ -57,7 +58,7 @@ class GameGraphics {
  private:
   struct GraphicEntry {
     SurfacePtr source;
-    SurfacePtr mask;
+    SurfacePtr mask;  // null until it is needed
     Sprite darkened;
     std::uint8_t darkness = 0;  // of `darkened`
   };
@@ -65,10 +66,13 @@ class GameGraphics {
   GraphicEntry* FindEntry(std::uint32_t id);
   static bool MayBeThere(std::uint32_t id);
   const Sprite& GetSprite(std::uint32_t id);
-  void Darken(GraphicEntry& entry) const;
+  static SDL_Surface* MaskOf(GraphicEntry& entry);
+  void Darken(GraphicEntry& entry);
+  void LayVeil(GraphicEntry& entry, SDL_Surface& target);
 
   Archive* const mArchive;
   std::map<std::uint32_t, GraphicEntry> mGraphics;
+  DarknessTable mTable;
   std::uint8_t mDarkness = 0;
   std::uint32_t mNextToDarken = 0;  // the id from which on DarkenNext searches
 };
