@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
     for (int run = 1; run <= kRuns; ++run) {
       std::fprintf(stderr, "Run %d of %d\n", run, kRuns);
       AddFrameRows(table);
+      AddGroundRows(table);
     }
     return table.Print() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
   } catch (const std::exception& error) {

@@ -20,7 +20,7 @@ bool CopyPart(SDL_Surface* from, const Rect& part, SDL_Surface* to, int x, int y
 }
 
 bool CopyWhole(SDL_Surface* from, SDL_Surface* to, int x, int y) {
-  return CopyPart(from, from == nullptr ? Rect{} : GetBounds(*from), to, x, y);
+  return plain::CopyPart(from, from == nullptr ? Rect{} : GetBounds(*from), to, x, y);
 }
 
 }  // namespace tolva::plain

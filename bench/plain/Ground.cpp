@@ -40,17 +40,19 @@ void Ground::DrawEdges(int i, int j) {
   }
 }
 
-void Ground::Draw(int i, int j) {
+Ground::Start Ground::FindStart(int i, int j) {
   // From rectangle to rectangle it is kTiles steps East or South. In fields from field (0, 0) of the map's first area.
   const int right = i - kEdge / 2;
   const int down = j - kEdge / 2;
   const int x = kMapCenter * kAreaEdge + kTiles * (right + down);
   const int y = kMapCenter * kAreaEdge + kTiles * (1 + right - down);
-  const Area& area = *mRepository.GetMap().GetAreaAt(static_cast<std::uint8_t>(x / kAreaEdge),
-                                                     static_cast<std::uint8_t>(y / kAreaEdge));
-  const Field* first =
-      area.GetField(static_cast<std::uint8_t>(x % kAreaEdge), static_cast<std::uint8_t>(y % kAreaEdge));
+  const auto byte = [](int number) { return static_cast<std::uint8_t>(number); };
+  return {byte(x / kAreaEdge), byte(y / kAreaEdge), byte(x % kAreaEdge), byte(y % kAreaEdge)};
+}
 
+void Ground::Draw(int i, int j) {
+  const Start start = FindStart(i, j);
+  const Field* first = mRepository.GetMap().GetAreaAt(start.r, start.c)->GetField(start.fx, start.fy);
   SDL_Surface* frame = mGraphics.FindGraphic(kDefaultGroundId);
   if (frame == nullptr) return;
   const SurfacePtr tile = CopyForDisplay(*frame);

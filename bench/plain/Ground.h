@@ -24,6 +24,12 @@ class Ground {
   void Blit(SDL_Surface& window, int left, int top);
   SDL_Surface& GetPicture(int i, int j) { return *mPictures[i][j]; }
 
+  // Where rectangle [i][j] begins: field (fx, fy) of area [r][c] of the map.
+  struct Start {
+    std::uint8_t r, c, fx, fy;
+  };
+  static Start FindStart(int i, int j);
+
  private:
   void Draw(int i, int j);
   void PaintField(const Field* field, SDL_Surface* tile, SDL_Surface& picture, int x, int y);

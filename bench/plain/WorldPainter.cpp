@@ -53,7 +53,7 @@ void WorldPainter::BlitObjects() {
       lower = Next(lower, Direction::East);
     }
   }
-  for (const Label& label : labels) CopyPart(label.picture.get(), {0, 0, 800, 20}, &mWindow, label.x, label.y);
+  for (const Label& label : labels) plain::CopyPart(label.picture.get(), {0, 0, 800, 20}, &mWindow, label.x, label.y);
 }
 
 void WorldPainter::BlitField(const Field* field, int x, int y, Labels& labels) {
@@ -68,7 +68,7 @@ void WorldPainter::BlitCharacter(ClientCharacter& character, int x, int y, Label
   const int top = y + character.GetOffsetY() - kSpriteRise;
   const int direction = static_cast<int>(character.GetDirection());
   const Rect part{kTileWidth * character.GetFrame(), kSpriteHeight * direction, kTileWidth, kSpriteHeight};
-  CopyPart(mGraphics.FindGraphic(kPictureCharacters), part, &mWindow, left, top);
+  plain::CopyPart(mGraphics.FindGraphic(kPictureCharacters), part, &mWindow, left, top);
   if (character.GetChatMessage()[0] == '\0' || top + kSpriteHeight <= 0) return;
   AddLabel(character.GetChatMessage(), kWhite, left, top, labels);
   AddLabel(character.GetName(), kNameColor, left, top + kSpriteHeight, labels);

@@ -29,6 +29,9 @@ class GroundTiles {
   // from a tile in size, format or color key: what such a field shows depends on what was composed before it.
   const Sprite* Find(const Field& field);
 
+  // Forgets the blended tiles: the next Find composes them again.
+  void Clear() { mBlended.clear(); }
+
   // Lays the ground of the field over `tile`, which must have the size and the format of a tile, and blends its edges.
   // A missing picture changes nothing but the edges.
   void Compose(const Field& field, SDL_Surface* tile);

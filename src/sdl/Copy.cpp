@@ -1,8 +1,5 @@
 #include "sdl/Copy.h"
 
-#include <cstddef>
-#include <cstring>
-
 #include "sdl/Pixels.h"
 #include "sdl/Surface.h"
 
@@ -21,7 +18,6 @@ bool HaveSameMasks(const SDL_PixelFormat& a, const SDL_PixelFormat& b) {
 }
 
 void CopyRows(const SDL_Surface& from, SDL_Surface& to, const ClippedCopy& copy) {
-  const auto width = static_cast<std::size_t>(copy.source.width) * sizeof(Uint16);
   const bool hasKey = (from.flags & SDL_SRCCOLORKEY) != 0;
   const auto key = static_cast<Uint16>(from.format->colorkey);
   for (int row = 0; row < copy.source.height; ++row) {
@@ -30,7 +26,7 @@ void CopyRows(const SDL_Surface& from, SDL_Surface& to, const ClippedCopy& copy)
     if (hasKey) {
       CopyKeyedPixels(source, target, copy.source.width, key);
     } else {
-      std::memcpy(target, source, width);
+      CopyPixels(source, target, copy.source.width);
     }
   }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 
 #include <SDL.h>
 
@@ -16,12 +17,21 @@ inline const Uint16* PixelRow(const SDL_Surface& surface, int y) {
   return reinterpret_cast<const Uint16*>(static_cast<const Uint8*>(surface.pixels) + std::ptrdiff_t{y} * surface.pitch);
 }
 
+inline void CopyPixels(const Uint16* from, Uint16* to, int count) {
+  std::memcpy(to, from, static_cast<std::size_t>(count) * sizeof *from);
+}
+
 // So many pixels fill a register of the smallest machine that we build for.
 constexpr int kPixelBlock = 8;
 
-// Stores each pixel, so that no branch keeps the compiler from working on the whole block at once.
-inline void CopyKeyedBlock(const Uint16* __restrict from, Uint16* __restrict to, Uint16 key) {
-  for (int i = 0; i < kPixelBlock; ++i) to[i] = from[i] == key ? to[i] : from[i];
+// Has no branch for a pixel, and stores after it has loaded all, so that the compiler works on the whole block at once.
+inline void CopyKeyedBlock(const Uint16* from, Uint16* to, Uint16 key) {
+  Uint16 source[kPixelBlock];
+  Uint16 target[kPixelBlock];
+  std::memcpy(source, from, sizeof source);
+  std::memcpy(target, to, sizeof target);
+  for (int i = 0; i < kPixelBlock; ++i) target[i] = source[i] == key ? target[i] : source[i];
+  std::memcpy(to, target, sizeof target);
 }
 
 // Copies `count` pixels but those equal to `key`. The two must not overlap.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "sdl/Copy.h"
 #include "sdl/Pixels.h"
 #include "sdl/Surface.h"
 
@@ -31,7 +30,8 @@ Sprite::Extent Sprite::FindExtent(int y, int left, int right) const {
   const auto key = static_cast<Uint16>(mSurface->format->colorkey);
   while (left < right && row[left] == key) ++left;
   while (right > left && row[right - 1] == key) --right;
-  return {static_cast<Uint16>(left), static_cast<Uint16>(right)};
+  const bool isSolid = std::find(row + left, row + right, key) == row + right;
+  return {static_cast<Uint16>(left), static_cast<Uint16>(right), isSolid};
 }
 
 const Sprite::Extent& Sprite::GetExtent(int y, int column) const {
@@ -45,21 +45,32 @@ bool Sprite::CopyPart(const Rect& part, SDL_Surface& to, int x, int y) const {
                         std::min(part.GetBottom(), mBottom) - std::max(part.y, mTop)};
   const ClippedCopy copy = ClipCopy(*mSurface, opaqueRows, to, x, y + opaqueRows.y - part.y);
   if (copy.source.IsEmpty()) return true;
+  const int lastColumn = (copy.source.GetRight() - 1) / mColumnWidth;
+  for (int column = copy.source.x / mColumnWidth; column <= lastColumn; ++column) CopyColumn(column, copy, to);
+  return true;
+}
+
+void Sprite::CopyColumn(int column, const ClippedCopy& copy, SDL_Surface& to) const {
   const auto key = static_cast<Uint16>(mSurface->format->colorkey);
+  const int left = copy.source.x;
   const int right = copy.source.GetRight();
-  const int firstColumn = copy.source.x / mColumnWidth;
-  const int lastColumn = (right - 1) / mColumnWidth;
-  for (int row = 0; row < copy.source.height; ++row) {
-    const Uint16* source = PixelRow(std::as_const(*mSurface), copy.source.y + row);
-    Uint16* target = PixelRow(to, copy.y + row);
-    for (int column = firstColumn; column <= lastColumn; ++column) {
-      const Extent& extent = GetExtent(copy.source.y + row, column);
-      const int from = std::max<int>(extent.left, copy.source.x);
-      const int count = std::min<int>(extent.right, right) - from;
-      if (count > 0) CopyKeyedPixels(source + from, target + (copy.x + from - copy.source.x), count, key);
+  const Uint16* source = PixelRow(std::as_const(*mSurface), copy.source.y);
+  Uint16* target = PixelRow(to, copy.y) + copy.x;
+  const std::ptrdiff_t sourcePitch = mSurface->pitch / static_cast<int>(sizeof *source);
+  const std::ptrdiff_t targetPitch = to.pitch / static_cast<int>(sizeof *target);
+  const Extent* extent = &GetExtent(copy.source.y, column);
+  for (int row = 0; row < copy.source.height; ++row, extent += mColumns) {
+    const int from = std::max<int>(extent->left, left);
+    const int count = std::min<int>(extent->right, right) - from;
+    if (count <= 0) continue;
+    const Uint16* opaque = source + sourcePitch * row + from;
+    Uint16* covered = target + targetPitch * row + (from - left);
+    if (extent->isSolid) {
+      CopyPixels(opaque, covered, count);
+    } else {
+      CopyKeyedPixels(opaque, covered, count, key);
     }
   }
-  return true;
 }
 
 bool Sprite::CopyWhole(SDL_Surface& to, int x, int y) const {

@@ -4,6 +4,7 @@
 
 #include <SDL.h>
 
+#include "sdl/Copy.h"
 #include "sdl/Rect.h"
 #include "sdl/SurfacePtr.h"
 
@@ -33,10 +34,12 @@ class Sprite {
   struct Extent {
     Uint16 left = 0;
     Uint16 right = 0;
+    bool isSolid = false;  // whether all between them are opaque
   };
 
   Extent FindExtent(int y, int left, int right) const;
   const Extent& GetExtent(int y, int column) const;
+  void CopyColumn(int column, const ClippedCopy& copy, SDL_Surface& to) const;
 
   SurfacePtr mSurface;
   int mColumnWidth = 0;
