@@ -1,7 +1,11 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
 #include <memory>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 #include "protocol/AreaPackets.h"
@@ -32,20 +36,55 @@ using AllPackets =
              PacketEnterGameDeny, PacketGameChatMsg, PacketMoveRequest, PacketMove, PacketCharPosition, PacketAddChar,
              PacketRemoveChar, PacketDarkness, PacketMusicPlay, PacketMusicPause, PacketMusicStop>;
 
-// Calls `visitor` with the packet as its own class. Returns false without a call when no class has the code or when the
-// packet is of another class.
-template <typename PacketType, typename Visitor, typename... Packets>
-bool VisitPacket(PacketType& packet, Visitor&& visitor, TypeList<Packets...>) {
-  const auto visitIf = [&](auto* typed) {
-    if (typed != nullptr) visitor(*typed);
-    return typed != nullptr;
-  };
-  return (visitIf(PacketCast<Packets>(&packet)) || ...);
+namespace packet_list {
+
+constexpr std::uint8_t kNoClass = 0xFF;
+
+// The place in the list of the class with each code. A look-up costs the same for every class, which comparing with one
+// class after the other does not; the price is a byte for each code up to the highest.
+template <typename... Packets>
+constexpr auto IndexClasses(TypeList<Packets...>) {
+  static_assert(sizeof...(Packets) < kNoClass);
+  constexpr PacketCode kHighest = std::max({Packets::kCode...});
+  static_assert(kHighest < 4096, "codes this far apart need another look-up");
+  std::array<std::uint8_t, kHighest + 1> places{};
+  places.fill(kNoClass);
+  std::uint8_t place = 0;
+  ((places[Packets::kCode] = place++), ...);
+  return places;
+}
+inline constexpr auto kPlaces = IndexClasses(AllPackets{});
+
+}  // namespace packet_list
+
+// Calls `visitor` with a std::type_identity of the code's class. Returns false without a call when no class has the
+// code.
+template <typename Visitor, typename... Packets>
+bool VisitClass(PacketCode code, Visitor&& visitor, TypeList<Packets...>) {
+  using Call = void (*)(Visitor&);
+  static constexpr Call kCalls[] = {[](Visitor& called) { called(std::type_identity<Packets>()); }...};
+  const std::uint8_t place = code < packet_list::kPlaces.size() ? packet_list::kPlaces[code] : packet_list::kNoClass;
+  if (place == packet_list::kNoClass) return false;
+  kCalls[place](visitor);
+  return true;
 }
 
+template <typename Visitor>
+bool VisitClass(PacketCode code, Visitor&& visitor) {
+  return VisitClass(code, std::forward<Visitor>(visitor), AllPackets{});
+}
+
+// Calls `visitor` with the packet as its own class. Returns false without a call when no class has the code or when the
+// packet is of another class.
 template <typename PacketType, typename Visitor>
 bool VisitPacket(PacketType& packet, Visitor&& visitor) {
-  return VisitPacket(packet, std::forward<Visitor>(visitor), AllPackets{});
+  bool visited = false;
+  VisitClass(packet.mEnmCode, [&]<typename T>(std::type_identity<T>) {
+    auto* typed = PacketCast<T>(&packet);
+    visited = typed != nullptr;
+    if (visited) visitor(*typed);
+  });
+  return visited;
 }
 
 // Whether the packet's code is its class's. Never act on a packet that claims to be of another class.
@@ -59,19 +98,11 @@ void VisitFields(PacketType& packet, Visitor&& visitor) {
   std::apply([&](const auto&... field) { (visitor(field.name, packet.*(field.member)), ...); }, PacketType::Fields());
 }
 
-template <typename... Packets>
-std::unique_ptr<Packet> CreatePacket(PacketCode code, TypeList<Packets...>) {
+// Makes a packet of the code's class with default fields. Null when no class has the code.
+inline std::unique_ptr<Packet> CreatePacket(PacketCode code) {
   std::unique_ptr<Packet> packet;
-  const auto createIf = [&](auto create, PacketCode ownCode) {
-    if (code == ownCode) packet = create();
-    return code == ownCode;
-  };
-  static_cast<void>(
-      (createIf([]() -> std::unique_ptr<Packet> { return std::make_unique<Packets>(); }, Packets::kCode) || ...));
+  VisitClass(code, [&]<typename T>(std::type_identity<T>) { packet = std::make_unique<T>(); });
   return packet;
 }
-
-// Makes a packet of the code's class with default fields. Null when no class has the code.
-inline std::unique_ptr<Packet> CreatePacket(PacketCode code) { return CreatePacket(code, AllPackets{}); }
 
 }  // namespace tolva
