@@ -11,12 +11,14 @@ namespace tolva {
 std::uint32_t PacketConverter::WriteBuffer(std::uint8_t* record, const Packet& packet) const {
   StoreBig32(record, mProtocolMagic);
   StoreBig32(record + 4, packet.mEnmCode);
-  WireWriter writer(record, kHeaderSize);
+  std::uint32_t length = kHeaderSize;
   VisitPacket(packet, [&](const auto& typed) {
+    WireWriter writer(record + kHeaderSize);
     VisitFields(typed, [&](const char*, const auto& member) { writer.Write(member); });
+    length = static_cast<std::uint32_t>(writer.GetEnd() - record);
   });
-  StoreBig32(record + 8, writer.GetPosition());
-  return writer.GetPosition();
+  StoreBig32(record + 8, length);
+  return length;
 }
 
 std::unique_ptr<Packet> PacketConverter::ReadBuffer(const std::uint8_t* bytes, std::uint32_t available,
@@ -28,16 +30,20 @@ std::unique_ptr<Packet> PacketConverter::ReadBuffer(const std::uint8_t* bytes, s
     const std::uint32_t declared = LoadBig32(bytes + 8);
     if (declared < kHeaderSize || declared > available) return std::make_unique<PacketInternPacketDamaged>();
 
-    auto packet = CreatePacket(LoadBig32(bytes + 4));
-    if (packet == nullptr) {
+    std::unique_ptr<Packet> packet;
+    const bool known = VisitClass(LoadBig32(bytes + 4), [&]<typename T>(std::type_identity<T>) {
+      // Grids need no zeros first: each value is read.
+      auto made = std::make_unique_for_overwrite<T>();
+      WireReader reader(bytes + kHeaderSize, declared - kHeaderSize);
+      if (!reader.ReadFields(*made)) return;
+      consumed = kHeaderSize + reader.GetReadCount();
+      packet = std::move(made);
+    });
+    if (!known) {
       consumed = kHeaderSize;
       return std::make_unique<Packet>();
     }
-    WireReader reader(bytes, declared, kHeaderSize);
-    VisitPacket(*packet,
-                [&](auto& typed) { VisitFields(typed, [&](const char*, auto& member) { reader.Read(member); }); });
-    if (reader.IsDamaged()) return std::make_unique<PacketInternPacketDamaged>();
-    consumed = reader.GetPosition();
+    if (packet == nullptr) return std::make_unique<PacketInternPacketDamaged>();
     return packet;
   });
 }

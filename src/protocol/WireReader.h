@@ -1,85 +1,101 @@
 #pragma once
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
+#include <tuple>
 
 #include "foundation/ByteOrder.h"
 #include "protocol/Direction.h"
 #include "protocol/PacketField.h"
-#include "protocol/WireFormat.h"
+#include "protocol/WireSize.h"
 
 namespace tolva {
 
-// Reads fields one after the other from a record of `size` bytes, never beyond its end. A field that does not fit, or a
-// text that is too long for its field or not terminated, makes the record damaged; Read then leaves this and all later
-// fields unchanged.
+// Reads the fields of one packet from the body of a record, never beyond its end. Compares with the end once for all
+// fields together and once for each text, because a comparison for each of a grid's values costs several times what
+// copying them does.
 class WireReader {
  public:
-  WireReader(const std::uint8_t* record, std::uint32_t size, std::uint32_t position)
-      : mRecord(record), mSize(size), mPosition(position) {}
+  WireReader(const std::uint8_t* body, std::uint32_t size) : mBegin(body), mAt(body), mSize(size) {}
 
-  bool IsDamaged() const { return mDamaged; }
-  std::uint32_t GetPosition() const { return mPosition; }
+  // The number of bytes that the fields took.
+  std::uint32_t GetReadCount() const { return static_cast<std::uint32_t>(mAt - mBegin); }
 
-  void Read(std::uint32_t& value) {
-    if (const std::uint8_t* bytes = Take(4)) value = LoadBig32(bytes);
+  // False, with some fields read or none, when the body is damaged: too short for the fields, or with a text that is
+  // too long for its field or not terminated.
+  template <typename PacketType>
+  bool ReadFields(PacketType& packet) {
+    constexpr std::uint32_t kLeast = LeastBodySize<PacketType>();
+    if (mSize < kLeast) return false;
+    mSpare = mSize - kLeast;
+    return std::apply([&](const auto&... field) { return (Read(packet.*(field.member)) && ...); },
+                      PacketType::Fields());
   }
-  void Read(std::uint16_t& value) {
-    if (const std::uint8_t* bytes = Take(2)) value = LoadBig16(bytes);
+
+ private:
+  bool Read(std::uint32_t& value) {
+    value = LoadBig32(Take(4));
+    return true;
   }
-  void Read(std::uint8_t& value) {
-    if (const std::uint8_t* bytes = Take(1)) value = *bytes;
+  bool Read(std::uint16_t& value) {
+    value = LoadBig16(Take(2));
+    return true;
   }
-  void Read(std::int8_t& value) {
-    if (const std::uint8_t* bytes = Take(1)) value = static_cast<std::int8_t>(*bytes);
+  bool Read(std::uint8_t& value) {
+    value = *Take(1);
+    return true;
   }
-  void Read(Direction& value) {
-    std::uint32_t number = 0;
-    Read(number);
-    value = static_cast<Direction>(number);
+  bool Read(std::int8_t& value) {
+    value = static_cast<std::int8_t>(*Take(1));
+    return true;
+  }
+  bool Read(Direction& value) {
+    value = static_cast<Direction>(LoadBig32(Take(4)));
+    return true;
   }
 
   template <std::size_t Capacity>
-  void Read(char (&text)[Capacity]) {
-    std::uint32_t length = 0;
-    Read(length);
-    if (length == 0 || length > Capacity) mDamaged = true;
-    const std::uint8_t* bytes = mDamaged ? nullptr : Take(length);
-    if (bytes == nullptr) return;
-    if (bytes[length - 1] != 0) {
-      mDamaged = true;
-      return;
-    }
-    std::memcpy(text, bytes, length);
+  bool Read(char (&text)[Capacity]) {
+    // A length of 0 wraps around and is too long.
+    const std::uint32_t beyondEmpty = LoadBig32(Take(4)) - 1;
+    if (beyondEmpty >= Capacity || beyondEmpty > mSpare || mAt[beyondEmpty] != 0) return false;
+    mSpare -= beyondEmpty;
+    std::memcpy(text, Take(beyondEmpty + 1), beyondEmpty + 1);
+    return true;
   }
   // The dimensions before lists and grids carry no information: both always have their full size.
-  void Read(NameList& names) {
+  bool Read(NameList& names) {
     Take(4);
-    for (auto& name : names) Read(name);
+    return std::all_of(std::begin(names), std::end(names), [&](auto& name) { return Read(name); });
   }
-  template <typename T>
-  void Read(AreaGrid<T>& grid) {
+  bool Read(AreaGrid<std::uint32_t>& grid) {
     Take(8);
-    for (T& value : grid) Read(value);
+    LoadBig32s(grid.data(), Take(sizeof grid), grid.size());
+    return true;
+  }
+  bool Read(AreaGrid<std::uint8_t>& grid) {
+    Take(8);
+    std::memcpy(grid.data(), Take(sizeof grid), sizeof grid);
+    return true;
   }
   // Pointers are not on the wire; they keep their null.
   template <typename T>
-  void Read(T*&) {}
+  bool Read(T*&) {
+    return true;
+  }
 
- private:
   const std::uint8_t* Take(std::uint32_t count) {
-    if (mDamaged || count > mSize - mPosition) {
-      mDamaged = true;
-      return nullptr;
-    }
-    const std::uint8_t* bytes = mRecord + mPosition;
-    mPosition += count;
+    const std::uint8_t* bytes = mAt;
+    mAt += count;
     return bytes;
   }
 
-  const std::uint8_t* mRecord;
+  const std::uint8_t* mBegin;
+  const std::uint8_t* mAt;
   std::uint32_t mSize;
-  std::uint32_t mPosition;
-  bool mDamaged = false;
+  // How many bytes more than the fewest the texts not yet read can take together.
+  std::uint32_t mSpare = 0;
 };
 
 }  // namespace tolva

@@ -5,26 +5,20 @@
 #include "foundation/ByteOrder.h"
 #include "protocol/Direction.h"
 #include "protocol/PacketField.h"
-#include "protocol/WireFormat.h"
 
 namespace tolva {
 
-// Writes fields one after the other into a record. The buffer must have kRecordBufferSize bytes.
+// Writes fields one after the other. The buffer must have room for them all.
 class WireWriter {
  public:
-  WireWriter(std::uint8_t* record, std::uint32_t position) : mRecord(record), mPosition(position) {}
+  explicit WireWriter(std::uint8_t* to) : mTo(to) {}
 
-  std::uint32_t GetPosition() const { return mPosition; }
+  // Where the next field goes.
+  std::uint8_t* GetEnd() const { return mTo; }
 
-  void Write(std::uint32_t value) {
-    StoreBig32(mRecord + mPosition, value);
-    mPosition += 4;
-  }
-  void Write(std::uint16_t value) {
-    StoreBig16(mRecord + mPosition, value);
-    mPosition += 2;
-  }
-  void Write(std::uint8_t value) { mRecord[mPosition++] = value; }
+  void Write(std::uint32_t value) { StoreBig32(Take(4), value); }
+  void Write(std::uint16_t value) { StoreBig16(Take(2), value); }
+  void Write(std::uint8_t value) { *Take(1) = value; }
   void Write(std::int8_t value) { Write(static_cast<std::uint8_t>(value)); }
   void Write(Direction value) { Write(static_cast<std::uint32_t>(value)); }
 
@@ -32,27 +26,37 @@ class WireWriter {
   void Write(const char (&text)[Capacity]) {
     const auto length = static_cast<std::uint32_t>(strnlen(text, Capacity - 1));
     Write(length + 1);
-    std::memcpy(mRecord + mPosition, text, length);
-    mRecord[mPosition + length] = 0;
-    mPosition += length + 1;
+    std::memcpy(Take(length), text, length);
+    *Take(1) = 0;
   }
   void Write(const NameList& names) {
     Write(static_cast<std::uint32_t>(kUserListCapacity));
     for (const auto& name : names) Write(name);
   }
-  template <typename T>
-  void Write(const AreaGrid<T>& grid) {
-    Write(static_cast<std::uint32_t>(kAreaEdge));
-    Write(static_cast<std::uint32_t>(kAreaEdge));
-    for (const T value : grid) Write(value);
+  void Write(const AreaGrid<std::uint32_t>& grid) {
+    WriteDimensions();
+    StoreBig32s(Take(sizeof grid), grid.data(), grid.size());
+  }
+  void Write(const AreaGrid<std::uint8_t>& grid) {
+    WriteDimensions();
+    std::memcpy(Take(sizeof grid), grid.data(), sizeof grid);
   }
   // Addresses mean nothing to the peer.
   template <typename T>
   void Write(T* const&) {}
 
  private:
-  std::uint8_t* mRecord;
-  std::uint32_t mPosition;
+  void WriteDimensions() {
+    Write(static_cast<std::uint32_t>(kAreaEdge));
+    Write(static_cast<std::uint32_t>(kAreaEdge));
+  }
+  std::uint8_t* Take(std::size_t count) {
+    std::uint8_t* to = mTo;
+    mTo += count;
+    return to;
+  }
+
+  std::uint8_t* mTo;
 };
 
 }  // namespace tolva
