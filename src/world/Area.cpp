@@ -53,6 +53,12 @@ const Field* Area::GetField(std::uint8_t fx, std::uint8_t fy) const {
   return const_cast<Area*>(this)->GetField(fx, fy);
 }
 
+void Area::SetNeighbor(Direction direction, Area* area) {
+  const auto side = static_cast<std::size_t>(direction);
+  if (mNeighbors[side] != area) mStaleSides.set(side);
+  mNeighbors[side] = area;
+}
+
 void Area::NoteGroundChange() { mGroundState = sLastGroundState.fetch_add(1, std::memory_order_relaxed) + 1; }
 
 void Area::SetPosition(const AreaPosition& position) {
@@ -68,29 +74,47 @@ void Area::Reset() {
 
 void Area::InitFields() {
   Guard("Area", "InitFields", [&] {
-    for (int fx = 0; fx < kAreaEdge; ++fx) {
-      for (int fy = 0; fy < kAreaEdge; ++fy) {
-        Field& field = mFields[IndexOf(fx, fy)];
-        field.SetPlace(this, static_cast<std::uint8_t>(fx), static_cast<std::uint8_t>(fy));
-        // A map links its 28,224 fields at each shift, so fields away from the edge skip the look-up.
-        const bool isInner = IsInside(fx - 1, fy - 1) && IsInside(fx + 1, fy + 1);
-        for (const Direction direction : kDirections) {
-          const int nextFx = fx + StepIn(direction).x, nextFy = fy + StepIn(direction).y;
-          field.SetNeighbor(direction, isInner ? &mFields[IndexOf(nextFx, nextFy)] : FieldAcross(nextFx, nextFy));
-        }
-      }
+    if (!mLinkedInside) LinkInside();
+    mLinkedInside = true;
+    for (const Direction side : kDirections) {
+      if (mStaleSides[static_cast<std::size_t>(side)]) LinkAcross(side);
     }
+    mStaleSides.reset();
   });
 }
 
-// The field at (fx, fy), which may lie up to one field outside this area. Null when there is no area.
-Field* Area::FieldAcross(int fx, int fy) {
-  const auto sideOf = [](int place) { return place < 0 ? -1 : place >= kAreaEdge ? 1 : 0; };
-  const Step side{sideOf(fx), sideOf(fy)};
-  const Direction direction = DirectionOf(side);
-  Area* area = direction == Direction::None ? this : GetNeighbor(direction);
-  if (area == nullptr) return nullptr;
-  return &area->mFields[IndexOf(fx - side.x * kAreaEdge, fy - side.y * kAreaEdge)];
+// Sets the places of the fields and the links that stay within the area.
+void Area::LinkInside() {
+  for (int fx = 0; fx < kAreaEdge; ++fx) {
+    for (int fy = 0; fy < kAreaEdge; ++fy) {
+      Field& field = mFields[IndexOf(fx, fy)];
+      field.SetPlace(this, static_cast<std::uint8_t>(fx), static_cast<std::uint8_t>(fy));
+      const bool isInner = IsInside(fx - 1, fy - 1) && IsInside(fx + 1, fy + 1);
+      for (const Direction direction : kDirections) {
+        const int nextFx = fx + StepIn(direction).x, nextFy = fy + StepIn(direction).y;
+        if (isInner || IsInside(nextFx, nextFy)) field.SetNeighbor(direction, &mFields[IndexOf(nextFx, nextFy)]);
+      }
+    }
+  }
+}
+
+// Sets the links that lead into the neighbor on this side: of a row of fields, or of one for a corner.
+void Area::LinkAcross(Direction side) {
+  const Step across = StepIn(side);
+  Area* area = GetNeighbor(side);
+  const auto firstAt = [](int step) { return step > 0 ? kAreaEdge - 1 : 0; };
+  const auto lastAt = [](int step) { return step < 0 ? 0 : kAreaEdge - 1; };
+  for (int fx = firstAt(across.x); fx <= lastAt(across.x); ++fx) {
+    for (int fy = firstAt(across.y); fy <= lastAt(across.y); ++fy) {
+      for (const Direction direction : kDirections) {
+        const int nextFx = fx + StepIn(direction).x - across.x * kAreaEdge;
+        const int nextFy = fy + StepIn(direction).y - across.y * kAreaEdge;
+        if (!IsInside(nextFx, nextFy)) continue;
+        Field* next = area == nullptr ? nullptr : &area->mFields[IndexOf(nextFx, nextFy)];
+        mFields[IndexOf(fx, fy)].SetNeighbor(direction, next);
+      }
+    }
+  }
 }
 
 bool Area::Save(const char* directory) const {

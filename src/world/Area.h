@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 
 #include "protocol/Direction.h"
@@ -29,8 +30,8 @@ class Area {
   Area* GetNeighbor(Direction direction) const {
     return IsDirection(direction) ? mNeighbors[static_cast<std::uint32_t>(direction)] : nullptr;
   }
-  // `direction` is one of the eight.
-  void SetNeighbor(Direction direction, Area* area) { mNeighbors[static_cast<std::uint32_t>(direction)] = area; }
+  // `direction` is one of the eight. The fields' links across that side follow with the next InitFields.
+  void SetNeighbor(Direction direction, Area* area);
 
   // The server's number for this version of the content; 0 when none of it came from the server.
   std::uint8_t GetVersion() const { return mVersion; }
@@ -50,7 +51,8 @@ class Area {
   void Reset();
 
   // Links every field with its neighbors, across the area's edge too, and sets its place. Call it again whenever the
-  // area's neighbors have changed.
+  // area's neighbors have changed: it then links only across the sides where they have, for when a map moves by one
+  // area, most of its areas keep all their neighbors.
   void InitFields();
 
   // Writes the area's cache file (docs/formats.md) into the directory, whose name ends with '/'. The old file stays
@@ -61,10 +63,15 @@ class Area {
   bool Load(const char* directory);
 
  private:
-  Field* FieldAcross(int fx, int fy);
+  void LinkInside();
+  void LinkAcross(Direction side);
 
   std::array<Field, kAreaFields> mFields;
   std::array<Area*, kDirectionCount> mNeighbors = {};
+  // Whether InitFields has linked the fields with each other, and for which sides their links across it are out of
+  // date.
+  bool mLinkedInside = false;
+  std::bitset<kDirectionCount> mStaleSides;
   std::uint8_t mVersion = 0;
   std::uint64_t mGroundState = 0;
   AreaPosition mPosition;
