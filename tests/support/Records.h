@@ -15,9 +15,10 @@
 namespace tolva::test {
 
 // A packet's wire record.
-inline std::string Record(const Packet& packet) {
+template <typename Converter = PacketConverter>
+std::string Record(const Packet& packet) {
   std::string bytes(kRecordBufferSize, '\0');
-  bytes.resize(PacketConverter().WriteBuffer(reinterpret_cast<std::uint8_t*>(bytes.data()), packet));
+  bytes.resize(Converter().WriteBuffer(reinterpret_cast<std::uint8_t*>(bytes.data()), packet));
   return bytes;
 }
 
@@ -49,6 +50,17 @@ struct ReadRecord {
   std::unique_ptr<Packet> packet;
   std::uint32_t consumed = 0;
 };
+
+// What a converter makes of the bytes, read from a copy of exactly that size: class, bytes consumed, record of the
+// packet.
+template <typename Converter>
+std::string ReadingBy(const std::string& bytes) {
+  const std::vector<std::uint8_t> copy(bytes.begin(), bytes.end());
+  std::uint32_t consumed = 0;
+  const auto packet = Converter().ReadBuffer(copy.data(), static_cast<std::uint32_t>(copy.size()), consumed);
+  const Packet& read = *packet;
+  return std::string(typeid(read).name()) + ' ' + std::to_string(consumed) + ' ' + Record<Converter>(read);
+}
 
 // Fills fields with values that the wire can carry; texts of any length up to their capacity.
 template <std::size_t Capacity>
