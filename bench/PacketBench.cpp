@@ -15,32 +15,6 @@ std::unique_ptr<T> Sample() {
 }
 
 template <typename T>
-void WriteRecord(benchmark::State& state) {
-  const auto packet = Sample<T>();
-  std::vector<std::uint8_t> record(kRecordBufferSize);
-  const PacketConverter converter;
-  for (auto _ : state) benchmark::DoNotOptimize(converter.WriteBuffer(record.data(), *packet));
-}
-BENCHMARK_TEMPLATE(WriteRecord, PacketMove);
-BENCHMARK_TEMPLATE(WriteRecord, PacketChatMsg);
-BENCHMARK_TEMPLATE(WriteRecord, PacketAreaGround);
-
-template <typename T>
-void ReadRecord(benchmark::State& state) {
-  const std::string record = test::Record(*Sample<T>());
-  const auto* bytes = reinterpret_cast<const std::uint8_t*>(record.data());
-  const PacketConverter converter;
-  for (auto _ : state) {
-    std::uint32_t consumed = 0;
-    const auto packet = converter.ReadBuffer(bytes, static_cast<std::uint32_t>(record.size()), consumed);
-    benchmark::DoNotOptimize(packet.get());
-  }
-}
-BENCHMARK_TEMPLATE(ReadRecord, PacketMove);
-BENCHMARK_TEMPLATE(ReadRecord, PacketChatMsg);
-BENCHMARK_TEMPLATE(ReadRecord, PacketAreaGround);
-
-template <typename T>
 void PrintPacket(benchmark::State& state) {
   const auto packet = Sample<T>();
   PacketPrinter printer;

@@ -10,20 +10,6 @@ namespace {
 
 constexpr FieldPosition kPlace = {{10, 20, 4, 4, 0}, 12, 12};
 
-void PlaceMap(benchmark::State& state) {
-  ClientMap map;
-  for (auto _ : state) map.SetMapCoordinatesByCenter(kPlace);
-}
-BENCHMARK(PlaceMap);
-
-// North-east takes one shift, north two.
-void ShiftMap(benchmark::State& state) {
-  ClientMap map;
-  map.SetMapCoordinatesByCenter(kPlace);
-  for (auto _ : state) map.ShiftAreas(static_cast<Direction>(state.range(0)));
-}
-BENCHMARK(ShiftMap)->Arg(static_cast<int>(Direction::NorthEast))->Arg(static_cast<int>(Direction::North));
-
 // The argument is the distance from the center in areas: 2 is on the map, 9 is not.
 void FindArea(benchmark::State& state) {
   ClientMap map;

@@ -18,6 +18,8 @@ int main(int argc, char** argv) {
       std::fprintf(stderr, "Run %d of %d\n", run, kRuns);
       AddFrameRows(table);
       AddGroundRows(table);
+      AddCodecRows(table);
+      AddMapRows(table);
     }
     return table.Print() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
   } catch (const std::exception& error) {
