@@ -1,7 +1,6 @@
 #include "controls/ControlLabel.h"
 
 #include <algorithm>
-#include <string>
 
 #include "foundation/Guard.h"
 #include "foundation/Text.h"
@@ -15,22 +14,10 @@ namespace {
 
 constexpr char kModule[] = "ControlLabel";
 
-// The widest surface that SDL builds.
-constexpr int kMaxSurfaceWidth = 16383;
-
 // Where a text of `length` pixels starts along an axis: 0 at the near end, 1 in the middle, 2 at the far end.
 int AlignAlongAxis(std::uint32_t place, int room, int length, int margin) {
   if (place == 0) return margin;
   return place == 1 ? (room - length) / 2 : room - length - margin;
-}
-
-// The longest start of `text` that can be rendered. The rest would lie beyond the edge of any control.
-std::string CutToSurface(TTF_Font* font, std::string text, int width) {
-  while (width > kMaxSurfaceWidth) {
-    text.pop_back();
-    width = MeasureText(font, text.c_str(), kModule, "Refresh").width;
-  }
-  return text;
 }
 
 }  // namespace
@@ -58,27 +45,25 @@ void ControlLabel::Refresh(bool recursive) {
   GuardControl(kModule, "Refresh", [&] {
     if (!IsRefreshEnabled()) return;
     ControlTextBasic::Refresh(recursive);
-    UpdateTextSurface();
+    SDL_Surface* picture = RenderText();
     PlaceText();
-    PaintText();
+    PaintText(picture);
   });
 }
 
-void ControlLabel::UpdateTextSurface() {
-  mTextSurface.reset();
+SDL_Surface* ControlLabel::RenderText() {
   mTextWidth = 0;
   TTF_Font* font = GetFont();
-  if (font == nullptr) return;
-  const bool empty = mText[0] == '\0';
-  // An empty line keeps its height: a text box shows a cursor in it.
-  const Size size = MeasureText(font, empty ? "dummy" : mText, kModule, "Refresh");
-  mTextHeight = size.height;
-  if (empty) return;
-  mTextWidth = size.width;
-  // The library fails on a text without pixels.
-  const std::string shown = CutToSurface(font, mText, size.width);
-  if (shown.empty() || size.width <= 0) return;
-  mTextSurface = CheckSurface(RenderText(font, shown.c_str(), GetForegroundColor()), kModule, "Refresh");
+  if (font == nullptr) return nullptr;
+  if (mText[0] == '\0') {
+    // An empty line keeps its height: a text box shows a cursor in it.
+    mTextHeight = MeasureText(font, "dummy", kModule, "Refresh").height;
+    return nullptr;
+  }
+  const RenderedText& text = GetTexts().Get(*font, mText, GetForegroundColor(), kModule, "Refresh");
+  mTextWidth = text.size.width;
+  mTextHeight = text.size.height;
+  return text.picture.get();
 }
 
 void ControlLabel::PlaceText() {
@@ -87,10 +72,10 @@ void ControlLabel::PlaceText() {
   mTextY = known ? AlignAlongAxis(mAlignment / 3, GetHeight(), mTextHeight, kMargin) : 0;
 }
 
-void ControlLabel::PaintText() {
-  if (mTextSurface == nullptr || GetBaseSurface() == nullptr) return;
+void ControlLabel::PaintText(SDL_Surface* picture) {
+  if (picture == nullptr || GetBaseSurface() == nullptr) return;
   const Rect part{0, 0, GetWidth() - 2 * kMargin, GetHeight()};
-  CheckSdl(CopyPart(mTextSurface.get(), part, GetBaseSurface(), mTextX, mTextY), kModule, "Refresh");
+  CheckSdl(CopyPart(picture, part, GetBaseSurface(), mTextX, mTextY), kModule, "Refresh");
 }
 
 void ControlLabel::SdlEventHandler(SDL_Event event) {

@@ -50,12 +50,13 @@ class ControlLabel : public ControlTextBasic {
   int GetTextWidth() const { return mTextWidth; }
 
  private:
-  void UpdateTextSurface();
+  // Takes the text's size. Returns its picture, or null when there is nothing to paint. The picture is the shared
+  // font's.
+  SDL_Surface* RenderText();
   void PlaceText();
-  void PaintText();
+  void PaintText(SDL_Surface* picture);
 
   char mText[kTextCapacity] = "";
-  SurfacePtr mTextSurface;
   std::uint32_t mAlignment = kMiddleLeft;
   int mTextX = 0;
   int mTextY = 0;

@@ -31,6 +31,8 @@ TTF_Font* ControlTextBasic::LoadFont(const char* fileName, int pointSize) {
 
 TTF_Font* ControlTextBasic::GetFont() { return GetFontKeeper().Get(); }
 
+RenderedTexts& ControlTextBasic::GetTexts() { return GetFontKeeper().GetTexts(); }
+
 void ControlTextBasic::SetForegroundColor(std::uint8_t r, std::uint8_t g, std::uint8_t b) {
   GuardControl(kModule, "SetForegroundColor", [&] {
     mForegroundColor = {r, g, b};

@@ -26,6 +26,10 @@ class ControlTextBasic : public ControlBasic {
 
   void Refresh(bool recursive) override;
 
+ protected:
+  // The texts that were rendered in the shared font.
+  static RenderedTexts& GetTexts();
+
  private:
   SharedFont::User mFontUser;
   Rgb mForegroundColor;

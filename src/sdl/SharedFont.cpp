@@ -11,14 +11,19 @@ SharedFont::User::User(SharedFont& font, const char* module, const char* method)
 
 SharedFont::User::~User() {
   if (--mFont.mUserCount > 0) return;
-  mFont.mFont.reset();
+  mFont.Close();
   TTF_Quit();
 }
 
 bool SharedFont::Open(const char* fileName, int pointSize) {
-  mFont.reset();
+  Close();
   mFont.reset(TTF_OpenFont(fileName, pointSize));
   return mFont != nullptr;
+}
+
+void SharedFont::Close() {
+  mTexts.Clear();
+  mFont.reset();
 }
 
 }  // namespace tolva

@@ -4,6 +4,8 @@
 
 #include <SDL_ttf.h>
 
+#include "sdl/RenderedTexts.h"
+
 namespace tolva {
 
 // A font that many objects show their texts in. Display thread only. Keep it in static storage and never destroy it:
@@ -27,13 +29,18 @@ class SharedFont {
   bool Open(const char* fileName, int pointSize);
   // The font, which stays the keeper's, or null.
   TTF_Font* Get() const { return mFont.get(); }
+  // The texts that were rendered in the font. All users together have this one store.
+  RenderedTexts& GetTexts() { return mTexts; }
 
  private:
   struct Closer {
     void operator()(TTF_Font* font) const { TTF_CloseFont(font); }
   };
 
+  void Close();
+
   std::unique_ptr<TTF_Font, Closer> mFont;
+  RenderedTexts mTexts;
   int mUserCount = 0;
 };
 
