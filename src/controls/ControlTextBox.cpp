@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "controls/TypedCharacter.h"
+#include "foundation/Bisect.h"
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
 #include "sdl/Copy.h"
@@ -51,10 +52,13 @@ void ControlTextBox::ScrollToCursor() {
   const int room = GetWidth() - 2 * kMargin;
   const std::size_t cursor = mEntered.GetCursor();
   const std::size_t length = mEntered.GetLength();
-  mFirstShown = std::min(mFirstShown, cursor);
-  while (mFirstShown < cursor && MeasureDisplayed(mFirstShown, cursor, "SetText") > room) ++mFirstShown;
+  const auto fits = [&](std::size_t first, std::size_t end) { return MeasureDisplayed(first, end, "SetText") <= room; };
+  // What fits still fits without its first character, because no character moves the next one to the left.
+  mFirstShown = Bisect(std::min(mFirstShown, cursor), cursor, [&](std::size_t first) { return fits(first, cursor); });
   // A deletion makes room for characters that had been pushed out.
-  while (mFirstShown > 0 && MeasureDisplayed(mFirstShown - 1, length, "SetText") <= room) --mFirstShown;
+  if (mFirstShown > 0 && fits(mFirstShown - 1, length)) {
+    mFirstShown = Bisect(0, mFirstShown - 1, [&](std::size_t first) { return fits(first, length); });
+  }
 }
 
 void ControlTextBox::SetPassword(bool password) {

@@ -48,11 +48,18 @@ TEST_F(TextBoxTest, EnterTabAndEscapeAreReportedAndTypeNothing) {
 
 TEST_F(TextBoxTest, TheCursorStaysInViewAndTheStartIsShownWithoutFocus) {
   const int room = 100 - 2 * ControlLabel::kMargin;
-  const std::string text = "the quick brown fox jumps over the lazy dog";
-  for (const bool password : {false, true}) {
-    SCOPED_TRACE(password ? "password" : "text");
+  const struct {
+    std::string text;
+    bool password;
+  } cases[] = {{"the quick brown fox jumps over the lazy dog", false},
+               {"the quick brown fox jumps over the lazy dog", true},
+               {"j.AVAVAWA fjf\xAD\xADTo.Ty LYL' and letters that move together, \1\xFFjj.T,AVA", false}};
+  for (const auto& [text, password] : cases) {
+    SCOPED_TRACE(testing::Message() << text << (password ? " as password" : ""));
     mBox.SetPassword(password);
-    const auto displayed = [&] { return password ? std::string(std::strlen(mBox.GetText()), '*') : mBox.GetText(); };
+    const auto displayed = [&, isMasked = password] {
+      return isMasked ? std::string(std::strlen(mBox.GetText()), '*') : mBox.GetText();
+    };
     // As much as fits is in view.
     const auto expectFullView = [&] {
       const std::size_t hidden = displayed().size() - Shown().size();
