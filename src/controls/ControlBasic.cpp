@@ -304,13 +304,19 @@ void ControlBasic::AddSubControl(ControlBasic* child) {
 }
 
 bool ControlBasic::RemoveSubControl(std::uint32_t id) {
-  return GuardControl(kModule, "RemoveSubControl", [&] {
-    const auto found = FindSubControl(id);
-    if (found == mSubControls.end()) return false;
-    if (mFocusedControl == found->get()) mFocusedControl = nullptr;
-    mSubControls.erase(found);
-    return true;
-  });
+  return GuardControl(kModule, "RemoveSubControl", [&] { return TakeSubControl(id) != nullptr; });
+}
+
+std::unique_ptr<ControlBasic> ControlBasic::TakeSubControl(std::uint32_t id) {
+  const auto found = FindSubControl(id);
+  if (found == mSubControls.end()) return nullptr;
+  std::unique_ptr<ControlBasic> taken = std::move(*found);
+  mSubControls.erase(found);
+  if (mFocusedControl == taken.get()) mFocusedControl = nullptr;
+  taken->mParentControl = nullptr;
+  taken->mActive = false;
+  taken->mHeldButtons = 0;
+  return taken;
 }
 
 ControlBasic* ControlBasic::GetSubControl(std::uint32_t id) {

@@ -130,6 +130,9 @@ class ControlBasic {
     container.AddSubControl(control);
     return control;
   }
+  // Takes out the frontmost sub-control with this id, without the focus and the buttons it held, to be added again.
+  // Null when there is none.
+  std::unique_ptr<ControlBasic> TakeSubControl(std::uint32_t id);
   // In pixels; 0 without a frame.
   int GetBorderWidth() const { return mBorderSurface == nullptr ? 0 : kFrameWidth; }
 

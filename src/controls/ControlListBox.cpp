@@ -119,6 +119,7 @@ void ControlListBox::Refresh(bool recursive) {
     mScrollbar->SetPosition(GetWidth() - ControlScrollbar::kButtonSize, 0, ControlScrollbar::kButtonSize, GetHeight());
     mVisibleCount = CalculateVisibleEntries();
     CreateEntryLabels();
+    mSpareLabels.clear();
   });
 }
 
@@ -157,8 +158,7 @@ void ControlListBox::DeleteEntryLabels() {
 }
 
 void ControlListBox::AddLabel(int index, int x, int y, int width, const std::string& text, Rgb color) {
-  auto label = std::make_unique<ControlLabel>(kFirstLabelId + static_cast<std::uint32_t>(index), GetBaseSurface(),
-                                              static_cast<ControlBasic*>(this), CallbackWrapper);
+  std::unique_ptr<ControlLabel> label = MakeLabel(index);
   label->SetRefreshEnabled(false);
   label->SetPosition(x, y, width, kRowHeight);
   label->SetText(text.c_str());
@@ -169,8 +169,21 @@ void ControlListBox::AddLabel(int index, int x, int y, int width, const std::str
   AddSubControl(label.release());
 }
 
+std::unique_ptr<ControlLabel> ControlListBox::MakeLabel(int index) {
+  const auto place = static_cast<std::size_t>(index);
+  if (place < mSpareLabels.size() && mSpareLabels[place] != nullptr) {
+    return std::unique_ptr<ControlLabel>(static_cast<ControlLabel*>(mSpareLabels[place].release()));
+  }
+  return std::make_unique<ControlLabel>(kFirstLabelId + static_cast<std::uint32_t>(index), GetBaseSurface(),
+                                        static_cast<ControlBasic*>(this), CallbackWrapper);
+}
+
 void ControlListBox::RemoveLabels(int count) {
-  for (int index = 0; index < count; ++index) RemoveSubControl(kFirstLabelId + static_cast<std::uint32_t>(index));
+  mSpareLabels.resize(static_cast<std::size_t>(count));
+  // From the front on: the last label is found first.
+  for (int index = count - 1; index >= 0; --index) {
+    mSpareLabels[static_cast<std::size_t>(index)] = TakeSubControl(kFirstLabelId + static_cast<std::uint32_t>(index));
+  }
 }
 
 }  // namespace tolva

@@ -10,8 +10,8 @@ namespace tolva {
 class ControlLabel;
 class ControlScrollbar;
 
-// A vertical list of one-line texts with a scrollbar on the right. Its rows are labels that live until the next full
-// refresh: keep no pointers to them. Uses the sub-control ids 0 and 1000 and above.
+// A vertical list of one-line texts with a scrollbar on the right. Its rows are labels that a full refresh places and
+// fills anew: keep no pointers to them. Uses the sub-control ids 0 and 1000 and above.
 class ControlListBox : public ControlBasic {
  public:
   // Longer entries are cut.
@@ -49,6 +49,8 @@ class ControlListBox : public ControlBasic {
 
   // Adds a label with the id kFirstLabelId + `index`, one row high, in this control's background color.
   void AddLabel(int index, int x, int y, int width, const std::string& text, Rgb color);
+  // Takes out the labels with these many ids. The next ones that are added with these ids are the same labels: building
+  // their surfaces costs more than painting them.
   void RemoveLabels(int count);
 
   // Owned as a sub-control.
@@ -59,8 +61,10 @@ class ControlListBox : public ControlBasic {
 
  private:
   void UpdateScrollRange();
+  std::unique_ptr<ControlLabel> MakeLabel(int index);
 
   std::vector<std::string> mEntries;
+  std::vector<std::unique_ptr<ControlBasic>> mSpareLabels;  // by index; null for none
 };
 
 }  // namespace tolva

@@ -2,11 +2,26 @@
 
 namespace tolva {
 
+namespace {
+
+bool IsInDisplayFormat(const SDL_Surface& surface) {
+  const SDL_Surface* video = SDL_GetVideoSurface();
+  if (video == nullptr || video->format->palette != nullptr) return false;
+  const SDL_PixelFormat& display = *video->format;
+  const SDL_PixelFormat& own = *surface.format;
+  return own.BitsPerPixel == display.BitsPerPixel && own.Rmask == display.Rmask && own.Gmask == display.Gmask &&
+         own.Bmask == display.Bmask && own.Amask == display.Amask;
+}
+
+}  // namespace
+
 SurfacePtr MakeDisplaySurface(Size size, const SDL_Surface& like) {
   const SDL_PixelFormat& format = *like.format;
-  const SurfacePtr plain(SDL_CreateRGBSurface(SDL_SWSURFACE, size.width, size.height, format.BitsPerPixel, format.Rmask,
-                                              format.Gmask, format.Bmask, format.Amask));
-  return plain == nullptr ? nullptr : CopyForDisplay(*plain);
+  SurfacePtr plain(SDL_CreateRGBSurface(SDL_SWSURFACE, size.width, size.height, format.BitsPerPixel, format.Rmask,
+                                        format.Gmask, format.Bmask, format.Amask));
+  // A conversion into its own format would only double the work.
+  if (plain == nullptr || IsInDisplayFormat(*plain)) return plain;
+  return CopyForDisplay(*plain);
 }
 
 SurfacePtr CopyForDisplay(SDL_Surface& surface) { return SurfacePtr(SDL_DisplayFormat(&surface)); }

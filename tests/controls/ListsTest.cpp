@@ -126,5 +126,32 @@ TEST_F(ListsTest, AChatFollowsUnlessScrolledBackAndDropsTheOldestLines) {
   EXPECT_EQ(chat.GetEntryCount(), 6);
 }
 
+TEST_F(ListsTest, RowsThatAreFilledAgainAreAsGoodAsNew) {
+  ControlChatBox& used = AddList<ControlChatBox>();
+  used.AddEntry("Someone with a long name", "WWWW");
+  Click(mRoot, 100, 10);
+  used.SetSize(200, 100);
+  used.SetBackgroundColor(0, 0, 255);
+  used.SetSize(300, 60);
+  ControlChatBox& fresh = AddList<ControlChatBox>();
+  for (ControlChatBox* chat : {&used, &fresh}) {
+    chat->ClearEntries();
+    chat->SetBackgroundColor(0, 255, 0);
+    for (const char* name : {"A", "Server", "Someone", "Bea"}) chat->AddEntry(name, "says");
+    chat->TurnWheel(10, 10, 1);
+    chat->Blit();
+  }
+  for (std::uint32_t id = 1000; id < 1006; ++id) {
+    const ControlBasic& row = *used.GetSubControl(id);
+    EXPECT_FALSE(row.IsActive()) << id;
+    EXPECT_EQ(row.GetWidth(), fresh.GetSubControl(id)->GetWidth()) << id;
+  }
+  for (int y = 0; y < 60; ++y) {
+    for (int x = 0; x < 300; ++x) {
+      ASSERT_EQ(PixelAt(used.GetBaseSurface(), x, y), PixelAt(fresh.GetBaseSurface(), x, y)) << x << ", " << y;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace tolva::test
