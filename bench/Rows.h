@@ -9,5 +9,6 @@ void AddCodecRows(Table& table);
 void AddFrameRows(Table& table);
 void AddGroundRows(Table& table);
 void AddMapRows(Table& table);
+void AddControlRows(Table& table);
 
 }  // namespace tolva::bench

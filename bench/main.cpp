@@ -20,6 +20,7 @@ int main(int argc, char** argv) {
       AddGroundRows(table);
       AddCodecRows(table);
       AddMapRows(table);
+      AddControlRows(table);
     }
     return table.Print() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
   } catch (const std::exception& error) {
