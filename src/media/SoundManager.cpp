@@ -1,8 +1,10 @@
 #include "media/SoundManager.h"
 
 #include <cstdio>
+#include <utility>
 
 #include "foundation/Guard.h"
+#include "media/Mixer.h"
 #include "protocol/PacketDispatch.h"
 
 namespace tolva {
@@ -34,11 +36,19 @@ SoundManager::~SoundManager() {
 
 void SoundManager::Run() {
   Log(InfoLevel::Progress, "Running");
-  // Without an audio device the thread goes on, so that it still takes its mail and quits.
-  mAudioOpen = Report(mErrHandler, kModule, "Run", [&] { InitAudio(); });
-  RunPasses(kModule, kPauseMs, [&] { HandleMyMailbox(); });
+  bool isStarted = false;
+  RunPasses(kModule, kPauseMs, [&] {
+    if (!std::exchange(isStarted, true)) StartAudio();
+    HandleMyMailbox();
+  });
   StopMusic();
   CloseAudio();
+}
+
+// After the first pause, by when the client shows its first picture: loading SDL_mixer and opening the device would
+// hold that up. Without an audio device the thread goes on, so that it still takes its mail and quits.
+void SoundManager::StartAudio() {
+  mAudioOpen = Report(mErrHandler, kModule, "Run", [&] { InitAudio(); });
 }
 
 void SoundManager::HandleMyMailbox() {
@@ -62,28 +72,30 @@ void SoundManager::ChangeMusic(MusicId musicId) {
 void SoundManager::PlayMusic() {
   Guard(kModule, "PlayMusic", [&] {
     if (mCurrentMusicId != kNoMusic) StopMusic();
-    mMusic.reset(Mix_LoadMUS(kMusicFile));
-    if (mMusic != nullptr) Mix_PlayMusic(mMusic.get(), kLoops);
+    mMusic.reset(Mixer::Get().loadMusic(kMusicFile));
+    if (mMusic != nullptr) Mixer::Get().playMusic(mMusic.get(), kLoops);
   });
 }
 
+void SoundManager::MusicDeleter::operator()(Mix_Music* music) const { Mixer::Get().freeMusic(music); }
+
 void SoundManager::StopMusic() {
   if (mMusic == nullptr) return;
-  Mix_HaltMusic();
+  Mixer::Get().haltMusic();
   mMusic.reset();
   mCurrentMusicId = kNoMusic;
 }
 
 void SoundManager::InitAudio() {
   Guard(kModule, "OpenAudio", [&] {
-    if (Mix_OpenAudio(kSamplesPerSecond, AUDIO_S16LSB, kStereo, kChunkSize) < 0) {
+    if (Mixer::Get().openAudio(kSamplesPerSecond, AUDIO_S16LSB, kStereo, kChunkSize) < 0) {
       throw new Error(kModule, "InitAudio", Mix_GetError());
     }
   });
 }
 
 void SoundManager::CloseAudio() {
-  if (mAudioOpen) Mix_CloseAudio();
+  if (mAudioOpen) Mixer::Get().closeAudio();
   mAudioOpen = false;
   std::remove(kMusicFile);
 }

@@ -26,9 +26,10 @@ class SoundManager : public ManagerThread {
 
  private:
   struct MusicDeleter {
-    void operator()(Mix_Music* music) const { Mix_FreeMusic(music); }
+    void operator()(Mix_Music* music) const;
   };
 
+  void StartAudio();
   void InitAudio();
   void ChangeMusic(MusicId musicId);
   void PlayMusic();

@@ -1,16 +1,16 @@
 #include "sdl/Surface.h"
 
 namespace tolva {
-
 namespace {
 
-bool IsInDisplayFormat(const SDL_Surface& surface) {
+// Whether SDL_DisplayFormat would only copy a plain surface of that format.
+bool IsDisplayFormat(const SDL_PixelFormat& format) {
   const SDL_Surface* video = SDL_GetVideoSurface();
-  if (video == nullptr || video->format->palette != nullptr) return false;
-  const SDL_PixelFormat& display = *video->format;
-  const SDL_PixelFormat& own = *surface.format;
-  return own.BitsPerPixel == display.BitsPerPixel && own.Rmask == display.Rmask && own.Gmask == display.Gmask &&
-         own.Bmask == display.Bmask && own.Amask == display.Amask;
+  if (video == nullptr || (video->flags & SDL_HWSURFACE) != 0) return false;
+  const SDL_PixelFormat& wanted = *video->format;
+  return format.BitsPerPixel == wanted.BitsPerPixel && format.palette == nullptr && wanted.palette == nullptr &&
+         format.Rmask == wanted.Rmask && format.Gmask == wanted.Gmask && format.Bmask == wanted.Bmask &&
+         format.Amask == wanted.Amask;
 }
 
 }  // namespace
@@ -19,8 +19,7 @@ SurfacePtr MakeDisplaySurface(Size size, const SDL_Surface& like) {
   const SDL_PixelFormat& format = *like.format;
   SurfacePtr plain(SDL_CreateRGBSurface(SDL_SWSURFACE, size.width, size.height, format.BitsPerPixel, format.Rmask,
                                         format.Gmask, format.Bmask, format.Amask));
-  // A conversion into its own format would only double the work.
-  if (plain == nullptr || IsInDisplayFormat(*plain)) return plain;
+  if (plain == nullptr || IsDisplayFormat(*plain->format)) return plain;
   return CopyForDisplay(*plain);
 }
 

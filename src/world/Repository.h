@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "threads/Semaphore.h"
 #include "world/ClientCharacter.h"
 #include "world/ClientMap.h"
@@ -11,12 +13,13 @@ namespace tolva {
 // member of the controller, which sends the display a pointer to it.
 class Repository : public Semaphore {
  public:
-  ClientMap& GetMap() { return mMap; }
+  // Made with the first call: its 3 MB of fields take several milliseconds, and the client starts without a world.
+  ClientMap& GetMap() { return mMap ? *mMap : mMap.emplace(); }
   // The player's own character. On no field before the server has placed it.
   ClientCharacter& GetPlayer() { return mPlayer; }
 
  private:
-  ClientMap mMap;
+  std::optional<ClientMap> mMap;
   // After the map, so that it is destroyed first and can leave its field.
   ClientCharacter mPlayer;
 };
