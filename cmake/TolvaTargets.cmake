@@ -1,6 +1,7 @@
 # What all targets share: warnings, sanitizers, the libraries from Debian, and one function per kind of target.
 
 find_package(CLI11 REQUIRED)
+find_package(PNG REQUIRED)
 find_package(Threads REQUIRED)
 find_package(ZLIB REQUIRED)
 if(TOLVA_CLIENT)

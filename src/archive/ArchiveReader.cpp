@@ -1,7 +1,6 @@
 #include "archive/ArchiveReader.h"
 
 #include "archive/ArchiveFormat.h"
-#include "archive/PngCheck.h"
 #include "foundation/RegularFile.h"
 
 namespace tolva {
@@ -12,13 +11,13 @@ ArchiveReader::ArchiveReader(const std::string& baseName)
 
 ArchiveReader::Picture ArchiveReader::ReadPicture(std::uint32_t id) const {
   const ArchiveEntry* entry = mIndex.Find(id);
-  if (entry == nullptr) return {ArchiveFault::NoEntry, {}};
+  if (entry == nullptr) return {ArchiveFault::NoEntry, {}, {}};
   const RegularFile data(mDataPath);
-  if (!data.IsOpen()) return {ArchiveFault::NoDataFile, {}};
-  if (entry->offset > format::kMaxPictureOffset) return {ArchiveFault::OffsetTooLarge, {}};
+  if (!data.IsOpen()) return {ArchiveFault::NoDataFile, {}, {}};
+  if (entry->offset > format::kMaxPictureOffset) return {ArchiveFault::OffsetTooLarge, {}, {}};
   PngCheck check(data, entry->offset);
-  if (!check.IsSound()) return {ArchiveFault::UnsoundPicture, {}};
-  return {ArchiveFault::None, check.TakeBytes()};
+  if (!check.IsSound()) return {ArchiveFault::UnsoundPicture, {}, {}};
+  return {ArchiveFault::None, check.TakeBytes(), check.GetHeader()};
 }
 
 ArchiveFault ArchiveReader::Extract(std::uint32_t id, const std::string& path) const {

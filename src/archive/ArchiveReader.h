@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "archive/ArchiveIndex.h"
+#include "archive/PngCheck.h"
 
 namespace tolva {
 
@@ -36,6 +37,7 @@ class ArchiveReader {
   struct Picture {
     ArchiveFault fault = ArchiveFault::None;
     std::vector<std::uint8_t> png;
+    PngHeader header{};
   };
   Picture ReadPicture(std::uint32_t id) const;
 

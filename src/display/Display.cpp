@@ -15,6 +15,7 @@
 #include "foundation/Guard.h"
 #include "foundation/Ticks.h"
 #include "media/GameGraphics.h"
+#include "media/PictureAhead.h"
 #include "protocol/ChatPackets.h"
 #include "protocol/GamePackets.h"
 #include "protocol/InternPackets.h"
@@ -28,12 +29,13 @@ namespace {
 constexpr std::uint32_t kPauseMs = 5;
 constexpr std::uint32_t kFrameRatePeriodMs = 1000;
 constexpr int kFontSize = 12;
+constexpr char kGraphics[] = "Graphics";
 constexpr char kFontFile[] = "Data.tmp";
 
 }  // namespace
 
 Display::Display(Mailbox* mailbox)
-    : ManagerThread(mailbox), mArchive("Graphics", &mInfoHandler), mFrameRateTime(GetTicks()) {
+    : ManagerThread(mailbox), mArchive(kGraphics, &mInfoHandler), mFrameRateTime(GetTicks()) {
   Report(mErrHandler, "Display", "Display", [&] {
     mInfoHandler.SetModuleName("Display");
     GameGraphics::ForgetMissing();
@@ -66,11 +68,12 @@ bool Display::Terminate() {
 
 bool Display::Initialize() {
   return Guard("Display", "Initialize", [&] {
+    PictureAhead title(kGraphics, kPictureTitle);
     mMainSurface = VideoSetup(mArchive, mInfoHandler, mStep).Open(mSettings->GetSize());
     if (mMainSurface == nullptr) return false;
     LoadPointer();
     LoadFont();
-    ShowScreen<ScreenStart>("build the start screen");
+    ShowScreen<ScreenStart>("build the start screen", &title);
     return true;
   });
 }

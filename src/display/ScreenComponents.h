@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <span>
+#include <utility>
 
 #include <SDL.h>
 
@@ -36,6 +37,8 @@ class ScreenComponents {
     return dynamic_cast<T&>(*mControls.at(id));
   }
 
+  // Takes a picture that somebody else loaded.
+  void AddPicture(PictureId id, SurfacePtr picture) { mPictures[id] = std::move(picture); }
   // The picture, which is loaded on the first call; null when the archive cannot give it.
   SDL_Surface* GetPicture(PictureId id);
   // The size of the picture; 0 by 0 when the archive cannot give it.

@@ -32,9 +32,14 @@ constexpr Component kTable[] = {
 }  // namespace
 
 ScreenStart::ScreenStart(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback,
-                         InfoHandler* logger)
+                         InfoHandler* logger, PictureAhead* title)
     : Screen(id, videoSurface, context, callback, logger) {
-  Guard("ScreenStart", "ScreenStart", [&] { ScreenStart::InitializeComponents(); });
+  Guard("ScreenStart", "ScreenStart", [&] {
+    if (SurfacePtr picture = title == nullptr ? nullptr : title->Take()) {
+      mComponents.AddPicture(kPictureTitle, std::move(picture));
+    }
+    ScreenStart::InitializeComponents();
+  });
 }
 
 ScreenStart::~ScreenStart() { ScreenStart::TerminateComponents(); }

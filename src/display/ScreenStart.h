@@ -1,6 +1,7 @@
 #pragma once
 
 #include "display/Screen.h"
+#include "media/PictureAhead.h"
 
 namespace tolva {
 
@@ -11,8 +12,9 @@ class ScreenStart final : public Screen {
   static constexpr std::uint32_t kVersionLabel = 0;
   static constexpr std::uint32_t kTitle = 1;
 
-  ScreenStart(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback,
-              InfoHandler* logger);
+  // Takes the title out of `title`, which may be null; otherwise it comes from the archive.
+  ScreenStart(std::uint32_t id, SDL_Surface* videoSurface, void* context, ControlCallback callback, InfoHandler* logger,
+              PictureAhead* title = nullptr);
   ~ScreenStart() override;
 
   void HandleSdlEvent(SDL_Event event) override;

@@ -73,7 +73,7 @@ bool Archive::Extract(std::uint32_t id, const char* path) {
 
 SurfacePtr Archive::Decode(std::uint32_t id) {
   ReadIndex();
-  const auto [fault, png] = mReader.ReadPicture(id);
+  const auto [fault, png, header] = mReader.ReadPicture(id);
   SurfacePtr picture = fault == ArchiveFault::None ? DecodePng(png) : nullptr;
   if (picture == nullptr) LogFailure(fault);
   return picture;

@@ -1,9 +1,12 @@
+#include <algorithm>
+#include <numeric>
 #include <optional>
 
 #include <gtest/gtest.h>
 
 #include "foundation/InfoHandler.h"
 #include "media/Archive.h"
+#include "media/PictureAhead.h"
 #include "support/TestArchive.h"
 #include "support/TestPng.h"
 #include "support/VideoTest.h"
@@ -72,6 +75,27 @@ TEST_F(ArchiveTest, DecodesTheIconWithoutAVideoMode) {
   ASSERT_NE(icon, nullptr);
   EXPECT_EQ(icon->w, 32);
   EXPECT_EQ(mArchive.LoadImage(7), nullptr);
+}
+
+TEST_F(ArchiveTest, DecodesAheadWhatItWouldLoad) {
+  Bytes samples(4 * 3 * 3);
+  std::iota(samples.begin(), samples.end(), Uint8{0});
+  std::ranges::for_each(samples, [](Uint8& sample) { sample = static_cast<Uint8>(sample * 7); });
+  WriteArchive("Graphics", 7, MakePng({.samples = samples}));
+  PictureAhead ahead("Graphics", 7);
+  const SurfacePtr picture = ahead.Take();
+  ASSERT_NE(picture, nullptr);
+  const SurfacePtr loaded = mArchive.LoadImage(7);
+  for (int at = 0; at < 12; ++at) {
+    EXPECT_EQ(PixelAt(picture.get(), at % 4, at / 4), PixelAt(loaded.get(), at % 4, at / 4)) << at;
+  }
+  EXPECT_EQ(ahead.Take(), nullptr) << "it has been taken";
+  EXPECT_EQ(PictureAhead("Graphics", 8).Take(), nullptr) << "there is none";
+  for (const TestPicture& left : {TestPicture{.seeThrough = {0, 255, 0, 0, 0, 255}},
+                                  TestPicture{.color = PngColor::Palette, .palette = {255, 0, 255}}}) {
+    WriteArchive("Graphics", 7, MakePng(left));
+    EXPECT_EQ(PictureAhead("Graphics", 7).Take(), nullptr) << "left to the archive";
+  }
 }
 
 }  // namespace

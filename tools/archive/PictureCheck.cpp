@@ -4,7 +4,7 @@
 #include <cstdio>
 
 #include "archive/PngCheck.h"
-#include "tools/archive/PngRows.h"
+#include "archive/PngRows.h"
 
 namespace tolva {
 namespace {

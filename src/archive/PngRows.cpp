@@ -1,4 +1,4 @@
-#include "tools/archive/PngRows.h"
+#include "archive/PngRows.h"
 
 #include <cstring>
 #include <new>
