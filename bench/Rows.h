@@ -10,5 +10,6 @@ void AddFrameRows(Table& table);
 void AddGroundRows(Table& table);
 void AddMapRows(Table& table);
 void AddControlRows(Table& table);
+void AddStartUpRows(Table& table);
 
 }  // namespace tolva::bench

@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
       AddCodecRows(table);
       AddMapRows(table);
       AddControlRows(table);
+      AddStartUpRows(table);
     }
     return table.Print() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
   } catch (const std::exception& error) {
