@@ -6,8 +6,8 @@
 #include "harness/Table.h"
 #include "scene/Scene.h"
 
-// Measures all work in three runs and prints one table. The argument is the folder of the packed archives. Ends with 1
-// when an aim is missed and with 2 when the table cannot be made.
+// Measures all work in three runs and prints one table. The arguments: the folder of the packed archives and, if not
+// all work is wanted, a part of its name. Ends with 1 when an aim is missed and with 2 when the table cannot be made.
 int main(int argc, char** argv) {
   constexpr int kRuns = 3;
   using namespace tolva::bench;
@@ -22,6 +22,7 @@ int main(int argc, char** argv) {
       AddMapRows(table);
       AddControlRows(table);
       AddStartUpRows(table);
+      AddGrowthRows(table);
     }
     return table.Print() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
   } catch (const std::exception& error) {

@@ -85,17 +85,24 @@ void Table::Note(const Work& work, const Cost& ours, const Cost* plain, const Co
 }
 
 int Table::Print() const {
+  int aims = 0;
   int missed = 0;
   std::printf("In brackets: time of one call, and allocations.\n\n");
   std::printf("| Work | Ours | Plain way | Yardstick | Aim | Met |\n|---|---|---|---|---|---|\n");
   for (const Row& row : mRows) {
-    const bool isMet = Median(row.ours.ratios) <= row.work.aim;
-    if (!isMet) ++missed;
-    std::printf("| %s | %s | %s | %s: %s | %.3g x | %s |\n", row.work.name.c_str(), row.ours.ToText().c_str(),
-                row.plain.ToText().c_str(), row.work.yardstick.c_str(), ToText(Median(row.yard)).c_str(), row.work.aim,
-                isMet ? "yes" : "no");
+    const bool hasAim = row.work.aim > 0;
+    const bool isMet = hasAim && Median(row.ours.ratios) <= row.work.aim;
+    if (hasAim) ++aims;
+    if (hasAim && !isMet) ++missed;
+    char aim[32] = "-";
+    if (hasAim) std::snprintf(aim, sizeof aim, "%.3g x", row.work.aim);
+    std::printf("| %s | %s | %s | %s: %s | %s | %s |\n", row.work.name.c_str(), row.ours.ToText().c_str(),
+                row.plain.ToText().c_str(), row.work.yardstick.c_str(), ToText(Median(row.yard)).c_str(), aim,
+                !hasAim ? "-"
+                : isMet ? "yes"
+                        : "no");
   }
-  std::printf("\nAims met: %zu of %zu\n", mRows.size() - static_cast<std::size_t>(missed), mRows.size());
+  std::printf("\nAims met: %d of %d\n", aims - missed, aims);
   return missed;
 }
 

@@ -15,7 +15,7 @@ struct Work {
   Sample plain;           // the same outcome by the obvious way; none for work that has no other
   std::string yardstick;  // says what `yard` does
   Sample yard;            // none: the plain way is the yardstick
-  double aim = 0;         // ours in yardsticks, at most
+  double aim = 0;         // ours in yardsticks, at most; 0 for none
 };
 
 // The table of all work: each figure is a ratio between ways that take turns, so that a busy machine slows them alike.

@@ -13,7 +13,6 @@ namespace {
 
 constexpr char kFontFile[] = "Data.tmp";
 constexpr int kFontSize = 12;
-constexpr std::size_t kMessages = 200;
 
 constexpr const char* kNames[] = {"Anna", "Server", "Bartholomew", "Jo", "Guest 17"};
 constexpr const char* kTexts[] = {"The boat to the north leaves at dusk", "Good evening!",
@@ -22,11 +21,11 @@ constexpr const char* kTexts[] = {"The boat to the north leaves at dusk", "Good 
 
 }  // namespace
 
-Lobby::Lobby(SDL_Surface& window) : mFontKeeper(0, &window, nullptr, nullptr) {
+Lobby::Lobby(SDL_Surface& window, std::size_t messages) : mFontKeeper(0, &window, nullptr, nullptr) {
   if (!Archive("Graphics", &mLog).Extract(archive_format::kFontId, kFontFile)) throw std::runtime_error("no font");
   ControlTextBasic::LoadFont(kFontFile, kFontSize);
   mScreen = std::make_unique<ScreenChat>(0, &window, nullptr, nullptr, &mLog);
-  for (std::size_t i = 0; i < kMessages; ++i) GetChatBox().AddEntry(GetMessage(i).name, GetMessage(i).text);
+  for (std::size_t i = 0; i < messages; ++i) GetChatBox().AddEntry(GetMessage(i).name, GetMessage(i).text);
 }
 
 ControlChatBox& Lobby::GetChatBox() {

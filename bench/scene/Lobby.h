@@ -19,8 +19,10 @@ namespace tolva::bench {
 // The lobby as a player sees it who has been there for a while: its chat box is full, and at its end.
 class Lobby {
  public:
+  static constexpr std::size_t kUsualMessages = 200;
+
   // `window` stays SDL's. The working directory must be a RunDirectory.
-  explicit Lobby(SDL_Surface& window);
+  explicit Lobby(SDL_Surface& window, std::size_t messages = kUsualMessages);
 
   ScreenChat& GetScreen() { return *mScreen; }
   ControlChatBox& GetChatBox();
