@@ -28,9 +28,9 @@ double Now() {
 double TimeStart(const XServer& screen, const std::vector<std::string>& command) {
   Pipe frames;
   const double start = Now();
-  const pid_t process = Start(
-      command, {"DISPLAY=" + screen.GetName(), "SDL_VIDEODRIVER=x11", "SDL_AUDIODRIVER=dummy",
-                "LD_PRELOAD=" TOLVA_BENCH_PROBE, "TOLVA_FRAME_PROBE=/dev/fd/" + std::to_string(frames.GetWriteEnd())});
+  const pid_t process = Start(command, {"DISPLAY=" + screen.GetName(), "SDL_VIDEODRIVER=x11", "SDL_AUDIODRIVER=dummy",
+                                        std::string("LD_PRELOAD=") + TOLVA_BENCH_PROBE,
+                                        "TOLVA_FRAME_PROBE=/dev/fd/" + std::to_string(frames.GetWriteEnd())});
   frames.CloseWriteEnd();
   Frame first;
   try {

@@ -1,5 +1,6 @@
 // Preloaded into a program that draws with SDL 1.2, this library writes a Frame for each frame to the file that
 // TOLVA_FRAME_PROBE names, so that a program is measured as it is played, with no code of its own for it.
+#include <cstddef>
 #include <cstdlib>
 #include <ctime>
 
@@ -45,10 +46,10 @@ double SumView(const SDL_Surface& screen) {
   if (screen.pixels == nullptr || screen.w < 2 * kAcross || screen.h < 2 * kDown) return 0;
   Uint32 sum = 0;
   for (int y = -kDown; y < kDown; y += kStride) {
-    const auto* row = static_cast<const Uint8*>(screen.pixels) + (screen.h / 2 + y) * screen.pitch;
+    const auto* row = static_cast<const Uint8*>(screen.pixels) + std::ptrdiff_t{screen.h / 2 + y} * screen.pitch;
     for (int x = -kAcross; x < kAcross; x += kStride) {
       if (x > -kPlayer && x < kPlayer) continue;
-      sum = sum * 31 + row[(screen.w / 2 + x) * screen.format->BytesPerPixel];
+      sum = sum * 31 + row[std::ptrdiff_t{screen.w / 2 + x} * screen.format->BytesPerPixel];
     }
   }
   return sum;
