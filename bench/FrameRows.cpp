@@ -1,5 +1,8 @@
+#include <algorithm>
+#include <stdexcept>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "Rows.h"
 #include "harness/Table.h"
@@ -31,6 +34,19 @@ Cost MeasureWorst(ScreenGame& screen, int frames) {
   return worst;
 }
 
+// The panel of messages and the bar lie at the bottom of our window alone.
+constexpr int kBottom = 60;
+
+// What is faster must still show the same.
+void CheckSameView(SDL_Surface& window, ScreenGame& ours, plain::Screen& plain) {
+  const auto bytes = static_cast<std::size_t>(window.pitch) * static_cast<std::size_t>(window.h - kBottom);
+  ours.Blit();
+  const auto* pixels = static_cast<const std::uint8_t*>(window.pixels);
+  const std::vector<std::uint8_t> shown(pixels, pixels + bytes);
+  plain.Blit();
+  if (!std::equal(shown.begin(), shown.end(), pixels)) throw std::runtime_error("the plain way shows something else");
+}
+
 void AddStillFrames(Table& table) {
   const struct {
     Size size;
@@ -50,6 +66,7 @@ void AddStillFrames(Table& table) {
     const auto screen = scene.MakeScreen(window);
     plain::Screen plain(window, scene.GetRepository());
     Settle(*screen);
+    CheckSameView(window, *screen, plain);
     CopyRing ring(static_cast<std::size_t>(window.pitch) * static_cast<std::size_t>(window.h));
     const auto draw = [&](auto& shown) {
       return PerCall([&] {
@@ -130,6 +147,8 @@ void AddDarkness(Table& table) {
                  });
                },
                "the plain way", nullptr, 1.0 / 3});
+    screen->HandlePacket(new PacketDarkness(plainDarkness));
+    CheckSameView(window, *screen, plain);
   }
 }
 
