@@ -1,3 +1,4 @@
+#include <cstddef>
 #include <cstring>
 #include <random>
 #include <string>
@@ -10,10 +11,10 @@
 
 // Stands in front of the font library's own.
 namespace {
-int gRendered = 0;
+int sRendered = 0;
 }  // namespace
 extern "C" SDL_Surface* SDLCALL TTF_RenderText_Solid(TTF_Font* font, const char* text, SDL_Color color) {
-  ++gRendered;
+  ++sRendered;
   static const auto render =
       reinterpret_cast<decltype(&TTF_RenderText_Solid)>(dlsym(RTLD_NEXT, "TTF_RenderText_Solid"));
   return render(font, text, color);
@@ -39,7 +40,7 @@ class RenderedTextsTest : public VideoTest {
     EXPECT_EQ(text.size, (Size{fresh->w, fresh->h}));
     for (int y = 0; y < fresh->h; ++y) {
       const auto row = [y](const SDL_Surface& surface) {
-        return static_cast<const char*>(surface.pixels) + y * surface.pitch;
+        return static_cast<const char*>(surface.pixels) + std::ptrdiff_t{y} * surface.pitch;
       };
       ASSERT_EQ(std::memcmp(row(*text.picture), row(*fresh), static_cast<std::size_t>(fresh->w)), 0);
     }
@@ -79,9 +80,9 @@ TEST_F(RenderedTextsTest, WhatIsAskedForIsKeptAndTheRestMakesRoom) {
   for (const auto& filler : fillers) {
     SCOPED_TRACE(filler.name);
     const auto rendersFor = [this](const std::string& text) {
-      const int before = gRendered;
+      const int before = sRendered;
       Get(text);
-      return gRendered - before;
+      return sRendered - before;
     };
     Get("forgotten");
     Get("in use");
