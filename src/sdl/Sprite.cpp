@@ -25,9 +25,11 @@ Sprite::Sprite(SurfacePtr surface, int columnWidth) : mSurface(std::move(surface
   }
 }
 
-Sprite::Extent Sprite::FindExtent(int y, int left, int right) const {
+Sprite::Extent Sprite::FindExtent(int y, int firstColumn, int endColumn) const {
   const Uint16* row = PixelRow(std::as_const(*mSurface), y);
   const auto key = static_cast<Uint16>(mSurface->format->colorkey);
+  int left = firstColumn;
+  int right = endColumn;
   while (left < right && row[left] == key) ++left;
   while (right > left && row[right - 1] == key) --right;
   const bool isSolid = std::find(row + left, row + right, key) == row + right;

@@ -37,7 +37,7 @@ class Sprite {
     bool isSolid = false;  // whether all between them are opaque
   };
 
-  Extent FindExtent(int y, int left, int right) const;
+  Extent FindExtent(int y, int firstColumn, int endColumn) const;
   const Extent& GetExtent(int y, int column) const;
   void CopyColumn(int column, const ClippedCopy& copy, SDL_Surface& to) const;
 
