@@ -20,6 +20,7 @@ class ChatBox : public ControlListBox {
   void DeleteEntryLabels() override;
   void CreateEntryLabels() override;
 
+  using ControlListBox::AddEntry;
   void AddEntry(const char* name, const char* text);
   void ScrollTo(int line);
 
