@@ -3,19 +3,47 @@
 #include "Rows.h"
 #include "controls/ControlChatBox.h"
 #include "harness/Table.h"
+#include "plain/Screen.h"
 #include "scene/Lobby.h"
 #include "scene/Scene.h"
 
 namespace tolva::bench {
 namespace {
 
-Sample DrawFrames(Scene& scene, ScreenGame& screen) {
+template <typename Screen>
+Sample DrawFrames(Scene& scene, Screen& screen) {
   // Until what is prepared ahead is ready.
   for (int i = 0; i < 300; ++i) screen.Blit();
   return PerCall([&] {
     scene.KeepSpeaking();
     screen.Blit();
   });
+}
+
+// Where a frame's time goes: each row draws a further part.
+void AddFrameParts(Table& table) {
+  const struct {
+    const char* name;
+    bool hasThings;
+    int people;
+    int speaking;
+  } parts[] = {{"the ground alone", false, 0, 0},
+               {"and things", true, 0, 0},
+               {"and 40 people", true, 40, 0},
+               {"and what 10 of them say", true, 40, 10}};
+  for (const auto& part : parts) {
+    const std::string name = "Parts: the wood, 1280x1024, " + std::string(part.name);
+    if (!table.Wants(name)) continue;
+    SDL_Surface& window = SetWindow({1280, 1024});
+    Scene scene(FindWood());
+    if (!part.hasThings) scene.RemoveThings();
+    scene.AddPeople(part.people, part.speaking);
+    const auto screen = scene.MakeScreen(window);
+    plain::Screen plain(window, scene.GetRepository());
+    CopyRing ring(static_cast<std::size_t>(window.pitch) * static_cast<std::size_t>(window.h));
+    table.Run({name, DrawFrames(scene, *screen), DrawFrames(scene, plain), "memcpy of the frame",
+               PerCall([&] { ring(); }), 0});
+  }
 }
 
 void AddFrameGrowth(Table& table) {
@@ -57,6 +85,7 @@ void AddChatGrowth(Table& table) {
 }  // namespace
 
 void AddGrowthRows(Table& table) {
+  AddFrameParts(table);
   AddFrameGrowth(table);
   AddChatGrowth(table);
 }

@@ -106,6 +106,13 @@ void Scene::AddPeople(int count, int speaking) {
   KeepSpeaking();
 }
 
+void Scene::RemoveThings() {
+  for (std::uint8_t i = 0; i < kMapAreas; ++i) {
+    Area& area = *mRepository.GetMap().GetAreaAt(i / kMapEdge, i % kMapEdge);
+    for (Field& field : area.GetFields()) field.SetVoluId(0);
+  }
+}
+
 void Scene::KeepSpeaking() {
   for (ClientCharacter* character : mSpeaking) character->SetMessageTick(GetTicks());
 }

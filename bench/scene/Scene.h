@@ -44,6 +44,8 @@ class Scene {
 
   // Places so many others on free fields that the smallest window shows; the first `speaking` of them speak.
   void AddPeople(int count, int speaking);
+  // Leaves the ground alone.
+  void RemoveThings();
   // Keeps what they say on the screen. To be called before each frame.
   void KeepSpeaking();
   // Steps to the neighboring field, whatever stands there, and lets the map follow. New areas have their content at
