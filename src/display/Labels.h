@@ -4,8 +4,6 @@
 #include <memory>
 #include <string>
 
-#include <SDL.h>
-
 #include "display/TextBox.h"
 #include "sdl/Rgb.h"
 
@@ -13,7 +11,7 @@ namespace tolva {
 
 class InfoHandler;
 
-// One-line texts of one color that are drawn for many frames, each at another place in each. A text is rendered when it
+// One-line texts of one color that stay for many frames and move with those who say them. A text is rendered when it
 // first appears and kept until a frame goes by without it: ten people who speak would else cost twenty renderings a
 // frame. Display thread only.
 class Labels {
