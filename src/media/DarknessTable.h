@@ -6,10 +6,9 @@
 
 namespace tolva {
 
-// What a black veil makes of each color that 16 bits can hold. Darkening a picture by looking its pixels up takes a
-// sixth of the time that laying the veil over it takes, which SDL does with three divisions of colors for each pixel;
-// the colors are the same, since SDL itself fills the table. So the light can change in one frame for all that is seen.
-// Needs a video mode. Display thread only.
+// What a black veil makes of each color that 16 bits can hold. To look up a picture's pixels takes a sixth of the time
+// of laying the veil over it, for which SDL splits each pixel into its colors; the result is the same, since SDL itself
+// fills the table. So the light can change in one frame for all that is seen. Needs a video mode. Display thread only.
 class DarknessTable {
  public:
   // Whether the table serves the picture: 16 bits a pixel in the display's format, with the color key of pictures. The
